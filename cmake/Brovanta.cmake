@@ -1,0 +1,61 @@
+# What every target of the project has in common, said once.
+
+add_library(brovanta_flags INTERFACE)
+target_compile_options(brovanta_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror)
+target_include_directories(brovanta_flags INTERFACE "${CMAKE_SOURCE_DIR}")
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  target_compile_options(brovanta_flags INTERFACE -Wthread-safety)
+endif()
+if(BROVANTA_SANITIZE)
+  target_compile_options(brovanta_flags INTERFACE
+    -fsanitize=${BROVANTA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(brovanta_flags INTERFACE -fsanitize=${BROVANTA_SANITIZE})
+endif()
+
+# brovanta_library(NAME SOURCES file... LINK target...)
+# One static library per folder; LINK names the only libraries it may use.
+function(brovanta_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  if(NOT ARG_SOURCES)
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE brovanta_flags ${ARG_LINK})
+    return()
+  endif()
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC brovanta_flags ${ARG_LINK})
+endfunction()
+
+# brovanta_qt_library(...): the same for a library of screens.
+function(brovanta_qt_library name)
+  brovanta_library(${name} ${ARGN})
+  get_target_property(type ${name} TYPE)
+  if(type STREQUAL "INTERFACE_LIBRARY")
+    return()
+  endif()
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
+    AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/res")
+  target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_TO_ASCII)
+endfunction()
+
+# brovanta_test(NAME SOURCES file... LINK target... [QT])
+# One test program per folder; CTest runs each of its cases as a process of its own.
+function(brovanta_test name)
+  cmake_parse_arguments(ARG "QT" "" "SOURCES;LINK" ${ARGN})
+  if(NOT ARG_SOURCES)
+    return()
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE brovanta_test_support ${ARG_LINK} GTest::gtest GTest::gmock)
+  set(environment "TZ=UTC")
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PRIVATE brovanta_qt_test_main Qt6::Test)
+    list(APPEND environment "QT_QPA_PLATFORM=offscreen" "QT_ACCESSIBILITY=1")
+  else()
+    target_link_libraries(${name} PRIVATE GTest::gtest_main)
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 120)
+endfunction()

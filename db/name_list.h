@@ -1,0 +1,75 @@
+// A name list (stores, categories, units): entries by id, with their file.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "db/records.h"
+
+namespace brovanta {
+
+/// Ids from here on are given to names that the user adds; those below come from the server.
+inline constexpr std::int32_t kFirstOwnId = 5000;
+
+/// What a caller passes for a store, category or unit when it saves a record: an existing id, or 0
+/// and a new name (cut to 49 bytes when stored). "No store" is a missing reference, never an empty
+/// name: an empty name with id 0 becomes an entry like any other.
+struct NameRef {
+  std::int32_t Id = 0;
+  std::string Name;  ///< Windows-1252
+};
+
+/// Entries in ascending id order. Pointers to entries stay valid until the entry is erased or the
+/// list is cleared or loaded. One shared cursor: walks must not be nested.
+class NameList {
+ public:
+  NameList() = default;
+
+  /// Empties the list and reads the file at the documented path. 0, ERR_OPEN, ERR_FORMAT, or ERR_IO
+  /// for a short entry or one with an id below 1; what was read before an error is kept.
+  [[nodiscard]] int Load(const std::string& path);
+
+  /// Whether the last Load succeeded.
+  [[nodiscard]] bool loaded() const { return loaded_; }
+
+  /// Rewrites the file whole. A list that was not loaded is first brought up to date with its file
+  /// (entries held here win): a missing file counts as empty, and a damaged one is moved aside to
+  /// "<name>.bad" (a number behind it where that is taken) before the new one is written. 0 or an
+  /// error code; with an error the old file stands as it was.
+  [[nodiscard]] int Save(const std::string& path);
+
+  /// The bytes of the list file.
+  [[nodiscard]] std::vector<std::byte> Encode() const;
+
+  void Insert(const ListItem& item);  ///< replaces an entry of the same id; ids below 1 are ignored
+  void Erase(std::int32_t id);
+  void Clear();
+
+  [[nodiscard]] const ListItem* Find(std::int32_t id) const;
+  [[nodiscard]] ListItem* Find(std::int32_t id);
+  [[nodiscard]] std::size_t size() const { return items_.size(); }
+  [[nodiscard]] bool empty() const { return items_.empty(); }
+
+  /// Highest id, 0 for an empty list.
+  [[nodiscard]] std::int32_t LargestId() const;
+
+  /// The id for a new own name: kFirstOwnId, or the largest id + 1 when that is at least 4999.
+  /// Nothing when the ids are used up.
+  [[nodiscard]] std::optional<std::int32_t> NextOwnId() const;
+
+  [[nodiscard]] const ListItem* First();
+  [[nodiscard]] const ListItem* Next();
+
+  [[nodiscard]] auto begin() const { return items_.begin(); }
+  [[nodiscard]] auto end() const { return items_.end(); }
+
+ private:
+  std::map<std::int32_t, ListItem> items_;
+  std::int32_t cursor_ = 0;  // id of the entry handed out last
+  bool loaded_ = false;
+};
+
+}  // namespace brovanta

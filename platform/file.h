@@ -1,0 +1,78 @@
+// Files opened without sharing: whoever has one open keeps everybody else out until it is closed.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brovanta::platform {
+
+/// The path that the operating system is given for a documented path: "\\" becomes "/".
+[[nodiscard]] std::string NativePath(std::string_view path);
+
+/// An open file with an exclusive lock (close-on-exec). A file that anyone else holds, another
+/// thread of this process included, does not open. Movable; closing is the destructor's work.
+/// One thread at a time.
+class File {
+ public:
+  enum class Mode {
+    kRead,       ///< existing file, reading only
+    kReadWrite,  ///< existing file, reading and writing
+    kCreateNew,  ///< a file that must not exist yet, reading and writing, 0600
+  };
+
+  File() = default;
+  File(File&& other) noexcept;
+  File& operator=(File&& other) noexcept;
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+  ~File();
+
+  /// Opens a documented path ("\\" between folder and name). False when it is missing, not
+  /// permitted, a folder, or held by someone else. Never changes a byte.
+  [[nodiscard]] bool Open(const std::string& path, Mode mode);
+  void Close();
+  [[nodiscard]] bool is_open() const { return descriptor_ >= 0; }
+
+  /// Reads from the current position up to the size of `buffer`. Returns the bytes read, fewer only
+  /// at the end of the file, or -1.
+  [[nodiscard]] std::int64_t Read(std::span<std::byte> buffer);
+
+  /// Reads at `offset` without moving the position; result as Read.
+  [[nodiscard]] std::int64_t ReadAt(std::int64_t offset, std::span<std::byte> buffer);
+
+  /// Writes all bytes at `offset`, extending the file where needed. False when any byte could not
+  /// be written; then an unknown part of them has been.
+  [[nodiscard]] bool WriteAt(std::int64_t offset, std::span<const std::byte> bytes);
+
+  /// The size in bytes, or -1.
+  [[nodiscard]] std::int64_t Size() const;
+
+  [[nodiscard]] bool Truncate(std::int64_t size);
+
+  /// Returns when the bytes have reached the storage device; false when they may not have.
+  [[nodiscard]] bool Sync();
+
+ private:
+  int descriptor_ = -1;
+};
+
+/// Whether something stands at the documented path.
+[[nodiscard]] bool FileExists(const std::string& path);
+
+/// Puts a whole new file in the place of whatever stands at the documented path: a temporary file
+/// beside it is written, synced and renamed, and the folder is synced. The old file stays untouched
+/// until the rename and whenever the result is false. A file held open by someone else, or one that
+/// may not be written, is not replaced.
+[[nodiscard]] bool ReplaceFile(const std::string& path, std::span<const std::byte> bytes);
+
+/// Removes the file at the documented path; true when nothing stands there any more.
+bool RemoveFile(const std::string& path);
+
+/// Renames within a folder, documented paths.
+[[nodiscard]] bool RenameFile(const std::string& from, const std::string& to);
+
+}  // namespace brovanta::platform

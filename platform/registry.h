@@ -1,0 +1,76 @@
+// The settings store: a tree of keys with typed values, kept in one text file in .reg format.
+// The format is described in docs/formats/registry.md.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brovanta::platform {
+
+/// Type tags of registry values.
+inline constexpr std::uint32_t REG_SZ = 1;
+inline constexpr std::uint32_t REG_BINARY = 3;
+inline constexpr std::uint32_t REG_DWORD = 4;
+
+/// One value as stored: its type tag and its raw bytes. A REG_SZ holds UTF-16LE code units with
+/// their terminating zero.
+struct RegistryValue {
+  std::uint32_t type = 0;
+  std::vector<std::byte> data;
+};
+
+/// The file behind all keys. Names of keys and values are compared without regard to letter case.
+/// Every operation reads the file anew and every change replaces it whole, so that two objects on
+/// one file agree. Keys, values and comments that this program does not know are kept.
+class RegistryStore {
+ public:
+  /// `file_path` is a native path; its folder is created when a value is first written.
+  explicit RegistryStore(std::string file_path);
+
+  [[nodiscard]] const std::string& file_path() const { return file_path_; }
+
+ private:
+  friend class RegistryKey;
+  std::string file_path_;
+};
+
+/// One key under HKEY_CURRENT_USER, for example "Software\\Brovanta\\Options".
+class RegistryKey {
+ public:
+  /// Opens an existing key for reading; nothing when the key or the file is missing or unreadable.
+  [[nodiscard]] static std::optional<RegistryKey> Open(const RegistryStore& store,
+                                                       std::string_view key_path);
+
+  /// Opens a key for reading and writing, creating it when missing; nothing when the file cannot be
+  /// read (while it exists) or written.
+  [[nodiscard]] static std::optional<RegistryKey> Create(const RegistryStore& store,
+                                                         std::string_view key_path);
+
+  /// The value of that name, or nothing.
+  [[nodiscard]] std::optional<RegistryValue> Query(std::string_view name) const;
+
+  /// Writes the value, replacing one of the same name; the file is replaced whole. False when it
+  /// could not be written; the old file stays.
+  bool Set(std::string_view name, const RegistryValue& value);
+
+  /// Text value of at most `max_bytes` of UTF-16 with terminator, as UTF-8. Nothing when it is
+  /// missing, not a REG_SZ, or larger.
+  [[nodiscard]] std::optional<std::string> QueryText(std::string_view name,
+                                                     std::size_t max_bytes) const;
+
+  /// Writes a REG_SZ from UTF-8: (code units + 1) x 2 bytes.
+  bool SetText(std::string_view name, std::string_view utf8);
+
+ private:
+  RegistryKey(std::string file_path, std::string key_path);
+
+  std::string file_path_;
+  std::string key_path_;
+};
+
+}  // namespace brovanta::platform

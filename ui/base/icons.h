@@ -1,0 +1,20 @@
+// The program's own pictures, by their number, drawn as SVG in res/.
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QPixmap>
+
+namespace brovanta {
+
+/// The icon with this number ("icon_136_daily.svg"), sharp at every scale; a null icon for a number
+/// that the program does not have.
+[[nodiscard]] QIcon NumberedIcon(int number);
+
+/// One of the four tab pictures (bitmap 135), index 0 to 3, with its selected and unselected look.
+[[nodiscard]] QIcon TabIcon(int index);
+
+/// The picture of a tool bar command (tool bar 129), by command number, with a disabled look.
+[[nodiscard]] QIcon CommandIcon(int command);
+
+}  // namespace brovanta

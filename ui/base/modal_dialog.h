@@ -1,0 +1,32 @@
+// What every dialog of the program has in common.
+#pragma once
+
+#include <QDialog>
+
+namespace brovanta {
+
+/// Base of the modal dialogs. A dialog that completed its change ends with kCompleted; Escape, the
+/// close box and Cancel end it with the cancel result, which is never 0 (QDialog's own would be).
+/// No button is pressed by Enter unless it is the form's explicit default. On a small screen
+/// (shorter side under 600 logical pixels) the dialog fills the screen, on a larger one it opens at
+/// 360 x 640; what does not fit scrolls.
+class ModalDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  static constexpr int kCompleted = 0;
+  static constexpr int kCancelled = 2;
+
+  explicit ModalDialog(QWidget* parent, int cancel_result = kCancelled);
+
+  /// Ends with the cancel result.
+  void reject() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  int cancel_result_;
+};
+
+}  // namespace brovanta

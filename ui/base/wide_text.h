@@ -1,0 +1,16 @@
+// Stored 8-bit text to and from the screens' wide text.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace brovanta {
+
+/// Stored Windows-1252 bytes as wide text.
+[[nodiscard]] QString WideText(std::string_view stored);
+
+/// Wide text, composed first, as Windows-1252 bytes; a character without a counterpart becomes "?".
+[[nodiscard]] std::string NarrowText(const QString& text);
+
+}  // namespace brovanta

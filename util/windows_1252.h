@@ -1,0 +1,16 @@
+// Stored 8-bit text (Windows-1252) to and from the wide text of the screens.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brovanta {
+
+/// Narrows UTF-16 text. A character without a counterpart becomes "?", a surrogate pair one "?".
+/// The five bytes that the code page leaves open stand for the control characters of equal value.
+[[nodiscard]] std::string NarrowToWindows1252(std::u16string_view text);
+
+/// Widens stored bytes; every byte has a counterpart, so that narrowing gives it back.
+[[nodiscard]] std::u16string WidenFromWindows1252(std::string_view text);
+
+}  // namespace brovanta
