@@ -32,13 +32,17 @@ class NameList {
   /// for a short entry or one with an id below 1; what was read before an error is kept.
   [[nodiscard]] int Load(const std::string& path);
 
-  /// Whether the last Load succeeded.
+  /// Whether every entry of the file is in the list: Load, EnsureLoaded or Save succeeded.
   [[nodiscard]] bool loaded() const { return loaded_; }
 
-  /// Rewrites the file whole. A list that was not loaded is first brought up to date with its file
-  /// (entries held here win): a missing file counts as empty, and a damaged one is moved aside to
-  /// "<name>.bad" (a number behind it where that is taken) before the new one is written. 0 or an
-  /// error code; with an error the old file stands as it was.
+  /// Brings a list that was not loaded up to date with its file, so that a new id does not collide
+  /// with one that is there: entries held here win, a missing file counts as empty, and of a
+  /// damaged one what can be read is taken. 0, or ERR_OPEN when there is a file that does not open.
+  [[nodiscard]] int EnsureLoaded(const std::string& path);
+
+  /// Rewrites the file whole. A list that was not loaded goes through EnsureLoaded first, and the
+  /// bytes of a damaged file are kept in "<name>.bad" (a number behind it where that is taken). 0
+  /// or an error code; with an error the old file stands as it was.
   [[nodiscard]] int Save(const std::string& path);
 
   /// The bytes of the list file.
@@ -67,6 +71,8 @@ class NameList {
   [[nodiscard]] auto end() const { return items_.end(); }
 
  private:
+  [[nodiscard]] int Read(const std::string& path);
+
   std::map<std::int32_t, ListItem> items_;
   std::int32_t cursor_ = 0;  // id of the entry handed out last
   bool loaded_ = false;

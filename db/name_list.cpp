@@ -1,0 +1,144 @@
+#include "db/name_list.h"
+
+#include <limits>
+#include <utility>
+
+#include "db/error_codes.h"
+#include "db/record_file.h"
+#include "db/record_format.h"
+#include "db/unit_of_work.h"
+#include "platform/file.h"
+#include "util/little_endian.h"
+
+namespace brovanta {
+namespace {
+
+constexpr int kBadNamesTried = 1000;
+
+void AppendWord(std::vector<std::byte>& bytes, std::uint32_t word) {
+  bytes.resize(bytes.size() + kWordSize);
+  StoreLittle(bytes.data() + bytes.size() - kWordSize, word);
+}
+
+// Notes a copy of the file under the first free name.
+int NoteCopy(UnitOfWork& work, const std::string& path) {
+  platform::File file;
+  if (!file.Open(path, platform::File::Mode::kRead)) return ERR_OPEN;
+  const std::int64_t size = file.Size();
+  if (size < 0) return ERR_IO;
+  std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+  if (file.ReadAt(0, bytes) != size) return ERR_IO;
+  std::string copy = path + ".bad";
+  for (int number = 2; platform::FileExists(copy); ++number) {
+    if (number > kBadNamesTried) return ERR_OPEN;
+    copy = path + ".bad" + std::to_string(number);
+  }
+  work.Replace(std::move(copy), bytes);
+  return 0;
+}
+
+}  // namespace
+
+int NameList::Load(const std::string& path) {
+  Clear();
+  const int code = Read(path);
+  loaded_ = code == 0;
+  return code;
+}
+
+// Adds the entries of the file that are not in the list yet.
+int NameList::Read(const std::string& path) {
+  MarkedReader reader(list_layout::kSize);
+  const int code = reader.Open(path, platform::File::Mode::kRead, kFirstListMark);
+  if (code != 0) return code;
+  NameList stored;
+  int result = 0;
+  while (result == 0 && reader.Next()) {
+    const ListItem item = DecodeListItem(
+        std::span<const std::byte, list_layout::kSize>(reader.record(), list_layout::kSize));
+    if (item.Id < 1) {
+      result = ERR_IO;
+    } else {
+      stored.Insert(item);
+    }
+  }
+  items_.merge(stored.items_);
+  return result != 0 ? result : reader.code();
+}
+
+int NameList::EnsureLoaded(const std::string& path) {
+  // A missing file is looked for again next time: its folder may only be out of reach.
+  if (loaded_ || !platform::FileExists(path)) return 0;
+  const int code = Read(path);
+  loaded_ = code == 0;
+  return code == ERR_OPEN ? code : 0;
+}
+
+int NameList::Save(const std::string& path) {
+  if (const int code = EnsureLoaded(path); code != 0) return code;
+  UnitOfWork work;
+  if (!loaded_ && platform::FileExists(path)) {
+    if (const int code = NoteCopy(work, path); code != 0) return code;
+  }
+  work.Replace(path, Encode());
+  const int code = work.Commit();
+  if (code == 0) loaded_ = true;
+  return code;
+}
+
+std::vector<std::byte> NameList::Encode() const {
+  std::vector<std::byte> bytes;
+  bytes.reserve(kEmptyListFile + items_.size() * (kWordSize + list_layout::kSize));
+  AppendWord(bytes, FILE_MAGIC);
+  for (const auto& [id, item] : items_) {
+    AppendWord(bytes, RECORD_MARK);
+    const ListItemBytes encoded = EncodeListItem(item);
+    bytes.insert(bytes.end(), encoded.begin(), encoded.end());
+  }
+  AppendWord(bytes, END_MARK);
+  return bytes;
+}
+
+void NameList::Insert(const ListItem& item) {
+  if (item.Id >= 1) items_.insert_or_assign(item.Id, item);
+}
+
+void NameList::Erase(std::int32_t id) { items_.erase(id); }
+
+void NameList::Clear() {
+  items_.clear();
+  cursor_ = 0;
+  loaded_ = false;
+}
+
+const ListItem* NameList::Find(std::int32_t id) const {
+  const auto found = items_.find(id);
+  return found == items_.end() ? nullptr : &found->second;
+}
+
+ListItem* NameList::Find(std::int32_t id) {
+  const auto found = items_.find(id);
+  return found == items_.end() ? nullptr : &found->second;
+}
+
+std::int32_t NameList::LargestId() const { return items_.empty() ? 0 : items_.rbegin()->first; }
+
+std::optional<std::int32_t> NameList::NextOwnId() const {
+  const std::int32_t largest = LargestId();
+  if (largest == std::numeric_limits<std::int32_t>::max()) return std::nullopt;
+  return largest < kFirstOwnId - 1 ? kFirstOwnId : largest + 1;
+}
+
+const ListItem* NameList::First() {
+  cursor_ = 0;
+  return Next();
+}
+
+const ListItem* NameList::Next() {
+  const auto next = items_.upper_bound(cursor_);
+  if (next == items_.end()) return nullptr;
+  cursor_ = next->first;
+  return &next->second;
+}
+
+}  // namespace brovanta
