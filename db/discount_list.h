@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "db/name_list.h"
 #include "db/records.h"
@@ -70,7 +69,9 @@ class DiscountList {
   [[nodiscard]] std::optional<DiscountRecord> Update(std::int32_t id, std::int16_t source,
                                                      DiscountFields& fields);
 
-  /// Sets a flag in the record (chosen as by Update) and in the list. The id or an error code.
+  /// Sets a flag in the record (chosen as by Update), every other byte staying as it is, then takes
+  /// it out of the list or flags it there. The id or an error code; an action that is neither
+  /// changes nothing.
   [[nodiscard]] int Mark(std::int32_t id, std::int16_t source, int action);
 
   /// One record straight from the file, deleted ones included; nothing when absent or unreadable.
@@ -95,10 +96,17 @@ class DiscountList {
   /// Puts the discounts of the file that fit the product (not deleted, not expired today, store and
   /// category not contradicting, all words of its name in the discount's name or product text) into
   /// its free slots, in file order: `Id`, and `Type` plus 100; `Source` is left alone. The number
-  /// of slots filled or an error code.
+  /// of slots filled or an error code, which leaves those filled before it.
   [[nodiscard]] int FindForProduct(ProductRecord& product) const;
 
  private:
+  [[nodiscard]] int ResolveNames(DiscountFields& fields);
+  void ShowIfItPasses(const DiscountRecord& record);
+  [[nodiscard]] DiscountRecord* Shown(const DiscountRecord& stored) const;
+  void Remove(const DiscountRecord* shown);
+  [[nodiscard]] NameList CountNames(const NameList& names,
+                                    std::uint32_t DiscountRecord::*id_field) const;
+
   ShoppingDatabase& database_;
   DiscountFilter filter_;
   SortedRecords<DiscountRecord> records_;
