@@ -5,11 +5,13 @@
 #include <QAbstractButton>
 #include <QColor>
 #include <QIcon>
+#include <QMenu>
+#include <QPointer>
 #include <QSize>
 #include <QString>
 #include <array>
 
-class QMenu;
+class QPainter;
 
 namespace brovanta {
 
@@ -44,6 +46,9 @@ class ColorButton : public QAbstractButton {
 
   explicit ColorButton(QWidget* parent = nullptr);
 
+  /// Shown as it stands: "&" is no mnemonic, store names may hold one.
+  void setText(const QString& text);
+
   /// 0, or 3 for an index of 6 or more (nothing changes).
   int SetColor(int index, const QColor& color, bool repaint);
   /// White backgrounds and navy texts in all three states.
@@ -71,7 +76,9 @@ class ColorButton : public QAbstractButton {
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -84,11 +91,17 @@ class ColorButton : public QAbstractButton {
   };
 
   void Tap();
+  void DropMenuDown();
+  void SetPointerOver(bool over);
+  [[nodiscard]] ColorIndex BackgroundIndex() const;
+  [[nodiscard]] const Picture* CurrentPicture() const;
+  [[nodiscard]] bool HasMenuMark() const;
+  void PaintContent(QPainter& painter, const QRect& inner) const;
 
   std::array<QColor, kColorCount> colors_;
   std::array<Picture, 3> pictures_;
   int alignment_ = kPictureLeft;
-  QMenu* menu_ = nullptr;
+  QPointer<QMenu> menu_;
   bool menu_showing_ = false;
   bool check_box_mode_ = false;
   bool hover_tracking_ = false;

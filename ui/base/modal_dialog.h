@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+class QScreen;
+
 namespace brovanta {
 
 /// Base of the modal dialogs. A dialog that completed its change ends with kCompleted; Escape, the
@@ -22,11 +24,23 @@ class ModalDialog : public QDialog {
   /// Ends with the cancel result.
   void reject() override;
 
+  /// Prepares the dialog before its first appearance: buttons, size, scrolling.
+  void setVisible(bool visible) override;
+
  protected:
-  void showEvent(QShowEvent* event) override;
+  /// Enter presses the button that has the focus, else the form's default button.
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void Prepare();
+  void KeepFocusVisible();
+
   int cancel_result_;
+  bool prepared_ = false;
 };
+
+/// Whether the screen is a handheld's: its shorter side is under 600 logical pixels.
+[[nodiscard]] bool IsSmallScreen(const QScreen* screen);
 
 }  // namespace brovanta

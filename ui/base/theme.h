@@ -1,4 +1,4 @@
-// Colours, sizes and the style sheet that all screens share.
+// Colours, sizes and the style that all screens share.
 #pragma once
 
 #include <QColor>
@@ -14,14 +14,20 @@ inline constexpr QColor kText{26, 26, 46};
 inline constexpr QColor kQuietText{92, 94, 120};
 inline constexpr QColor kBar{244, 245, 251};  ///< headings, tab strip, command bar
 inline constexpr QColor kLine{217, 218, 232};
+inline constexpr QColor kFieldLine{138, 140, 170};  ///< frames of fields and buttons
+inline constexpr QColor kDisabledText{150, 152, 176};
 inline constexpr QColor kSelection{226, 230, 253};
 inline constexpr QColor kWarm{176, 72, 0};  ///< the one warm accent: overdue
 inline constexpr int kRowHeight = 48;
 inline constexpr int kHeadingHeight = 28;
 inline constexpr int kFingerHeight = 40;  ///< least height of what is tapped
+inline constexpr int kMargin = 12;        ///< a form's distance from the screen's edge
+inline constexpr int kRadius = 6;         ///< corners of fields and buttons
+inline constexpr int kLeastTextPixels = 14;
 }  // namespace theme
 
-/// Gives the application its palette, style and style sheet; call once, before the first window.
+/// Gives the application its palette and style, and text of at least 14 pixels (a larger system
+/// font is kept); call once, before the first window.
 void ApplyTheme(QApplication& application);
 
 }  // namespace brovanta

@@ -1,0 +1,103 @@
+#include "ui/base/icons.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include "ui/base/theme.h"
+
+namespace brovanta {
+namespace {
+
+QImage Drawn(const QIcon& icon, int size, QIcon::Mode mode = QIcon::Normal,
+             QIcon::State state = QIcon::Off) {
+  return icon.pixmap(QSize(size, size), 1.0, mode, state).toImage();
+}
+
+/// The most opaque colour of the picture: that of its strokes.
+QColor Ink(const QImage& image) {
+  QColor ink = Qt::transparent;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor color = image.pixelColor(x, y);
+      if (color.alpha() > ink.alpha()) ink = color;
+    }
+  }
+  return ink;
+}
+
+TEST(IconsTest, EveryNumberedIconIsThere) {
+  for (const int number : {128, 134, 136, 137, 138, 146, 156, 161}) {
+    EXPECT_FALSE(NumberedIcon(number).isNull()) << number;
+    EXPECT_EQ(Ink(Drawn(NumberedIcon(number), 24)).alpha(), 255) << number;
+  }
+}
+
+TEST(IconsTest, UnknownNumbersAndNamesGiveANullIcon) {
+  EXPECT_TRUE(NumberedIcon(0).isNull());
+  EXPECT_TRUE(NumberedIcon(13).isNull());
+  EXPECT_TRUE(NumberedIcon(-1).isNull());
+  EXPECT_TRUE(TabIcon(4).isNull());
+  EXPECT_TRUE(CommandIcon(2770).isNull());
+  EXPECT_TRUE(NamedIcon(QStringLiteral("nothing"), Qt::red).isNull());
+}
+
+TEST(IconsTest, TabIconsHaveAQuietAndASelectedLook) {
+  for (int index = 0; index < 4; ++index) {
+    EXPECT_EQ(Ink(Drawn(TabIcon(index), 48)), theme::kQuietText);
+    EXPECT_EQ(Ink(Drawn(TabIcon(index), 48, QIcon::Normal, QIcon::On)), theme::kNavy);
+  }
+}
+
+TEST(IconsTest, CommandIconsHaveADisabledLook) {
+  for (const int command : {2771, 2772, 2773, 2789, 2785}) {
+    EXPECT_EQ(Ink(Drawn(CommandIcon(command), 48)), theme::kNavy) << command;
+    EXPECT_EQ(Ink(Drawn(CommandIcon(command), 48, QIcon::Disabled)), theme::kDisabledText);
+  }
+}
+
+TEST(IconsTest, NamedIconsTakeTheColorAskedFor) {
+  for (const char* const name :
+       {"mark_recurring", "chevron_down", "chevron_right", "chevron_left", "warning"}) {
+    const QIcon icon = NamedIcon(QLatin1String(name), theme::kWarm);
+    EXPECT_EQ(Ink(Drawn(icon, 48)), theme::kWarm) << name;
+  }
+}
+
+TEST(IconsTest, PicturesAreDrawnAtTheScaleOfTheScreen) {
+  const QPixmap pixmap = NumberedIcon(136).pixmap(QSize(20, 20), 3.0);
+  EXPECT_EQ(pixmap.size(), QSize(60, 60));
+  EXPECT_EQ(pixmap.devicePixelRatio(), 3.0);
+}
+
+TEST(IconsTest, PaintingOnADenseSurfaceUsesAllItsPixels) {
+  QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(2.0);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  NumberedIcon(136).paint(&painter, QRect(0, 0, 20, 20));
+  painter.end();
+  EXPECT_EQ(image, NumberedIcon(136)
+                       .pixmap(QSize(20, 20), 2.0)
+                       .toImage()
+                       .convertToFormat(QImage::Format_ARGB32_Premultiplied));
+}
+
+TEST(IconsTest, EveryDrawingIsValidAndOnTheTwentyFourGrid) {
+  ASSERT_FALSE(NumberedIcon(128).isNull());
+  const QDir folder(QStringLiteral(":/brovanta"));
+  const QStringList files = folder.entryList({QStringLiteral("*.svg")});
+  EXPECT_GE(files.size(), 20);
+  for (const QString& name : files) {
+    const QSvgRenderer renderer(folder.filePath(name));
+    EXPECT_TRUE(renderer.isValid()) << name.toStdString();
+    EXPECT_EQ(renderer.viewBox(), QRect(0, 0, 24, 24)) << name.toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace brovanta

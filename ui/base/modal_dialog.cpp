@@ -1,0 +1,80 @@
+#include "ui/base/modal_dialog.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScroller>
+
+namespace brovanta {
+
+namespace {
+constexpr int kSmallScreenSide = 600;
+constexpr QSize kOrdinarySize{360, 640};
+constexpr QSize kLeastSize{200, 200};
+}  // namespace
+
+bool IsSmallScreen(const QScreen* screen) {
+  if (screen == nullptr) return false;
+  const QSize size = screen->geometry().size();
+  return qMin(size.width(), size.height()) < kSmallScreenSide;
+}
+
+ModalDialog::ModalDialog(QWidget* parent, int cancel_result)
+    : QDialog(parent), cancel_result_(cancel_result) {
+  setModal(true);
+  connect(qApp, &QApplication::focusChanged, this, &ModalDialog::KeepFocusVisible);
+}
+
+void ModalDialog::reject() { done(cancel_result_); }
+
+void ModalDialog::setVisible(bool visible) {
+  if (visible && !prepared_) {
+    prepared_ = true;
+    Prepare();
+  }
+  QDialog::setVisible(visible);
+}
+
+void ModalDialog::Prepare() {
+  for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
+  for (QScrollArea* area : findChildren<QScrollArea*>()) {
+    area->setFocusPolicy(Qt::NoFocus);
+    QScroller::grabGesture(area->viewport(), QScroller::TouchGesture);
+  }
+  if (minimumSize().isEmpty()) setMinimumSize(kLeastSize);
+  if (IsSmallScreen(screen())) {
+    setWindowState(windowState() | Qt::WindowFullScreen);
+  } else if (!testAttribute(Qt::WA_Resized)) {
+    resize(kOrdinarySize);
+  }
+}
+
+void ModalDialog::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+  if (enter && button != nullptr && button->isEnabled()) {
+    // QDialog would press the default button instead: OK for an Enter on Cancel.
+    button->click();
+    return;
+  }
+  QDialog::keyPressEvent(event);
+}
+
+void ModalDialog::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  KeepFocusVisible();  // the on-screen keyboard takes the lower half away
+}
+
+void ModalDialog::KeepFocusVisible() {
+  QWidget* focus = focusWidget();
+  if (focus == nullptr || !isVisible()) return;
+  for (QWidget* parent = focus->parentWidget(); parent != nullptr && parent != this;
+       parent = parent->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(parent)) area->ensureWidgetVisible(focus, 0, 8);
+  }
+}
+
+}  // namespace brovanta

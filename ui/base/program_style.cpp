@@ -1,0 +1,184 @@
+// Measures and hints; the painting is in program_style_painting.cpp.
+#include "ui/base/program_style.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QStyleOption>
+
+#include "ui/base/theme.h"
+
+namespace brovanta {
+
+namespace {
+
+constexpr int kFieldPadding = 8;
+constexpr int kArrowRoom = 32;
+constexpr int kScrollBar = 10;
+constexpr int kShortestSlider = 32;
+constexpr QSize kTabSize{56, 28};
+
+/// Whether the view is the drop-down list of a combo box.
+bool IsDropDownList(const QWidget* widget) {
+  return widget != nullptr && widget->inherits("QComboBoxListView");
+}
+
+QRect SliderRect(const QStyleOptionSlider& bar) {
+  const bool upright = bar.orientation == Qt::Vertical;
+  const int groove = upright ? bar.rect.height() : bar.rect.width();
+  const int range = bar.maximum - bar.minimum;
+  const qint64 total = qint64{range} + bar.pageStep;
+  const int natural = total > 0 ? static_cast<int>(qint64{groove} * bar.pageStep / total) : groove;
+  const int length = range == 0 ? groove : qBound(qMin(kShortestSlider, groove), natural, groove);
+  const int start = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                    groove - length, bar.upsideDown);
+  return upright ? QRect(bar.rect.x(), bar.rect.y() + start, bar.rect.width(), length)
+                 : QRect(bar.rect.x() + start, bar.rect.y(), length, bar.rect.height());
+}
+
+QRect ScrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
+  const QRect slider = SliderRect(bar);
+  const bool upright = bar.orientation == Qt::Vertical;
+  QRect rect = bar.rect;
+  switch (part) {
+    case QStyle::SC_ScrollBarSlider:
+      return slider;
+    case QStyle::SC_ScrollBarGroove:
+      return rect;
+    case QStyle::SC_ScrollBarSubPage:
+      if (upright) {
+        rect.setBottom(slider.top() - 1);
+      } else {
+        rect.setRight(slider.left() - 1);
+      }
+      return rect;
+    case QStyle::SC_ScrollBarAddPage:
+      if (upright) {
+        rect.setTop(slider.bottom() + 1);
+      } else {
+        rect.setLeft(slider.right() + 1);
+      }
+      return rect;
+    default:
+      return {};  // no arrows: the bar is for looking, the finger moves the list itself
+  }
+}
+
+}  // namespace
+
+ProgramStyle::ProgramStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                              const QWidget* widget) const {
+  switch (metric) {
+    case PM_LayoutLeftMargin:
+    case PM_LayoutRightMargin:
+      return theme::kMargin;
+    case PM_LayoutTopMargin:
+    case PM_LayoutBottomMargin:
+      return theme::kMargin - 4;
+    case PM_LayoutHorizontalSpacing:
+      return 8;
+    case PM_LayoutVerticalSpacing:
+      return 6;
+    case PM_ScrollBarExtent:
+      return kScrollBar;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+      return 22;
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+    case PM_TabBarTabShiftHorizontal:
+    case PM_TabBarTabShiftVertical:
+    case PM_TabBarTabOverlap:
+    case PM_TabBarBaseOverlap:
+    case PM_ToolBarFrameWidth:
+      return 0;
+    case PM_TabBarIconSize:
+    case PM_ToolBarIconSize:
+      return 24;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                            QStyleHintReturn* returned) const {
+  switch (hint) {
+    case SH_ComboBox_Popup:  // a list below the field, not a menu over it
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+    case SH_EtchDisabledText:
+    case SH_UnderlineShortcut:
+      return 0;
+    case SH_Menu_Scrollable:  // a long store menu scrolls instead of growing columns
+    case SH_ScrollBar_LeftClickAbsolutePosition:
+      return 1;
+    default:
+      return QProxyStyle::styleHint(hint, option, widget, returned);
+  }
+}
+
+QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                     const QSize& size, const QWidget* widget) const {
+  QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+  const QSize finger(theme::kFingerHeight, theme::kFingerHeight);
+  switch (type) {
+    case CT_PushButton:
+      return result.expandedTo({2 * theme::kFingerHeight, theme::kFingerHeight});
+    case CT_LineEdit:
+      return QSize(result.width() + 2 * kFieldPadding, result.height()).expandedTo(finger);
+    case CT_ComboBox:
+      return QSize(size.width() + kFieldPadding + kArrowRoom, result.height()).expandedTo(finger);
+    case CT_SpinBox:
+    case CT_ToolButton:
+      return result.expandedTo(finger);
+    case CT_CheckBox:
+    case CT_RadioButton:
+      return result.expandedTo({0, theme::kFingerHeight});
+    case CT_MenuItem: {
+      const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+      if (item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator) return result;
+      return result.expandedTo({0, theme::kFingerHeight});
+    }
+    case CT_ItemViewItem:
+      return IsDropDownList(widget) ? result.expandedTo({0, theme::kFingerHeight}) : result;
+    case CT_TabBarTab:
+      return result.expandedTo(kTabSize);
+    default:
+      return result;
+  }
+}
+
+QRect ProgramStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                   const QWidget* widget) const {
+  if (element == SE_LineEditContents) {
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    const bool framed = frame != nullptr && frame->lineWidth > 0;
+    return framed ? option->rect.adjusted(kFieldPadding - 2, 1, -kFieldPadding + 2, -1)
+                  : option->rect;
+  }
+  return QProxyStyle::subElementRect(element, option, widget);
+}
+
+QRect ProgramStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                   SubControl part, const QWidget* widget) const {
+  if (control == CC_ComboBox) {
+    const QRect whole = option->rect;
+    QRect rect = whole;
+    if (part == SC_ComboBoxArrow) {
+      rect.setLeft(whole.right() - kArrowRoom + 1);
+    } else if (part == SC_ComboBoxEditField) {
+      rect.adjust(kFieldPadding - 2, 2, -kArrowRoom, -2);
+    } else if (part == SC_ComboBoxListBoxPopup) {
+      return QProxyStyle::subControlRect(control, option, part, widget);
+    }
+    return visualRect(option->direction, whole, rect);
+  }
+  if (control == CC_ScrollBar) {
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (bar != nullptr) return ScrollBarPart(*bar, part);
+  }
+  return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+}  // namespace brovanta

@@ -1,0 +1,197 @@
+// The painting of standard widgets; the measures are in program_style.cpp.
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOption>
+
+#include "ui/base/icons.h"
+#include "ui/base/program_style.h"
+#include "ui/base/theme.h"
+
+namespace brovanta {
+
+namespace {
+
+constexpr int kChevron = 14;
+constexpr int kUnderline = 3;
+
+bool IsEnabled(const QStyleOption& option) { return option.state.testFlag(QStyle::State_Enabled); }
+bool HasFocus(const QStyleOption& option) { return option.state.testFlag(QStyle::State_HasFocus); }
+
+/// A rounded box with a frame, which is thicker and navy while it has the focus.
+void PaintBox(QPainter& painter, const QRect& rect, const QColor& ground, bool focused,
+              const QColor& line) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double width = focused ? 2.0 : 1.0;
+  painter.setPen(QPen(focused ? theme::kNavy : line, width));
+  painter.setBrush(ground);
+  const double half = width / 2.0;
+  painter.drawRoundedRect(QRectF(rect).adjusted(half, half, -half, -half), theme::kRadius,
+                          theme::kRadius);
+  painter.restore();
+}
+
+void PaintField(QPainter& painter, const QStyleOption& option) {
+  const bool enabled = IsEnabled(option);
+  PaintBox(painter, option.rect, enabled ? theme::kGround : theme::kBar,
+           enabled && HasFocus(option), enabled ? theme::kFieldLine : theme::kLine);
+}
+
+bool IsDefault(const QStyleOption& option) {
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+  return button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton);
+}
+
+void PaintPushButton(QPainter& painter, const QStyleOption& option) {
+  const bool down = option.state & (QStyle::State_Sunken | QStyle::State_On);
+  const bool filled = IsDefault(option) && IsEnabled(option);
+  QColor ground = theme::kGround;
+  if (!IsEnabled(option)) ground = theme::kBar;
+  if (filled) ground = theme::kNavy;
+  if (down) ground = filled ? theme::kNavy.darker(150) : theme::kSelection;
+  PaintBox(painter, option.rect, ground, false, filled ? theme::kNavy : theme::kFieldLine);
+  if (!HasFocus(option) || !IsEnabled(option)) return;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  // Inside the filled button the ring is white, or it would not show.
+  painter.setPen(QPen(filled ? theme::kGround : theme::kNavy, 2));
+  const double inset = filled ? 4 : 1;
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset),
+                          theme::kRadius - 2, theme::kRadius - 2);
+  painter.restore();
+}
+
+void PaintCheckMark(QPainter& painter, const QStyleOption& option) {
+  const bool checked = option.state.testFlag(QStyle::State_On);
+  const QColor ink = IsEnabled(option) ? theme::kNavy : theme::kDisabledText;
+  PaintBox(painter, option.rect, checked ? ink : theme::kGround, false,
+           IsEnabled(option) ? theme::kFieldLine : theme::kLine);
+  if (!checked) return;
+  NamedIcon(QStringLiteral("toolbar_129_2789"), theme::kGround)
+      .paint(&painter, option.rect.adjusted(2, 2, -2, -2));
+}
+
+void PaintToolButton(QPainter& painter, const QStyleOption& option) {
+  if (!(option.state & (QStyle::State_Sunken | QStyle::State_On | QStyle::State_HasFocus))) return;
+  const bool down = option.state & (QStyle::State_Sunken | QStyle::State_On);
+  PaintBox(painter, option.rect, down ? theme::kSelection : Qt::transparent, HasFocus(option),
+           Qt::transparent);
+}
+
+void PaintChevron(QPainter& painter, const QRect& room, bool enabled) {
+  QRect place(0, 0, kChevron, kChevron);
+  place.moveCenter(room.center());
+  NamedIcon(QStringLiteral("chevron_down"), enabled ? theme::kNavy : theme::kDisabledText)
+      .paint(&painter, place);
+}
+
+void PaintTab(QPainter& painter, const QStyleOption& option) {
+  if (!option.state.testFlag(QStyle::State_Selected)) {
+    painter.fillRect(option.rect, theme::kBar);
+    return;
+  }
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillRect(option.rect, theme::kBar);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(theme::kGround);
+  const QRect& rect = option.rect;
+  painter.drawRoundedRect(QRectF(rect).adjusted(0, 0, 0, theme::kRadius), theme::kRadius,
+                          theme::kRadius);
+  painter.restore();
+  painter.fillRect(
+      QRect(rect.left() + 10, rect.bottom() - kUnderline + 1, rect.width() - 20, kUnderline),
+      theme::kNavy);
+  if (!HasFocus(option)) return;
+  PaintBox(painter, rect.adjusted(2, 2, -2, -kUnderline - 1), Qt::transparent, true, theme::kNavy);
+}
+
+}  // namespace
+
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                 QPainter* painter, const QWidget* widget) const {
+  switch (element) {
+    case PE_PanelLineEdit: {
+      const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+      // The edit field inside a combo box or a date picker lies on that one's own box.
+      if (frame != nullptr && frame->lineWidth > 0) PaintField(*painter, *option);
+      return;
+    }
+    case PE_FrameLineEdit:
+      PaintField(*painter, *option);
+      return;
+    case PE_PanelButtonCommand:
+      PaintPushButton(*painter, *option);
+      return;
+    case PE_PanelButtonTool:
+      PaintToolButton(*painter, *option);
+      return;
+    case PE_IndicatorCheckBox:
+      PaintCheckMark(*painter, *option);
+      return;
+    case PE_FrameTabBarBase:
+    case PE_FrameStatusBarItem:
+      return;
+    case PE_FrameFocusRect:
+      if (qobject_cast<const QPushButton*>(widget) != nullptr) return;  // part of the button
+      PaintBox(*painter, option->rect, Qt::transparent, true, theme::kNavy);
+      return;
+    default:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+  switch (element) {
+    case CE_PushButtonLabel: {
+      const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+      if (button == nullptr) return;
+      QStyleOptionButton copy = *button;
+      const QColor ink = IsDefault(copy) ? theme::kGround : theme::kNavy;
+      if (IsEnabled(copy)) copy.palette.setColor(QPalette::ButtonText, ink);
+      QProxyStyle::drawControl(element, &copy, painter, widget);
+      return;
+    }
+    case CE_TabBarTabShape:
+      PaintTab(*painter, *option);
+      return;
+    case CE_ToolBar:
+      painter->fillRect(option->rect, theme::kBar);
+      painter->fillRect(QRect(option->rect.topLeft(), QSize(option->rect.width(), 1)),
+                        theme::kLine);
+      return;
+    default:
+      QProxyStyle::drawControl(element, option, painter, widget);
+  }
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
+  if (control == CC_ComboBox) {
+    PaintField(*painter, *option);
+    PaintChevron(*painter, proxy()->subControlRect(control, option, SC_ComboBoxArrow, widget),
+                 IsEnabled(*option));
+    return;
+  }
+  if (control == CC_ScrollBar) {
+    const QRect slider = proxy()->subControlRect(control, option, SC_ScrollBarSlider, widget);
+    painter->fillRect(option->rect, option->palette.base());
+    if (slider.size() == option->rect.size()) return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    const bool pressed = option->activeSubControls.testFlag(SC_ScrollBarSlider) &&
+                         option->state.testFlag(State_Sunken);
+    painter->setBrush(pressed ? theme::kNavy : theme::kFieldLine);
+    painter->drawRoundedRect(QRectF(slider).adjusted(3, 2, -2, -2), 2.5, 2.5);
+    painter->restore();
+    return;
+  }
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+}  // namespace brovanta
