@@ -1,6 +1,7 @@
 // Conversion between universal seconds and local calendar values, fast enough for every record.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -34,8 +35,11 @@ class LocalZone {
   [[nodiscard]] CalendarTime ToCalendar(std::int64_t seconds) const;
 
   /// The moment of a local calendar value. Of the two moments of an ambiguous local time (clocks
-  /// set back) the earlier; for a local time that does not exist (clocks set forward) the later
-  /// side of the gap. The result is not bounded to 32 bits.
+  /// set back) the earlier; a local time that does not exist (clocks set forward) is read by the
+  /// clock of before the change and so comes to lie as far behind the gap as it stood in it: where
+  /// clocks jump from 1:00 to 2:00, 1:00 means 2:00 and 1:30 means 2:30. Fields beyond their range
+  /// carry into the next larger one; milliseconds are dropped. The result is not bounded to 32
+  /// bits.
   [[nodiscard]] std::int64_t ToSeconds(const CalendarTime& time) const;
 
  private:
@@ -46,7 +50,7 @@ class LocalZone {
 
   LocalZone();
 
-  [[nodiscard]] std::int64_t OffsetAt(std::int64_t seconds) const;
+  [[nodiscard]] std::size_t SpanAt(std::int64_t seconds) const;
 
   std::vector<Span> spans_;
 };
