@@ -32,7 +32,8 @@ class File {
   ~File();
 
   /// Opens a documented path ("\\" between folder and name). False when it is missing, not
-  /// permitted, a folder, or held by someone else. Never changes a byte.
+  /// permitted, no regular file, or held by someone else; it never waits. A file without any
+  /// permission to write does not open for writing, whoever runs the program. Never changes a byte.
   [[nodiscard]] bool Open(const std::string& path, Mode mode);
   void Close();
   [[nodiscard]] bool is_open() const { return descriptor_ >= 0; }
@@ -51,6 +52,7 @@ class File {
   /// The size in bytes, or -1.
   [[nodiscard]] std::int64_t Size() const;
 
+  /// Cuts the file, or extends it by zeros, to the size in bytes.
   [[nodiscard]] bool Truncate(std::int64_t size);
 
   /// Returns when the bytes have reached the storage device; false when they may not have.
@@ -65,14 +67,20 @@ class File {
 
 /// Puts a whole new file in the place of whatever stands at the documented path: a temporary file
 /// beside it is written, synced and renamed, and the folder is synced. The old file stays untouched
-/// until the rename and whenever the result is false. A file held open by someone else, or one that
-/// may not be written, is not replaced.
+/// until the rename and whenever the result is false; then no temporary is left either. The new
+/// file has the permissions of the old one, 0600 when there was none. A file held open by someone
+/// else, or one that may not be written, is not replaced. Where a symbolic link stands, the file
+/// that it leads to is replaced.
 [[nodiscard]] bool ReplaceFile(const std::string& path, std::span<const std::byte> bytes);
 
 /// Removes the file at the documented path; true when nothing stands there any more.
 bool RemoveFile(const std::string& path);
 
-/// Renames within a folder, documented paths.
+/// Renames within a folder, documented paths; what stood at `to` is gone then.
 [[nodiscard]] bool RenameFile(const std::string& from, const std::string& to);
+
+/// Makes the folder at the documented path and those above it that are missing, for their owner
+/// alone (0700). True when the folder stands, new or not.
+[[nodiscard]] bool CreateFolder(const std::string& path);
 
 }  // namespace brovanta::platform
