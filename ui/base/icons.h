@@ -19,7 +19,7 @@ namespace brovanta {
 
 /// The picture of that file name without its ending ("mark_recurring"), drawn in one colour; a null
 /// icon for a name that the program does not have. There are mark_recurring, chevron_down,
-/// chevron_right, chevron_left and warning besides the numbered ones.
+/// chevron_right, chevron_left, question and warning besides the numbered ones.
 [[nodiscard]] QIcon NamedIcon(const QString& name, const QColor& color);
 
 }  // namespace brovanta

@@ -1,9 +1,11 @@
 #include "ui/base/message_box.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
-#include <QScreen>
 
 #include "ui/base/theme.h"
 
@@ -11,31 +13,48 @@ namespace brovanta {
 
 namespace {
 
-constexpr int kWidestText = 320;
+constexpr int kWidestBox = 320;
+constexpr int kAroundText = 60;  ///< margins and gaps on both sides
 
-/// Lets a long sentence break instead of pushing the box over the edge of a narrow screen.
-void FitText(QMessageBox& box) {
-  auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-  if (label == nullptr) return;
-  label->setWordWrap(true);
-  const int icon_width = box.iconPixmap().isNull() ? 0 : box.iconPixmap().width();
-  const int room = box.screen()->availableGeometry().width() - icon_width - 6 * theme::kMargin;
-  const int natural = label->fontMetrics()
-                          .boundingRect(QRect(0, 0, 1 << 16, 1 << 16), Qt::AlignLeft, box.text())
-                          .width();
-  label->setMinimumWidth(qMin(natural + 1, qMin(room, kWidestText)));
-}
+/// Measures itself for a narrow screen. The base class makes a box as wide as half the screen
+/// before it breaks the text, which is wider than the whole program on a desktop and ragged on a
+/// handheld.
+class NarrowBox : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool handled = QMessageBox::event(event);
+    // The moments at which the base class measures.
+    if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest) Fit();
+    return handled;
+  }
+
+ private:
+  void Fit() {
+    auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (label == nullptr || !isVisible()) return;
+    const int icon = iconPixmap().isNull() ? 0 : theme::kMessageIconSize;
+    const int natural = label->fontMetrics().size(0, text()).width();
+    label->setWordWrap(true);
+    label->setFixedWidth(qMin(natural + 1, kWidestBox - kAroundText - icon));
+    layout()->activate();
+    const int width = layout()->totalMinimumSize().width();
+    setFixedSize(width, layout()->totalHeightForWidth(width));
+    QCoreApplication::removePostedEvents(this, QEvent::LayoutRequest);
+  }
+};
 
 int RunBox(QWidget* parent, QMessageBox::Icon icon, const QString& text,
            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton escape) {
-  QMessageBox box(parent == nullptr ? nullptr : parent->window());
+  NarrowBox box(parent == nullptr ? nullptr : parent->window());
   box.setWindowTitle(QStringLiteral("Brovanta"));
   box.setIcon(icon);
   box.setTextFormat(Qt::PlainText);
   box.setText(QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
   box.setStandardButtons(buttons);
   box.setEscapeButton(escape);
-  FitText(box);
   return box.exec();
 }
 

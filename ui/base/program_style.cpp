@@ -1,11 +1,10 @@
 // Measures and hints; the painting is in program_style_painting.cpp.
 #include "ui/base/program_style.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
-#include <QMessageBox>
 #include <QStyleOption>
+#include <QWidget>
 
+#include "ui/base/icons.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
@@ -94,6 +93,8 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_TabBarBaseOverlap:
     case PM_ToolBarFrameWidth:
       return 0;
+    case PM_MessageBoxIconSize:
+      return theme::kMessageIconSize;
     case PM_TabBarIconSize:
     case PM_ToolBarIconSize:
       return 24;
@@ -116,6 +117,14 @@ int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
     default:
       return QProxyStyle::styleHint(hint, option, widget, returned);
   }
+}
+
+QIcon ProgramStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                 const QWidget* widget) const {
+  if (picture == SP_MessageBoxQuestion) {
+    return NamedIcon(QStringLiteral("question"), theme::kNavy);
+  }
+  return QProxyStyle::standardIcon(picture, option, widget);
 }
 
 QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option,

@@ -1,6 +1,7 @@
 // How standard widgets look and measure: white ground, navy, rounded fields a finger high.
 #pragma once
 
+#include <QIcon>
 #include <QProxyStyle>
 
 namespace brovanta {
@@ -21,6 +22,8 @@ class ProgramStyle : public QProxyStyle {
                                      const QWidget* widget) const override;
   [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                      SubControl part, const QWidget* widget) const override;
+  [[nodiscard]] QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                   const QWidget* widget) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -62,7 +62,7 @@ TEST(IconsTest, CommandIconsHaveADisabledLook) {
 
 TEST(IconsTest, NamedIconsTakeTheColorAskedFor) {
   for (const char* const name :
-       {"mark_recurring", "chevron_down", "chevron_right", "chevron_left", "warning"}) {
+       {"mark_recurring", "chevron_down", "chevron_right", "chevron_left", "warning", "question"}) {
     const QIcon icon = NamedIcon(QLatin1String(name), theme::kWarm);
     EXPECT_EQ(Ink(Drawn(icon, 48)), theme::kWarm) << name;
   }

@@ -1,0 +1,143 @@
+#include "ui/base/modal_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace brovanta {
+namespace {
+
+/// A form as they all are: fields that scroll, a row of buttons below.
+class SampleDialog : public ModalDialog {
+ public:
+  explicit SampleDialog(int cancel_result = kCancelled) : ModalDialog(nullptr, cancel_result) {
+    auto* layout = new QVBoxLayout(this);
+    area_ = new QScrollArea(this);
+    area_->setWidgetResizable(true);
+    auto* content = new QWidget;
+    auto* fields = new QVBoxLayout(content);
+    for (int i = 0; i < 30; ++i) {
+      fields_.append(new QLineEdit(content));
+      fields->addWidget(fields_.last());
+    }
+    area_->setWidget(content);
+    layout->addWidget(area_);
+    for (auto** button : {&other_, &ok_, &cancel_}) {
+      *button = new QPushButton(QStringLiteral("Button"), this);
+      layout->addWidget(*button);
+    }
+    connect(other_, &QPushButton::clicked, this, [this] { ++other_clicks_; });
+    connect(ok_, &QPushButton::clicked, this, [this] { done(kCompleted); });
+    connect(cancel_, &QPushButton::clicked, this, &SampleDialog::reject);
+  }
+
+  QScrollArea* area_ = nullptr;
+  QList<QLineEdit*> fields_;
+  QPushButton* other_ = nullptr;
+  QPushButton* ok_ = nullptr;
+  QPushButton* cancel_ = nullptr;
+  int other_clicks_ = 0;
+};
+
+template <typename Action>
+int RunDialog(SampleDialog& dialog, Action action) {
+  QTimer::singleShot(0, &dialog, action);
+  return dialog.exec();
+}
+
+TEST(ModalDialogTest, EscapeEndsWithTheCancelResultWhichIsNotZero) {
+  SampleDialog dialog;
+  EXPECT_EQ(RunDialog(dialog, [&] { QTest::keyClick(&dialog, Qt::Key_Escape); }), 2);
+}
+
+TEST(ModalDialogTest, CloseBoxEndsWithTheCancelResult) {
+  SampleDialog dialog(-1);
+  EXPECT_EQ(RunDialog(dialog, [&] { dialog.close(); }), -1);
+}
+
+TEST(ModalDialogTest, EnterInAFieldPressesNoButtonWithoutADefault) {
+  SampleDialog dialog;
+  const int result = RunDialog(dialog, [&] {
+    dialog.fields_[0]->setFocus();
+    QTest::keyClick(dialog.fields_[0], Qt::Key_Return);
+    EXPECT_EQ(dialog.other_clicks_, 0);
+    QTest::mouseClick(dialog.cancel_, Qt::LeftButton);
+  });
+  EXPECT_EQ(result, ModalDialog::kCancelled);
+}
+
+TEST(ModalDialogTest, EnterInAFieldPressesTheExplicitDefault) {
+  SampleDialog dialog;
+  dialog.ok_->setDefault(true);
+  const int result = RunDialog(dialog, [&] {
+    dialog.fields_[0]->setFocus();
+    QTest::keyClick(dialog.fields_[0], Qt::Key_Enter);
+  });
+  EXPECT_EQ(result, ModalDialog::kCompleted);
+}
+
+TEST(ModalDialogTest, EnterOnAFocusedButtonPressesThatOneAndNotTheDefault) {
+  SampleDialog dialog;
+  dialog.ok_->setDefault(true);
+  const int result = RunDialog(dialog, [&] {
+    dialog.cancel_->setFocus();
+    QTest::keyClick(dialog.cancel_, Qt::Key_Return);
+  });
+  EXPECT_EQ(result, ModalDialog::kCancelled);
+}
+
+TEST(ModalDialogTest, TheDefaultStaysTheDefaultWhileAnotherButtonHasTheFocus) {
+  SampleDialog dialog;
+  dialog.ok_->setDefault(true);
+  dialog.show();
+  dialog.other_->setFocus();
+  EXPECT_TRUE(dialog.ok_->isDefault());
+  EXPECT_FALSE(dialog.other_->isDefault());
+}
+
+TEST(ModalDialogTest, OpensAt360By640OnALargeScreen) {
+  ASSERT_FALSE(IsSmallScreen(QApplication::primaryScreen()));
+  SampleDialog dialog;
+  dialog.show();
+  EXPECT_EQ(dialog.size(), QSize(360, 640));
+  EXPECT_FALSE(dialog.isFullScreen());
+}
+
+TEST(ModalDialogTest, KeepsASizeThatWasGiven) {
+  SampleDialog dialog;
+  dialog.resize(400, 300);
+  dialog.show();
+  EXPECT_EQ(dialog.size(), QSize(400, 300));
+}
+
+TEST(ModalDialogTest, NoScreenCountsAsALargeOne) { EXPECT_FALSE(IsSmallScreen(nullptr)); }
+
+TEST(ModalDialogTest, TheFocusedFieldIsScrolledIntoView) {
+  SampleDialog dialog;
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  dialog.fields_.last()->setFocus();
+  EXPECT_FALSE(dialog.fields_.last()->visibleRegion().isEmpty());
+  EXPECT_GT(dialog.area_->verticalScrollBar()->value(), 0);
+}
+
+TEST(ModalDialogTest, TheFocusedFieldStaysInViewWhenTheKeyboardTakesHalfTheScreen) {
+  SampleDialog dialog;
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  QLineEdit* field = dialog.fields_[6];
+  field->setFocus();
+  dialog.resize(360, 320);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(field->visibleRegion().isEmpty());
+}
+
+}  // namespace
+}  // namespace brovanta

@@ -1,0 +1,180 @@
+#include "ui/base/program_style.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTest>
+#include <QToolButton>
+#include <cmath>
+
+#include "ui/base/theme.h"
+
+namespace brovanta {
+namespace {
+
+double Luminance(const QColor& color) {
+  const auto channel = [](double value) {
+    return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) +
+         0.0722 * channel(color.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+  const double a = Luminance(one);
+  const double b = Luminance(other);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+TEST(ProgramStyleTest, TextsStandOutFromEveryGroundTheyAreShownOn) {
+  for (const QColor& text : {theme::kText, theme::kNavy, theme::kQuietText, theme::kWarm}) {
+    for (const QColor& ground : {theme::kGround, theme::kBar, theme::kSelection}) {
+      EXPECT_GE(Contrast(text, ground), 4.5)
+          << text.name().toStdString() << " on " << ground.name().toStdString();
+    }
+  }
+  EXPECT_GE(Contrast(theme::kFieldLine, theme::kGround), 3.0);
+}
+
+TEST(ProgramStyleTest, FieldsAndButtonsAreAFingerHigh) {
+  QComboBox combo;
+  QComboBox editable;
+  editable.setEditable(true);
+  QDateEdit date;
+  date.setCalendarPopup(true);
+  const QList<QWidget*> widgets = {new QLineEdit, new QPushButton(QStringLiteral("OK")),
+                                   new QCheckBox(QStringLiteral("Apply")), new QToolButton};
+  for (QWidget* widget : QList<QWidget*>{&combo, &editable, &date} + widgets) {
+    EXPECT_GE(widget->sizeHint().height(), theme::kFingerHeight)
+        << widget->metaObject()->className();
+  }
+  qDeleteAll(widgets);
+}
+
+TEST(ProgramStyleTest, ATextOfTwiceTheSizeMakesFieldsHigher) {
+  QLineEdit edit;
+  QFont font = edit.font();
+  font.setPixelSize(48);
+  edit.setFont(font);
+  EXPECT_GE(edit.sizeHint().height(), QFontMetrics(font).height());
+}
+
+TEST(ProgramStyleTest, RowsOfADropDownListAreAFingerHigh) {
+  QComboBox combo;
+  combo.addItems({QStringLiteral("one"), QStringLiteral("two")});
+  combo.show();
+  combo.showPopup();
+  EXPECT_GE(combo.view()->sizeHintForRow(0), theme::kFingerHeight);
+  combo.hidePopup();
+}
+
+TEST(ProgramStyleTest, RowsOfAnOrdinaryListKeepTheirHeight) {
+  QListWidget list;
+  list.addItem(QStringLiteral("one"));
+  EXPECT_LT(list.sizeHintForRow(0), theme::kFingerHeight);
+}
+
+TEST(ProgramStyleTest, MenuCommandsAreAFingerHighAndSeparatorsAreNot) {
+  QMenu menu;
+  const QAction* command = menu.addAction(QStringLiteral("Add"));
+  QAction* separator = menu.addSeparator();
+  menu.addAction(QStringLiteral("Options"));
+  menu.ensurePolished();
+  EXPECT_GE(menu.actionGeometry(const_cast<QAction*>(command)).height(), theme::kFingerHeight);
+  EXPECT_LT(menu.actionGeometry(separator).height(), theme::kFingerHeight / 2);
+}
+
+TEST(ProgramStyleTest, TheFocusedFieldHasANavyFrame) {
+  QWidget window;
+  QLineEdit edit(&window);
+  edit.setGeometry(10, 10, 200, 40);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  edit.setFocus();
+  EXPECT_EQ(edit.grab().toImage().pixelColor(100, 0), theme::kNavy);
+  edit.clearFocus();
+  EXPECT_EQ(edit.grab().toImage().pixelColor(100, 0), theme::kFieldLine);
+}
+
+TEST(ProgramStyleTest, TheDefaultButtonIsNavyAndAnotherIsNot) {
+  QPushButton button(QStringLiteral("OK"));
+  button.resize(100, 40);
+  EXPECT_EQ(button.grab().toImage().pixelColor(50, 4), theme::kGround);
+  button.setDefault(true);
+  EXPECT_EQ(button.grab().toImage().pixelColor(50, 4), theme::kNavy);
+  button.setEnabled(false);
+  EXPECT_EQ(button.grab().toImage().pixelColor(50, 4), theme::kBar);
+}
+
+TEST(ProgramStyleTest, ButtonsShowFocusAndPress) {
+  QPushButton button(QStringLiteral("OK"));
+  button.resize(100, 40);
+  button.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&button));
+  button.setFocus();
+  EXPECT_EQ(button.grab().toImage().pixelColor(50, 1), theme::kNavy);
+  button.setDown(true);
+  EXPECT_EQ(button.grab().toImage().pixelColor(50, 6), theme::kSelection);
+}
+
+TEST(ProgramStyleTest, ScrollBarIsSlimAndItsSliderFollowsTheValue) {
+  QScrollBar bar(Qt::Vertical);
+  bar.resize(bar.sizeHint().width(), 200);
+  EXPECT_LE(bar.sizeHint().width(), 12);
+  bar.setRange(0, 100);
+  bar.setPageStep(100);
+  QStyleOptionSlider option;
+  const auto slider = [&] {
+    option.initFrom(&bar);
+    option.orientation = Qt::Vertical;
+    option.maximum = 100;
+    option.pageStep = 100;
+    option.sliderPosition = bar.value();
+    return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider,
+                                       &bar);
+  };
+  EXPECT_EQ(slider(), QRect(0, 0, bar.width(), 100));
+  bar.setValue(100);
+  EXPECT_EQ(slider(), QRect(0, 100, bar.width(), 100));
+}
+
+TEST(ProgramStyleTest, TheSliderOfAVeryLongListCanStillBeSeen) {
+  QScrollBar bar(Qt::Horizontal);
+  QStyleOptionSlider option;
+  option.rect = QRect(0, 0, 200, 10);
+  option.orientation = Qt::Horizontal;
+  option.maximum = 1000000;
+  option.pageStep = 10;
+  option.sliderPosition = 1000000;
+  const QRect slider =
+      bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
+  EXPECT_EQ(slider, QRect(168, 0, 32, 10));
+}
+
+TEST(ProgramStyleTest, TheSelectedTabIsUnderlinedInNavy) {
+  QTabBar tabs;
+  tabs.addTab(QString());
+  tabs.addTab(QString());
+  tabs.resize(200, tabs.sizeHint().height());
+  tabs.show();
+  const QRect first = tabs.tabRect(0);
+  const QRect second = tabs.tabRect(1);
+  EXPECT_GE(first.width(), 56);
+  EXPECT_GE(first.height(), 28);
+  const QImage image = tabs.grab().toImage();
+  EXPECT_EQ(image.pixelColor(first.center().x(), first.bottom()), theme::kNavy);
+  EXPECT_EQ(image.pixelColor(second.center().x(), second.bottom()), theme::kBar);
+}
+
+}  // namespace
+}  // namespace brovanta
