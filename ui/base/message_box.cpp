@@ -3,8 +3,8 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGridLayout>
 #include <QLabel>
-#include <QLayout>
 #include <QMessageBox>
 
 #include "ui/base/theme.h"
@@ -37,12 +37,28 @@ class NarrowBox : public QMessageBox {
     if (label == nullptr || !isVisible()) return;
     const int icon = iconPixmap().isNull() ? 0 : theme::kMessageIconSize;
     const int natural = label->fontMetrics().size(0, text()).width();
+    PlaceText(label);
     label->setWordWrap(true);
-    label->setFixedWidth(qMin(natural + 1, kWidestBox - kAroundText - icon));
+    label->setMinimumWidth(qMin(natural + 1, kWidestBox - kAroundText - icon));
     layout()->activate();
     const int width = layout()->totalMinimumSize().width();
     setFixedSize(width, layout()->totalHeightForWidth(width));
     QCoreApplication::removePostedEvents(this, QEvent::LayoutRequest);
+  }
+
+  /// The text takes what the buttons leave, and without an icon no room is kept for one.
+  void PlaceText(QLabel* label) {
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    if (grid == nullptr) return;
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(grid->indexOf(label), &row, &column, &rows, &columns);
+    grid->setColumnStretch(column, 1);
+    QLayoutItem* const before = column == 0 ? nullptr : grid->itemAtPosition(row, column - 1);
+    QSpacerItem* const gap = before == nullptr ? nullptr : before->spacerItem();
+    if (gap != nullptr && iconPixmap().isNull()) gap->changeSize(0, 0);
   }
 };
 
