@@ -107,6 +107,12 @@ QWidget* Control(QWidget* form, int control_id) {
   return found;
 }
 
+void TypeText(QWidget* field, const QString& text) {
+  for (const QChar character : text) {
+    QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(character), Qt::NoModifier);
+  }
+}
+
 void SavePicture(QWidget* form, const QString& name) {
   const QString folder = qEnvironmentVariable("BROVANTA_PICTURES");
   if (folder.isEmpty() || !QDir().mkpath(folder)) return;

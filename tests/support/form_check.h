@@ -1,4 +1,5 @@
-// What every form has to keep to: nothing clipped, a tab order, numbered controls, pictures of it.
+// Driving a form and looking at it: typing, tab order, numbered controls, what is clipped,
+// pictures.
 #pragma once
 
 #include <QList>
@@ -25,6 +26,9 @@ namespace brovanta::test {
 /// The control with this number (dynamic property controlId), nullptr when there is none or more
 /// than one.
 [[nodiscard]] QWidget* Control(QWidget* form, int control_id);
+
+/// Types any text, key by key (QTest::keyClicks takes ASCII only).
+void TypeText(QWidget* field, const QString& text);
 
 /// Saves a picture of the form as "<name>_<width>x<height>.png" in the folder that the environment
 /// variable BROVANTA_PICTURES names; without it, does nothing.
