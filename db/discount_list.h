@@ -21,7 +21,7 @@ struct DiscountFilter {
   std::uint32_t category_id = 0;
   DateStamp valid_on = 0;       ///< not expired before this date
   DateStamp started_since = 0;  ///< not started before this date
-  std::string text;             ///< words, all in the name or all in the product text
+  std::string text{};           ///< words, all in the name or all in the product text
 };
 
 /// The values of a discount that a caller gives; texts are Windows-1252 and are cut to their field.

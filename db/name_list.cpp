@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "db/error_codes.h"
-#include "db/record_file.h"
+#include "db/marked_reader.h"
 #include "db/record_format.h"
 #include "db/unit_of_work.h"
 #include "platform/file.h"
