@@ -28,6 +28,12 @@ int OpenForAppend(UnitOfWork& work, const std::string& path, std::size_t record_
   }
   platform::File file;
   if (!file.Open(path, platform::File::Mode::kReadWrite)) return ERR_OPEN;
+  return FindAppendPlace(work, work.Adopt(std::move(file), path), record_size, place);
+}
+
+int FindAppendPlace(UnitOfWork& work, UnitOfWork::FileIndex index, std::size_t record_size,
+                    AppendPlace& place) {
+  platform::File& file = work.file(index);
   const std::int64_t size = file.Size();
   if (size < 0) return ERR_FORMAT;
   std::array<std::byte, kFirstRecordMark> header;
@@ -45,7 +51,7 @@ int OpenForAppend(UnitOfWork& work, const std::string& path, std::size_t record_
     return ERR_FORMAT;
   }
   place.last_id = LoadLittle<std::int32_t>(header.data() + kLastIdOffset);
-  place.file = work.Adopt(std::move(file), path);
+  place.file = index;
   return 0;
 }
 

@@ -101,7 +101,7 @@ template <typename Format, typename Test>
   return located;
 }
 
-/// Where a record goes: found by OpenForAppend.
+/// Where a record goes: found by OpenForAppend and FindAppendPlace.
 struct AppendPlace {
   UnitOfWork::FileIndex file = 0;
   std::int64_t end_mark = 0;  ///< place of the end mark, where the new record's mark goes
@@ -114,6 +114,10 @@ struct AppendPlace {
 /// there no reader would find.
 [[nodiscard]] int OpenForAppend(UnitOfWork& work, const std::string& path, std::size_t record_size,
                                 std::int32_t initial_last_id, AppendPlace& place);
+
+/// The same for a file that `work` already holds, open for writing. 0, ERR_IO or ERR_FORMAT.
+[[nodiscard]] int FindAppendPlace(UnitOfWork& work, UnitOfWork::FileIndex index,
+                                  std::size_t record_size, AppendPlace& place);
 
 /// Notes LastId + 1 as the file's LastId and gives it to `id`. 0, or ERR_IO when the ids are used
 /// up or LastId is negative, which no sound file has.
@@ -130,6 +134,17 @@ template <typename Format>
                                typename Format::Record& record) {
   AppendPlace place;
   int code = OpenForAppend(work, path, Format::kSize, Format::kInitialLastId, place);
+  if (code == 0 && record.Id == 0) code = NoteNextId(work, place, record.Id);
+  if (code == 0) NoteRecord(work, place, Format::Encode(record));
+  return code;
+}
+
+/// The same for a file that `work` already holds, because a record in it changes too.
+template <typename Format>
+[[nodiscard]] int AppendRecord(UnitOfWork& work, UnitOfWork::FileIndex file,
+                               typename Format::Record& record) {
+  AppendPlace place;
+  int code = FindAppendPlace(work, file, Format::kSize, place);
   if (code == 0 && record.Id == 0) code = NoteNextId(work, place, record.Id);
   if (code == 0) NoteRecord(work, place, Format::Encode(record));
   return code;
