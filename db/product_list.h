@@ -66,17 +66,22 @@ class ProductList {
   [[nodiscard]] int Load(const ProductFilter* filter);
 
   /// Appends a record behind the file's next id. Resolves new names first (their ids stand in
-  /// `fields` afterwards). The new record, or nothing.
+  /// `fields` afterwards). The new record, or nothing; also for another kind. The list takes the
+  /// record up if it is one of this kind and its filter lets it pass, and then the due date
+  /// computed for it stands in the result too; in the file it is 0.
   [[nodiscard]] std::optional<ProductRecord> Add(int kind, ProductFields& fields);
 
   /// Writes the record anew: last purchase and computed fields become 0, so that editing a product
   /// forgets when it was last bought. The new record, or nothing when the id is not in the file
-  /// (before any name is resolved) or it cannot be written.
+  /// (before any name is resolved) or it cannot be written. Of several records with the id the
+  /// first that is not deleted is meant, else the first. The list as with Add.
   [[nodiscard]] std::optional<ProductRecord> Update(int kind, std::int32_t id,
                                                     ProductFields& fields);
 
-  /// Carries an action out on a record and takes it out of the list. The id, or an error code; -1
-  /// for another kind. kProductPurchased also appends a purchase, and does both or neither.
+  /// Carries an action out on a record (chosen as by Update) and takes it out of a list of its
+  /// kind. The id, or an error code; -1 for another kind. kProductPurchased also appends a purchase
+  /// made now, and does both or neither: with an error neither file has changed. Any other action
+  /// changes nothing, on disk and in the list.
   [[nodiscard]] int Mark(int kind, std::int32_t id, int action);
 
   /// The record with this id in the list, or nullptr.
@@ -93,6 +98,12 @@ class ProductList {
   [[nodiscard]] NameList CategoriesInUse() const;
 
  private:
+  /// Inserts a record that has been written if the list is one of its kind and its filter lets it
+  /// pass, computing its due date.
+  void Show(int kind, ProductRecord& record);
+  /// Takes the element of a record, given as it stood in its file, out of a list of its kind.
+  void Hide(int kind, const ProductRecord& stored);
+
   ShoppingDatabase& database_;
   ProductFilter filter_;
   SortedRecords<ProductRecord> records_;

@@ -2,31 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdint>
 #include <limits>
 
 #include "db/records.h"
+#include "tests/db/stored_product.h"
 #include "tests/support/zone_guard.h"
 #include "util/local_zone.h"
 
 namespace brovanta {
 namespace {
 
+using test::At;
+using test::kDay;
 using test::ZoneGuard;
 
-constexpr DateStamp kDay = 86400;
 constexpr DateStamp kEarliest = std::numeric_limits<DateStamp>::min();
 constexpr DateStamp kLatest = std::numeric_limits<DateStamp>::max();
-
-/// Universal seconds of a date, by the standard library's calendar and not by ours.
-DateStamp At(int year, unsigned month, unsigned day, int hour = 1, int minute = 0, int second = 0) {
-  const std::chrono::sys_days days{std::chrono::year{year} / static_cast<int>(month) /
-                                   static_cast<int>(day)};
-  const std::int64_t seconds = std::int64_t{days.time_since_epoch().count()} * kDay +
-                               std::int64_t{hour} * 3600 + minute * 60 + second;
-  return static_cast<DateStamp>(seconds);
-}
 
 ProductRecord Scheduled(std::uint16_t kind, std::uint16_t every, std::uint16_t day_value,
                         DateStamp start, DateStamp last = 0) {
