@@ -80,7 +80,7 @@ ProductRecord PurchaseOf(const ProductRecord& product) {
 void NoteToday(UnitOfWork& work, UnitOfWork::FileIndex file, std::int64_t record) {
   std::array<std::byte, sizeof(DateStamp)> today;
   StoreLittle(today.data(), TodayStamp());
-  work.Write(file, record + product_layout::kLastPurchased, today);
+  work.Write(file, record + static_cast<std::int64_t>(product_layout::kLastPurchased), today);
 }
 
 /// Whether an element of the list is the stored record, the computed fields aside.
@@ -149,7 +149,8 @@ int ProductList::Mark(int kind, std::int32_t id, int action) {
   const UnitOfWork::FileIndex file = work.Adopt(std::move(located.file), *path);
   // Only the bytes concerned are written: what else stands in the record stays as it is.
   if (action == kProductDelete) {
-    work.Write(file, located.offset + product_layout::kDeleted, std::array{std::byte{1}});
+    work.Write(file, located.offset + static_cast<std::int64_t>(product_layout::kDeleted),
+               std::array{std::byte{1}});
   } else if (action == kProductPassOver || action == kProductPurchased) {
     NoteToday(work, file, located.offset);
   } else {
