@@ -26,7 +26,9 @@ struct RegistryValue {
 
 /// The file behind all keys. Names of keys and values are compared without regard to letter case.
 /// Every operation reads the file anew and every change replaces it whole, so that two objects on
-/// one file agree. Keys, values and comments that this program does not know are kept.
+/// one file agree. Keys, values and comments that this program does not know are kept. A file that
+/// is no registry file at all has no keys; before it is replaced, its bytes are put aside in a file
+/// beside it (".bad" behind its name, then ".bad2" and so on).
 class RegistryStore {
  public:
   /// `file_path` is a native path; its folder is created when a value is first written.
@@ -47,7 +49,7 @@ class RegistryKey {
                                                        std::string_view key_path);
 
   /// Opens a key for reading and writing, creating it when missing; nothing when the file cannot be
-  /// read (while it exists) or written.
+  /// read (while it exists) or written. To know that, it is written anew even where the key exists.
   [[nodiscard]] static std::optional<RegistryKey> Create(const RegistryStore& store,
                                                          std::string_view key_path);
 
@@ -55,15 +57,16 @@ class RegistryKey {
   [[nodiscard]] std::optional<RegistryValue> Query(std::string_view name) const;
 
   /// Writes the value, replacing one of the same name; the file is replaced whole. False when it
-  /// could not be written; the old file stays.
+  /// could not be written, or the name has a control character; the old file stays.
   bool Set(std::string_view name, const RegistryValue& value);
 
   /// Text value of at most `max_bytes` of UTF-16 with terminator, as UTF-8. Nothing when it is
-  /// missing, not a REG_SZ, or larger.
+  /// missing, not a REG_SZ, or larger. Half a surrogate pair becomes U+FFFD.
   [[nodiscard]] std::optional<std::string> QueryText(std::string_view name,
                                                      std::size_t max_bytes) const;
 
-  /// Writes a REG_SZ from UTF-8: (code units + 1) x 2 bytes.
+  /// Writes a REG_SZ from UTF-8: (code units + 1) x 2 bytes. False as Set, and for a text that is
+  /// not well-formed.
   bool SetText(std::string_view name, std::string_view utf8);
 
  private:

@@ -1,0 +1,138 @@
+#include "platform/registry.h"
+
+#include <filesystem>
+#include <fstream>
+#include <utility>
+
+#include "platform/file.h"
+#include "platform/registry_file.h"
+#include "platform/registry_text.h"
+#include "util/utf16.h"
+
+namespace brovanta::platform {
+namespace {
+
+// A file larger than this is none of ours.
+constexpr std::uintmax_t kLargestFile = 16u << 20;
+constexpr int kMostFilesAside = 1000;
+
+std::span<const std::byte> AsBytes(const std::string& text) {
+  return std::as_bytes(std::span(text));
+}
+
+// Read without a lock: whoever changes the file replaces it whole, so that a reader sees the old or
+// the new one and never has to find the settings missing because somebody else looks at them.
+std::optional<std::string> ReadWhole(const std::string& native) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(native, error)) return std::nullopt;
+  const std::uintmax_t size = std::filesystem::file_size(native, error);
+  if (error || size > kLargestFile) return std::nullopt;
+  std::ifstream in(native, std::ios::binary);
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  if (!in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) return std::nullopt;
+  return bytes;
+}
+
+enum class State { kMissing, kUnreadable, kForeign, kKnown };
+
+struct Contents {
+  State state = State::kMissing;
+  std::string bytes;
+  RegistryFile file;
+};
+
+Contents Load(const std::string& path) {
+  Contents contents;
+  if (!FileExists(path)) return contents;
+  auto bytes = ReadWhole(NativePath(path));
+  if (!bytes) {
+    contents.state = State::kUnreadable;
+    return contents;
+  }
+  contents.bytes = *std::move(bytes);
+  auto file = RegistryFile::Parse(contents.bytes);
+  contents.state = file ? State::kKnown : State::kForeign;
+  if (file) contents.file = *std::move(file);
+  return contents;
+}
+
+bool PutAside(const std::string& path, const std::string& bytes) {
+  std::string aside = path + ".bad";
+  for (int number = 2; FileExists(aside); ++number) {
+    if (number > kMostFilesAside) return false;
+    aside = path + ".bad" + std::to_string(number);
+  }
+  File file;
+  if (!file.Open(aside, File::Mode::kCreateNew)) return false;
+  if (file.WriteAt(0, AsBytes(bytes)) && file.Sync()) return true;
+  RemoveFile(aside);
+  return false;
+}
+
+// Puts the changed file in the place of what was loaded.
+bool Store(const std::string& path, const Contents& contents) {
+  switch (contents.state) {
+    case State::kUnreadable:
+      return false;
+    case State::kForeign:
+      if (!PutAside(path, contents.bytes)) return false;
+      break;
+    case State::kMissing: {
+      const std::string folder = std::filesystem::path(NativePath(path)).parent_path();
+      if (!folder.empty() && !CreateFolder(folder)) return false;
+      break;
+    }
+    case State::kKnown:
+      break;
+  }
+  return ReplaceFile(path, AsBytes(contents.file.Text()));
+}
+
+}  // namespace
+
+RegistryStore::RegistryStore(std::string file_path) : file_path_(std::move(file_path)) {}
+
+RegistryKey::RegistryKey(std::string file_path, std::string key_path)
+    : file_path_(std::move(file_path)), key_path_(std::move(key_path)) {}
+
+std::optional<RegistryKey> RegistryKey::Open(const RegistryStore& store,
+                                             std::string_view key_path) {
+  const Contents contents = Load(store.file_path());
+  if (!contents.file.HasKey(key_path)) return std::nullopt;
+  return RegistryKey(store.file_path(), std::string(key_path));
+}
+
+std::optional<RegistryKey> RegistryKey::Create(const RegistryStore& store,
+                                               std::string_view key_path) {
+  Contents contents = Load(store.file_path());
+  if (!contents.file.HasKey(key_path) && !contents.file.AddKey(key_path)) return std::nullopt;
+  if (!Store(store.file_path(), contents)) return std::nullopt;
+  return RegistryKey(store.file_path(), std::string(key_path));
+}
+
+std::optional<RegistryValue> RegistryKey::Query(std::string_view name) const {
+  const Contents contents = Load(file_path_);
+  const RegistryValue* const value = contents.file.Find(key_path_, name);
+  return value != nullptr ? std::optional(*value) : std::nullopt;
+}
+
+bool RegistryKey::Set(std::string_view name, const RegistryValue& value) {
+  Contents contents = Load(file_path_);
+  if (!contents.file.Set(key_path_, name, value)) return false;
+  const bool stored = contents.state == State::kKnown && contents.file.Text() == contents.bytes;
+  return stored || Store(file_path_, contents);
+}
+
+std::optional<std::string> RegistryKey::QueryText(std::string_view name,
+                                                  std::size_t max_bytes) const {
+  const auto value = Query(name);
+  if (!value || value->type != REG_SZ || value->data.size() > max_bytes) return std::nullopt;
+  return Utf16ToUtf8(TextFromBytes(value->data));
+}
+
+bool RegistryKey::SetText(std::string_view name, std::string_view utf8) {
+  const auto text = Utf8ToUtf16(utf8);
+  return text && Set(name, {REG_SZ, BytesFromText(*text)});
+}
+
+}  // namespace brovanta::platform
