@@ -12,7 +12,7 @@ namespace brovanta {
 class AppOptions {
  public:
   static constexpr const char* kKeyPath = "Software\\Brovanta\\Options";
-  /// Characters of country and zip code that can be read back: 80 bytes with the terminator.
+  /// UTF-16 units of country and zip code that can be read back: 80 bytes with the terminator.
   static constexpr int kTextLength = 39;
 
   /// Sets the defaults (tax 0.0, "United States", no zip code) and loads what is stored. The store
@@ -20,11 +20,13 @@ class AppOptions {
   AppOptions(const platform::RegistryStore& store, std::string key_path);
 
   /// Reads "Country", "ZipCode" and "Tax"; a value that is missing or too large leaves its field as
-  /// it was. 0, or -1 when the key cannot be opened.
+  /// it was, and so does a tax that has not eight bytes or is not finite. 0, or -1 when the key
+  /// cannot be opened.
   int load();
 
-  /// Writes the three values. 0, or -1 when the key can neither be opened nor created; the results
-  /// of the single writes are not looked at.
+  /// Writes the three values, country and zip code cut to what can be read back; the fields keep
+  /// what they hold. 0, or -1 when the key can neither be opened nor created; the results of the
+  /// single writes are not looked at.
   int save();
 
   /// Sales tax in percent. A reference to it may be held as long as this object lives.
