@@ -39,7 +39,9 @@ const ColorButton::Picture* ColorButton::CurrentPicture() const {
 }
 
 bool ColorButton::HasMenuMark() const {
-  return menu_ != nullptr && pictures_[0].number != kArrowPicture;
+  // A picture that is an arrow, or that stands alone in the middle, speaks for itself.
+  const bool alone = alignment_ == kPictureCentered && text().isEmpty();
+  return menu_ != nullptr && pictures_[0].number != kArrowPicture && !alone;
 }
 
 QSize ColorButton::sizeHint() const {

@@ -1,0 +1,66 @@
+#include "ui/base/date_field.h"
+
+#include <gtest/gtest.h>
+
+#include <QDateEdit>
+#include <QTest>
+
+#include "tests/support/fixed_clock.h"
+#include "tests/support/zone_guard.h"
+
+namespace brovanta {
+namespace {
+
+constexpr std::int64_t kNow = 1795257000;  // 2026-11-21 10:30 UTC
+
+// 2026-11-21 is day 20778 since 1970; 01:00 in Berlin is midnight UTC.
+TEST(DateFieldTest, APickedDayIsStoredAtOneOClockLocalTime) {
+  {
+    const test::ZoneGuard zone("UTC");
+    EXPECT_EQ(StampOfPickedDay(QDate(2026, 11, 21)), 20778 * 86400 + 3600);
+  }
+  const test::ZoneGuard zone("Europe/Berlin");
+  EXPECT_EQ(StampOfPickedDay(QDate(2026, 11, 21)), 20778 * 86400);
+}
+
+TEST(DateFieldTest, StartsWithTodayWithinWhatAStampCanHold) {
+  const test::ZoneGuard zone("UTC");
+  const test::FixedClock clock(kNow);
+  QDateEdit field;
+  SetUpDateField(field);
+  EXPECT_EQ(field.date(), QDate(2026, 11, 21));
+  EXPECT_EQ(field.minimumDate(), QDate(1970, 1, 2));
+  EXPECT_EQ(field.maximumDate(), QDate(2038, 1, 18));
+}
+
+TEST(DateFieldTest, ShowsTheLocalDayOfAStamp) {
+  const test::ZoneGuard zone("America/New_York");
+  QDateEdit field;
+  SetUpDateField(field);
+  ShowStamp(field, 20778 * 86400 + 3600);  // 01:00 UTC is the evening before in New York
+  EXPECT_EQ(field.date(), QDate(2026, 11, 20));
+}
+
+TEST(DateFieldTest, ADateCanBeTyped) {
+  const test::FixedClock clock(kNow);
+  QDateEdit field;
+  SetUpDateField(field);
+  field.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&field));
+  field.setFocus(Qt::TabFocusReason);
+  QTest::keyClicks(&field, QStringLiteral("02282027"));
+  EXPECT_EQ(field.date(), QDate(2027, 2, 28));
+}
+
+TEST(DateFieldTest, ADateOutsideTheRangeIsNotAccepted) {
+  const test::FixedClock clock(kNow);
+  QDateEdit field;
+  SetUpDateField(field);
+  ShowStamp(field, 2147483647);
+  EXPECT_EQ(field.date(), QDate(2038, 1, 18));
+  ShowStamp(field, 0);
+  EXPECT_EQ(field.date(), QDate(1970, 1, 2));
+}
+
+}  // namespace
+}  // namespace brovanta

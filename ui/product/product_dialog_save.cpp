@@ -1,0 +1,111 @@
+// The product dialog's OK: its checks in their order, and the save.
+#include "ui/base/date_field.h"
+#include "ui/base/message_box.h"
+#include "ui/base/wide_text.h"
+#include "ui/product/product_dialog.h"
+#include "ui/product/product_numbers.h"
+#include "ui/product/purchase_type.h"
+#include "ui_130_product.h"
+#include "util/number.h"
+
+namespace brovanta {
+
+// Shows the message and leads the user to what it speaks of; always false.
+bool ProductDialog::Refuse(const char* message, QWidget* field) {
+  form_->tabBar->setCurrentIndex(0);
+  ShowMessage(this, QLatin1String(message));
+  if (field != nullptr) field->setFocus();
+  return false;
+}
+
+void ProductDialog::Accept() {
+  if (SelectedType() == 0) {
+    Refuse("You must select the purchase type for this product.", form_->purchaseTypeBox);
+    return;
+  }
+  ProductFields fields;
+  if (!ReadName(fields)) return;
+  ReadNumbers(fields);
+  if (!ReadReferences(fields) || !ReadSchedule(fields)) return;
+  fields.notes = NotesText();
+  if (record_) fields.short_text = record_->ShortText.view();
+  fields.discounts = slots_;
+  if (Save(fields)) done(kCompleted);
+}
+
+bool ProductDialog::ReadName(ProductFields& fields) {
+  const QString name = form_->productNameEdit->text();
+  if (name.isEmpty()) return Refuse("The product name can not be empty.", form_->productNameEdit);
+  if (name.size() > kNameLimit) {
+    return Refuse("The product name has more than 50 characters.", form_->productNameEdit);
+  }
+  fields.name = NarrowText(name).substr(0, kNameSize);
+  return true;
+}
+
+void ProductDialog::ReadNumbers(ProductFields& fields) const {
+  fields.unit_price = FieldNumber(form_->unitPriceEdit->text());
+  fields.quantity = FieldNumber(form_->quantityEdit->text());
+  fields.tax_percent = FieldNumber(form_->taxEdit->text());
+}
+
+bool ProductDialog::ReadReferences(ProductFields& fields) {
+  if (form_->unitTypeBox->IsTooLong()) {
+    return Refuse("The unit type has more than 50 characters.", form_->unitTypeBox);
+  }
+  if (form_->storeBox->IsTooLong()) {
+    return Refuse("The store name has more than 50 characters.", form_->storeBox);
+  }
+  if (form_->categoryBox->IsTooLong()) {
+    return Refuse("The category name has more than 50 characters.", form_->categoryBox);
+  }
+  fields.unit = form_->unitTypeBox->Reference();
+  fields.store = form_->storeBox->Reference();
+  fields.category = form_->categoryBox->Reference();
+  return true;
+}
+
+bool ProductDialog::ReadSchedule(ProductFields& fields) {
+  const PurchaseType* type = FindPurchaseType(SelectedType());
+  if (type == nullptr) {
+    return Refuse("You must select a purchase type for this product.", form_->purchaseTypeBox);
+  }
+  fields.purchase_kind = type->kind;
+  fields.every = type->every;
+  const DayChoice* choice = DayChoiceOfKind(type->kind);
+  if (choice == nullptr) {
+    fields.start_date = StampOfPickedDay(form_->purchaseDateEdit->date());
+    return true;
+  }
+  const int day = LeadingInt(NarrowText(form_->dayBox->currentText()));
+  if (day < 1) return Refuse(choice->missing, form_->dayBox);
+  fields.day_value = static_cast<std::uint16_t>(day);
+  fields.start_date = record_ ? record_->StartDate : TodayStamp();
+  return true;
+}
+
+// Notes that were not touched are written back as they stood; typed line breaks are stored as CR
+// LF.
+std::string ProductDialog::NotesText() const {
+  if (record_ && !form_->notesEdit->document()->isModified()) {
+    return std::string(record_->Notes.view());
+  }
+  QString notes = form_->notesEdit->toPlainText();
+  notes.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+  return NarrowText(notes).substr(0, kLongTextSize);
+}
+
+bool ProductDialog::Save(ProductFields& fields) {
+  const int kind = mode_ == kPurchaseMode ? brovanta::kPurchaseKind : kProductKind;
+  const std::optional<ProductRecord> saved =
+      record_ ? database_.products().Update(kind, record_->Id, fields)
+              : database_.products().Add(kind, fields);
+  if (saved) return true;
+  // Names may have got their ids although the record was not saved.
+  form_->unitTypeBox->Remember(fields.unit);
+  form_->storeBox->Remember(fields.store);
+  form_->categoryBox->Remember(fields.category);
+  return Refuse("There was an error while saving the product data to the database.", nullptr);
+}
+
+}  // namespace brovanta
