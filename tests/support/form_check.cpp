@@ -61,6 +61,7 @@ QString SizeComplaint(const QWidget* widget) {
 QList<QSize> ScreenSizes() { return {{360, 640}, {640, 360}, {320, 480}}; }
 
 std::string Clipped(QWidget* form) {
+  QCoreApplication::processEvents();
   QStringList complaints;
   QList<QWidget*> controls;
   for (QWidget* widget : form->findChildren<QWidget*>()) {
@@ -116,6 +117,7 @@ void TypeText(QWidget* field, const QString& text) {
 void SavePicture(QWidget* form, const QString& name) {
   const QString folder = qEnvironmentVariable("BROVANTA_PICTURES");
   if (folder.isEmpty() || !QDir().mkpath(folder)) return;
+  QCoreApplication::processEvents();  // scroll bars come and go by events
   const QString file =
       QStringLiteral("%1/%2_%3x%4.png").arg(folder, name).arg(form->width()).arg(form->height());
   if (!form->grab().save(file)) qWarning("%s was not saved", qPrintable(file));

@@ -54,42 +54,10 @@ TEST_F(ColorButtonTest, ColorIndexesZeroToFiveAreTaken) {
   for (int index = 0; index < 6; ++index) EXPECT_EQ(button_.SetColor(index, Qt::red, false), 0);
 }
 
-TEST_F(ColorButtonTest, EvenColorsAreBackgroundsOfTheThreeStates) {
-  Show();
-  button_.SetColor(0, Qt::green, true);
-  button_.SetColor(2, Qt::yellow, true);
-  button_.SetColor(4, Qt::cyan, true);
-  window_.setFocus();
-  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::green));
-  button_.setFocus();
-  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::cyan));
-  button_.setDown(true);
-  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::yellow));
-}
-
 TEST_F(ColorButtonTest, AlignmentAboveTwoIsRefusedWithFour) {
   EXPECT_EQ(button_.SetAlignment(2, true), 0);
   EXPECT_EQ(button_.SetAlignment(3, true), 4);
   EXPECT_EQ(button_.SetAlignment(-1, true), 4);
-}
-
-TEST_F(ColorButtonTest, AlignmentDecidesOnWhichSideThePictureStands) {
-  button_.setText(QStringLiteral("."));
-  button_.SetPictures(156, {20, 20}, 0, {}, 0, {});
-  const auto ink_in = [&](QRect area) {
-    const QImage image = button_.grab(area).toImage();
-    int dark = 0;
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) dark += image.pixelColor(x, y).lightness() < 150;
-    }
-    return dark;
-  };
-  const QRect left(0, 0, 30, 40);
-  const QRect right(130, 0, 30, 40);
-  button_.SetAlignment(0, true);
-  EXPECT_GT(ink_in(left), ink_in(right));
-  button_.SetAlignment(2, true);
-  EXPECT_LT(ink_in(left), ink_in(right));
 }
 
 TEST_F(ColorButtonTest, TapSendsClicked) {
@@ -236,19 +204,6 @@ TEST_F(ColorButtonTest, PointerIsFollowedOnlyWhileHoverTrackingIsOn) {
   EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::white));
 }
 
-TEST_F(ColorButtonTest, APressShowsEvenWhereAllColorsAreAlike) {
-  Show();
-  const QColor before = PixelAt({80, 8});
-  button_.setDown(true);
-  EXPECT_NE(PixelAt({80, 8}), before);
-}
-
-TEST_F(ColorButtonTest, FocusShowsARing) {
-  Show();
-  button_.setFocus();
-  EXPECT_EQ(PixelAt({80, 1}), theme::kNavy);
-}
-
 TEST_F(ColorButtonTest, DisabledButtonLooksQuieterAndDoesNothing) {
   Show();
   button_.setText(QStringLiteral("All Stores"));
@@ -269,13 +224,6 @@ TEST_F(ColorButtonTest, AmpersandInAStoreNameIsShownAndIsNoShortcut) {
 TEST_F(ColorButtonTest, WithoutATextTheToolTipIsTheAccessibleName) {
   button_.setToolTip(QStringLiteral("Period"));
   EXPECT_EQ(button_.accessibleName(), QStringLiteral("Period"));
-}
-
-TEST_F(ColorButtonTest, IsAFingerHigh) {
-  button_.setText(QStringLiteral("All Stores"));
-  EXPECT_GE(button_.sizeHint().height(), theme::kFingerHeight);
-  EXPECT_GE(button_.sizeHint().width(),
-            button_.fontMetrics().horizontalAdvance(QStringLiteral("All Stores")));
 }
 
 }  // namespace

@@ -94,39 +94,6 @@ TEST(ProgramStyleTest, MenuCommandsAreAFingerHighAndSeparatorsAreNot) {
   EXPECT_LT(menu.actionGeometry(separator).height(), theme::kFingerHeight / 2);
 }
 
-TEST(ProgramStyleTest, TheFocusedFieldHasANavyFrame) {
-  QWidget window;
-  QLineEdit edit(&window);
-  edit.setGeometry(10, 10, 200, 40);
-  window.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-  edit.setFocus();
-  EXPECT_EQ(edit.grab().toImage().pixelColor(100, 0), theme::kNavy);
-  edit.clearFocus();
-  EXPECT_EQ(edit.grab().toImage().pixelColor(100, 0), theme::kFieldLine);
-}
-
-TEST(ProgramStyleTest, TheDefaultButtonIsNavyAndAnotherIsNot) {
-  QPushButton button(QStringLiteral("OK"));
-  button.resize(100, 40);
-  EXPECT_EQ(button.grab().toImage().pixelColor(50, 4), theme::kGround);
-  button.setDefault(true);
-  EXPECT_EQ(button.grab().toImage().pixelColor(50, 4), theme::kNavy);
-  button.setEnabled(false);
-  EXPECT_EQ(button.grab().toImage().pixelColor(50, 4), theme::kBar);
-}
-
-TEST(ProgramStyleTest, ButtonsShowFocusAndPress) {
-  QPushButton button(QStringLiteral("OK"));
-  button.resize(100, 40);
-  button.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&button));
-  button.setFocus();
-  EXPECT_EQ(button.grab().toImage().pixelColor(50, 1), theme::kNavy);
-  button.setDown(true);
-  EXPECT_EQ(button.grab().toImage().pixelColor(50, 6), theme::kSelection);
-}
-
 TEST(ProgramStyleTest, ScrollBarIsSlimAndItsSliderFollowsTheValue) {
   QScrollBar bar(Qt::Vertical);
   bar.resize(bar.sizeHint().width(), 200);
@@ -159,21 +126,6 @@ TEST(ProgramStyleTest, TheSliderOfAVeryLongListCanStillBeSeen) {
   const QRect slider =
       bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
   EXPECT_EQ(slider, QRect(168, 0, 32, 10));
-}
-
-TEST(ProgramStyleTest, TheSelectedTabIsUnderlinedInNavy) {
-  QTabBar tabs;
-  tabs.addTab(QString());
-  tabs.addTab(QString());
-  tabs.resize(200, tabs.sizeHint().height());
-  tabs.show();
-  const QRect first = tabs.tabRect(0);
-  const QRect second = tabs.tabRect(1);
-  EXPECT_GE(first.width(), 56);
-  EXPECT_GE(first.height(), 28);
-  const QImage image = tabs.grab().toImage();
-  EXPECT_EQ(image.pixelColor(first.center().x(), first.bottom()), theme::kNavy);
-  EXPECT_EQ(image.pixelColor(second.center().x(), second.bottom()), theme::kBar);
 }
 
 }  // namespace
