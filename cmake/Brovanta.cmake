@@ -33,8 +33,10 @@ function(brovanta_qt_library name)
   if(type STREQUAL "INTERFACE_LIBRARY")
     return()
   endif()
+  # A form lies in another folder than its user: without the dependency, a changed one is not seen.
+  file(GLOB forms CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/res/*.ui")
   set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
-    AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/res")
+    AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/res" AUTOGEN_TARGET_DEPENDS "${forms}")
   target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
     QT_NO_CAST_TO_ASCII)
 endfunction()
