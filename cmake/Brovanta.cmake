@@ -13,6 +13,11 @@ if(BROVANTA_SANITIZE)
   target_link_options(brovanta_flags INTERFACE -fsanitize=${BROVANTA_SANITIZE})
 endif()
 
+if(BROVANTA_FUZZ)
+  # The fuzzer is steered by what its inputs reach, in the libraries above all.
+  target_compile_options(brovanta_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # brovanta_library(NAME SOURCES file... LINK target...)
 # One static library per folder; LINK names the only libraries it may use.
 function(brovanta_library name)
