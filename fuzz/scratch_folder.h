@@ -1,7 +1,6 @@
-// What the fuzz targets share: a folder in memory for their files, and what must hold.
+// A folder in memory for the files of a fuzz target.
 #pragma once
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -9,14 +8,9 @@
 #include <optional>
 #include <string>
 
-namespace brovanta::fuzz {
+#include "fuzz/require.h"
 
-/// Ends the process, which is how a fuzzer notices.
-inline void Require(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "does not hold: %s\n", what);
-  std::abort();
-}
+namespace brovanta::fuzz {
 
 /// A folder that goes when the process ends.
 class ScratchFolder {
