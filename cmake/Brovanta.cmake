@@ -31,6 +31,21 @@ function(brovanta_library name)
   target_link_libraries(${name} PUBLIC brovanta_flags ${ARG_LINK})
 endfunction()
 
+# Lets moc and uic look at all sources again when one was added or removed. They would look only
+# when one that they know changes, and miss a new one in an existing build folder.
+function(brovanta_follow_sources name)
+  get_target_property(sources ${name} SOURCES)
+  set(list "${CMAKE_CURRENT_BINARY_DIR}/${name}_sources.txt")
+  set(before "")
+  if(EXISTS "${list}")
+    file(READ "${list}" before)
+  endif()
+  if(NOT before STREQUAL sources)
+    file(REMOVE "${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp")
+    file(WRITE "${list}" "${sources}")
+  endif()
+endfunction()
+
 # brovanta_qt_library(...): the same for a library of screens.
 function(brovanta_qt_library name)
   brovanta_library(${name} ${ARGN})
@@ -42,6 +57,7 @@ function(brovanta_qt_library name)
   file(GLOB forms CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/res/*.ui")
   set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
     AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/res" AUTOGEN_TARGET_DEPENDS "${forms}")
+  brovanta_follow_sources(${name})
   target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
     QT_NO_CAST_TO_ASCII)
 endfunction()
@@ -58,6 +74,7 @@ function(brovanta_test name)
   set(environment "TZ=UTC")
   if(ARG_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    brovanta_follow_sources(${name})
     target_link_libraries(${name} PRIVATE brovanta_qt_test_main Qt6::Test)
     list(APPEND environment "QT_QPA_PLATFORM=offscreen" "QT_ACCESSIBILITY=1")
   else()
