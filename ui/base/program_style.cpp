@@ -15,7 +15,7 @@ constexpr int kFieldPadding = 8;
 constexpr int kArrowRoom = 32;
 constexpr int kScrollBar = 10;
 constexpr int kShortestSlider = 32;
-constexpr QSize kTabSize{56, 28};
+constexpr QSize kTabSize{56, 28};  ///< of a tab that shows a picture only
 
 /// Whether the view is the drop-down list of a combo box.
 bool IsDropDownList(const QWidget* widget) {
@@ -151,8 +151,11 @@ QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     }
     case CT_ItemViewItem:
       return IsDropDownList(widget) ? result.expandedTo({0, theme::kFingerHeight}) : result;
-    case CT_TabBarTab:
-      return result.expandedTo(kTabSize);
+    case CT_TabBarTab: {
+      const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+      const bool has_text = tab != nullptr && !tab->text.isEmpty();
+      return result.expandedTo(has_text ? finger : kTabSize);
+    }
     default:
       return result;
   }

@@ -156,6 +156,15 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
       QProxyStyle::drawControl(element, &copy, painter, widget);
       return;
     }
+    case CE_ComboBoxLabel: {
+      // What is chosen from a list looks like what is typed.
+      const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+      if (combo == nullptr) return;
+      QStyleOptionComboBox copy = *combo;
+      copy.palette.setColor(QPalette::ButtonText, copy.palette.color(QPalette::Text));
+      QProxyStyle::drawControl(element, &copy, painter, widget);
+      return;
+    }
     case CE_TabBarTabShape:
       PaintTab(*painter, *option);
       return;

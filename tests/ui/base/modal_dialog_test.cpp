@@ -4,12 +4,15 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include "tests/support/temp_folder.h"
 
 namespace brovanta {
 namespace {
@@ -108,6 +111,40 @@ TEST(ModalDialogTest, OpensAt360By640OnALargeScreen) {
   dialog.show();
   EXPECT_EQ(dialog.size(), QSize(360, 640));
   EXPECT_FALSE(dialog.isFullScreen());
+}
+
+/// Runs one test of this program in a process of its own with a handheld's screen.
+int RunOnSmallScreen(const QString& test) {
+  const test::TempFolder folder;
+  folder.WriteText("screens.json",
+                   R"({"screens":[{"name":"handheld","x":0,"y":0,"width":360,)"
+                   R"("height":640,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})");
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
+                     QStringLiteral("offscreen:configfile=") +
+                         QString::fromStdString(folder.File("screens.json")));
+  environment.remove(QStringLiteral("GTEST_OUTPUT"));
+  QProcess process;
+  process.setProcessEnvironment(environment);
+  process.setProcessChannelMode(QProcess::ForwardedChannels);
+  process.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--gtest_also_run_disabled_tests"),
+                 QStringLiteral("--gtest_filter=") + test});
+  return process.waitForFinished() ? process.exitCode() : -1;
+}
+
+TEST(ModalDialogTest, FillsASmallScreen) {
+  EXPECT_EQ(RunOnSmallScreen(QStringLiteral("HandheldTest.DISABLED_FillsTheScreen")), 0);
+}
+
+TEST(HandheldTest, DISABLED_FillsTheScreen) {
+  ASSERT_TRUE(IsSmallScreen(QApplication::primaryScreen()));
+  SampleDialog dialog;
+  dialog.resize(200, 200);
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+  EXPECT_TRUE(dialog.isFullScreen());
+  EXPECT_EQ(dialog.size(), QSize(360, 640));
 }
 
 TEST(ModalDialogTest, KeepsASizeThatWasGiven) {

@@ -76,6 +76,13 @@ TEST(ProgramStylePaintingTest, TheEditFieldInAComboBoxHasNoFrameOfItsOwn) {
   EXPECT_EQ(PixelAt(combo, edge.x(), edge.y()), theme::kGround);
 }
 
+TEST(ProgramStylePaintingTest, AChosenTextHasTheColorOfATypedOne) {
+  QComboBox combo;
+  combo.addItem(QString(8, QChar(0x2588)));  // full blocks: nothing but ink
+  combo.resize(200, 40);
+  EXPECT_EQ(PixelAt(combo, 40, 20), theme::kText);
+}
+
 TEST(ProgramStylePaintingTest, ADisabledFieldLooksQuiet) {
   QComboBox combo;
   combo.resize(200, 40);

@@ -128,5 +128,14 @@ TEST(ProgramStyleTest, TheSliderOfAVeryLongListCanStillBeSeen) {
   EXPECT_EQ(slider, QRect(168, 0, 32, 10));
 }
 
+TEST(ProgramStyleTest, TabsWithATextAreAFingerHighAndThoseWithAPictureAreNot) {
+  QTabBar pictures;
+  pictures.addTab(QIcon(), QString());
+  EXPECT_LT(pictures.sizeHint().height(), theme::kFingerHeight);
+  QTabBar texts;
+  texts.addTab(QStringLiteral("Notes"));
+  EXPECT_GE(texts.sizeHint().height(), theme::kFingerHeight);
+}
+
 }  // namespace
 }  // namespace brovanta
