@@ -1,0 +1,135 @@
+#include "ui/base/record_delegate.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QTest>
+
+#include "db/schedule.h"
+#include "tests/support/fixed_clock.h"
+#include "tests/support/zone_guard.h"
+#include "ui/base/date_headings.h"
+#include "ui/base/record_tree.h"
+#include "ui/base/theme.h"
+
+namespace brovanta {
+namespace {
+
+constexpr DateStamp kNoon = 1795262400;  // Saturday 2026-11-21 12:00:00 UTC
+constexpr int kWidth = 360;
+
+class RecordDelegateTest : public testing::Test {
+ protected:
+  RecordDelegateTest() {
+    tree_.resize(kWidth, 200);
+    tree_.show();
+  }
+
+  /// Shows one record and returns its picture.
+  QImage Row(TreeItemInfo info, RowDetail detail) {
+    DateHeadings headings;
+    headings.Add(kNoon, std::move(info), std::move(detail));
+    tree_.SetRows(headings.Take());
+    return PictureOf(tree_.topLevelItem(0)->child(0));
+  }
+
+  QImage PictureOf(const QTreeWidgetItem* item) {
+    return tree_.viewport()->grab(tree_.visualItemRect(item)).toImage();
+  }
+
+  /// Leftmost and rightmost column in the rows from `top` to `bottom` that are not ground.
+  static std::pair<int, int> Extent(const QImage& image, int top, int bottom) {
+    std::pair extent{image.width(), -1};
+    for (int y = top; y < bottom; ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixelColor(x, y) == theme::kGround) continue;
+        extent = {std::min(extent.first, x), std::max(extent.second, x)};
+      }
+    }
+    return extent;
+  }
+
+  /// Whether a pixel near the colour occurs in the lower half.
+  static bool LowerHalfHas(const QImage& image, const QColor& color) {
+    for (int y = image.height() / 2; y < image.height() - 2; ++y) {
+      for (int x = kRowIndent; x < image.width(); ++x) {
+        const QColor found = image.pixelColor(x, y);
+        const int distance = std::abs(found.red() - color.red()) +
+                             std::abs(found.green() - color.green()) +
+                             std::abs(found.blue() - color.blue());
+        if (distance < 40) return true;
+      }
+    }
+    return false;
+  }
+
+  test::ZoneGuard zone_{"UTC"};
+  test::FixedClock clock_{kNoon};
+  RecordTree tree_;
+};
+
+TEST_F(RecordDelegateTest, NameStandsLeftAndStoreRight) {
+  const QImage name = Row({.name = QStringLiteral("Milk")}, {});
+  const auto [name_left, name_right] = Extent(name, 0, name.height() / 2);
+  EXPECT_GE(name_left, kRowIndent);
+  EXPECT_LT(name_right, kWidth / 2);
+  const QImage store = Row({.storeName = QStringLiteral("Corner Shop")}, {});
+  const auto [store_left, store_right] = Extent(store, 0, store.height() / 2);
+  EXPECT_GT(store_left, kWidth / 2);
+  EXPECT_LT(store_right, kWidth - 5);
+}
+
+TEST_F(RecordDelegateTest, LongStoreTakesAtMost45PercentAndLeavesTheNameItsRoom) {
+  const QImage row = Row({.storeName = QString(50, QLatin1Char('M'))}, {});
+  const auto [left, right] = Extent(row, 0, row.height() / 2);
+  EXPECT_GE(left, kWidth - kWidth * 45 / 100 - 12);
+  EXPECT_LT(right, kWidth);
+}
+
+TEST_F(RecordDelegateTest, LongNameIsCutBeforeTheStore) {
+  const QString name(50, QLatin1Char('M'));
+  const QImage alone = Row({.name = name}, {});
+  EXPECT_GT(Extent(alone, 0, alone.height() / 2).second, kWidth - 40);
+  const QImage both = Row({.name = name, .storeName = QStringLiteral("Corner")}, {});
+  const QImage store = Row({.storeName = QStringLiteral("Corner")}, {});
+  const int store_left = Extent(store, 0, store.height() / 2).first;
+  EXPECT_EQ(both.copy(store_left, 0, 200, 24), store.copy(store_left, 0, 200, 24));
+  for (int y = 0; y < 24; ++y) EXPECT_EQ(both.pixelColor(store_left - 2, y), theme::kGround);
+}
+
+TEST_F(RecordDelegateTest, OverdueWordsAreWarmAndOthersQuiet) {
+  const QImage overdue = Row({}, {.shows_due = true, .due = kNoon - 2 * 86400});
+  EXPECT_TRUE(LowerHalfHas(overdue, theme::kWarm));
+  const QImage today = Row({}, {.shows_due = true, .due = kNoon});
+  EXPECT_FALSE(LowerHalfHas(today, theme::kWarm));
+  EXPECT_TRUE(LowerHalfHas(today, theme::kQuietText));
+}
+
+TEST_F(RecordDelegateTest, RecurringRowHasAMarkAtTheRight) {
+  const QImage plain = Row({}, {});
+  const QImage marked = Row({}, {.recurrence_kind = kDaily, .day_value = 1});
+  EXPECT_EQ(Extent(plain, plain.height() / 2, plain.height() - 2).second, -1);
+  EXPECT_GT(Extent(marked, marked.height() / 2, marked.height() - 2).first, kWidth - 40);
+}
+
+TEST_F(RecordDelegateTest, SelectedRowHasABandWithANavyBar) {
+  Row({.name = QStringLiteral("Milk")}, {});
+  QTreeWidgetItem* item = tree_.topLevelItem(0)->child(0);
+  QTest::mouseClick(tree_.viewport(), Qt::LeftButton, {}, tree_.visualItemRect(item).center());
+  const QImage row = PictureOf(item);
+  EXPECT_EQ(row.pixelColor(1, 20), theme::kNavy);
+  EXPECT_EQ(row.pixelColor(12, 20), theme::kSelection);
+}
+
+TEST_F(RecordDelegateTest, HeadingIsABandWithAChevronThatTurns) {
+  Row({}, {});
+  QTreeWidgetItem* heading = tree_.topLevelItem(0);
+  const QImage open = PictureOf(heading);
+  EXPECT_EQ(open.pixelColor(2, 2), theme::kBar);
+  EXPECT_TRUE(LowerHalfHas(open, theme::kNavy));
+  heading->setExpanded(false);
+  EXPECT_NE(PictureOf(heading).copy(0, 0, kRowIndent, 28), open.copy(0, 0, kRowIndent, 28));
+}
+
+}  // namespace
+}  // namespace brovanta

@@ -1,0 +1,188 @@
+#include "ui/base/record_tree.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "tests/support/zone_guard.h"
+#include "ui/base/date_headings.h"
+
+namespace brovanta {
+namespace {
+
+constexpr DateStamp kSaturday = 1795222800;  // 2026-11-21 01:00:00 UTC
+constexpr int kChevronX = 14;
+constexpr int kTextX = 100;
+
+class RecordTreeTest : public testing::Test {
+ protected:
+  RecordTreeTest() {
+    tree_.resize(360, 400);
+    tree_.show();
+    Fill();
+  }
+
+  void Fill() {
+    DateHeadings headings;
+    headings.Add(kSaturday, {.id = 11, .name = QStringLiteral("Bread")}, {});
+    headings.Add(kSaturday, {.id = 12, .name = QStringLiteral("Milk")}, {});
+    headings.Add(kSaturday - 86400, {.id = 13, .name = QStringLiteral("Soap")}, {});
+    tree_.SetRows(headings.Take());
+  }
+
+  QTreeWidgetItem* Heading(int index) { return tree_.topLevelItem(index); }
+
+  void Click(QTreeWidgetItem* item, int x, Qt::KeyboardModifiers modifiers = {}) {
+    const QPoint point(x, tree_.visualItemRect(item).center().y());
+    QTest::mouseClick(tree_.viewport(), Qt::LeftButton, modifiers, point);
+  }
+
+  void DoubleClick(QTreeWidgetItem* item) {
+    Click(item, kTextX);
+    const QPoint point(kTextX, tree_.visualItemRect(item).center().y());
+    QTest::mouseDClick(tree_.viewport(), Qt::LeftButton, {}, point);
+  }
+
+  int CaretId() {
+    const TreeItemInfo* info = tree_.CaretInfo();
+    return info == nullptr ? 0 : info->id;
+  }
+
+  test::ZoneGuard zone_{"UTC"};
+  RecordTree tree_;
+  QSignalSpy caret_changed_{&tree_, &RecordTree::CaretChanged};
+  QSignalSpy chosen_{&tree_, &RecordTree::RecordChosen};
+};
+
+TEST_F(RecordTreeTest, AllHeadingsAreOpenAndNothingIsSelected) {
+  EXPECT_TRUE(Heading(0)->isExpanded());
+  EXPECT_TRUE(Heading(1)->isExpanded());
+  EXPECT_EQ(CaretId(), 0);
+  EXPECT_EQ(caret_changed_.count(), 0);
+}
+
+TEST_F(RecordTreeTest, RowsAreFingerHighAndHeadingsBands) {
+  EXPECT_GE(tree_.visualItemRect(Heading(0)->child(0)).height(), 40);
+  EXPECT_EQ(tree_.visualItemRect(Heading(0)->child(0)).height(), 48);
+  EXPECT_EQ(tree_.visualItemRect(Heading(0)).height(), 28);
+  EXPECT_EQ(tree_.visualItemRect(Heading(0)->child(0)).width(), tree_.viewport()->width());
+}
+
+TEST_F(RecordTreeTest, TappingARowSelectsIt) {
+  Click(Heading(0)->child(1), kTextX);
+  EXPECT_EQ(CaretId(), 12);
+  EXPECT_EQ(caret_changed_.count(), 1);
+}
+
+TEST_F(RecordTreeTest, TappingAHeadingSelectsNoRecord) {
+  Click(Heading(0)->child(1), kTextX);
+  Click(Heading(0), kTextX);
+  EXPECT_TRUE(Heading(0)->isSelected());
+  EXPECT_EQ(CaretId(), 0);
+  EXPECT_EQ(caret_changed_.count(), 2);
+}
+
+TEST_F(RecordTreeTest, FocusTakesNoRow) {
+  QWidget window;
+  auto* tree = new RecordTree(&window);
+  DateHeadings headings;
+  headings.Add(-1, {.id = 1}, {});
+  tree->SetRows(headings.Take());
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  tree->setFocus(Qt::TabFocusReason);
+  ASSERT_TRUE(tree->hasFocus());
+  EXPECT_EQ(tree->currentItem(), nullptr);
+  EXPECT_EQ(tree->CaretInfo(), nullptr);
+}
+
+TEST_F(RecordTreeTest, ArrowKeysWalkTheRows) {
+  tree_.setFocus();
+  QTest::keyClick(&tree_, Qt::Key_Down);
+  EXPECT_EQ(CaretId(), 0);
+  EXPECT_TRUE(Heading(0)->isSelected());
+  QTest::keyClick(&tree_, Qt::Key_Down);
+  EXPECT_EQ(CaretId(), 11);
+}
+
+TEST_F(RecordTreeTest, RebuildingLosesTheSelectionWithoutASignal) {
+  Click(Heading(0)->child(1), kTextX);
+  caret_changed_.clear();
+  Fill();
+  EXPECT_EQ(CaretId(), 0);
+  EXPECT_EQ(tree_.currentItem(), nullptr);
+  tree_.ClearRows();
+  EXPECT_EQ(tree_.topLevelItemCount(), 0);
+  EXPECT_EQ(caret_changed_.count(), 0);
+}
+
+TEST_F(RecordTreeTest, TappingTheSelectedRowWithControlTakesTheSelectionBack) {
+  Click(Heading(0)->child(1), kTextX);
+  Click(Heading(0)->child(1), kTextX, Qt::ControlModifier);
+  EXPECT_EQ(CaretId(), 0);
+  EXPECT_EQ(caret_changed_.count(), 2);
+}
+
+TEST_F(RecordTreeTest, ChevronClosesAndOpensWithoutSelecting) {
+  Click(Heading(0), kChevronX);
+  EXPECT_FALSE(Heading(0)->isExpanded());
+  EXPECT_FALSE(Heading(0)->isSelected());
+  Click(Heading(0), kChevronX);
+  EXPECT_TRUE(Heading(0)->isExpanded());
+}
+
+TEST_F(RecordTreeTest, ClosingAHeadingOverTheSelectedRowSelectsTheHeading) {
+  Click(Heading(0)->child(1), kTextX);
+  Click(Heading(0), kChevronX);
+  EXPECT_EQ(CaretId(), 0);
+  EXPECT_TRUE(Heading(0)->isSelected());
+}
+
+TEST_F(RecordTreeTest, ClosingAnotherHeadingKeepsTheSelectedRow) {
+  Click(Heading(0)->child(1), kTextX);
+  Click(Heading(1), kChevronX);
+  EXPECT_EQ(CaretId(), 12);
+}
+
+TEST_F(RecordTreeTest, DoubleTapChoosesARecordButNotAHeading) {
+  DoubleClick(Heading(0));
+  EXPECT_EQ(chosen_.count(), 0);
+  Fill();
+  DoubleClick(Heading(0)->child(0));
+  EXPECT_EQ(chosen_.count(), 1);
+}
+
+TEST_F(RecordTreeTest, EnterChoosesARecordAndTurnsAHeading) {
+  Click(Heading(0), kTextX);
+  QTest::keyClick(&tree_, Qt::Key_Return);
+  EXPECT_FALSE(Heading(0)->isExpanded());
+  QTest::keyClick(&tree_, Qt::Key_Enter);
+  EXPECT_TRUE(Heading(0)->isExpanded());
+  EXPECT_EQ(chosen_.count(), 0);
+  Click(Heading(0)->child(0), kTextX);
+  QTest::keyClick(&tree_, Qt::Key_Return);
+  EXPECT_EQ(chosen_.count(), 1);
+}
+
+TEST_F(RecordTreeTest, EmptyTreeShowsItsWords) {
+  const QImage rows = tree_.viewport()->grab().toImage();
+  tree_.ClearRows();
+  const QImage blank = tree_.viewport()->grab().toImage();
+  tree_.SetEmptyText(QStringLiteral("Nothing to buy on this day"));
+  const QImage words = tree_.viewport()->grab().toImage();
+  EXPECT_NE(words, blank);
+  Fill();
+  EXPECT_EQ(tree_.viewport()->grab().toImage(), rows);
+}
+
+TEST_F(RecordTreeTest, DoubleFontMakesHigherRows) {
+  QFont font = tree_.font();
+  font.setPixelSize(2 * QFontInfo(font).pixelSize());
+  tree_.setFont(font);
+  EXPECT_GT(tree_.visualItemRect(Heading(0)->child(0)).height(), 60);
+  EXPECT_GT(tree_.visualItemRect(Heading(0)).height(), 28);
+}
+
+}  // namespace
+}  // namespace brovanta

@@ -1,0 +1,160 @@
+#include "ui/base/calendar_popup.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QPainter>
+#include <QTextCharFormat>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "ui/base/icons.h"
+#include "ui/base/period.h"
+#include "ui/base/theme.h"
+
+namespace brovanta {
+namespace {
+constexpr int kMargin = 8;
+constexpr int kGap = 4;
+constexpr QSize kFingerSize{328, 312};  // every date a finger wide and high
+constexpr QColor kVeil{0, 0, 64, 72};
+}  // namespace
+
+CalendarPopup::CalendarPopup(QCalendarWidget& calendar, QWidget& screen)
+    : QWidget(&screen), calendar_(calendar), screen_(screen), frame_(new QWidget(this)) {
+  setObjectName(QStringLiteral("calendarPopup"));
+  frame_->setObjectName(QStringLiteral("calendarFrame"));
+  frame_->setAutoFillBackground(true);
+  if (screen.layout() != nullptr) screen.layout()->removeWidget(&calendar);
+  auto* layout = new QVBoxLayout(frame_);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(&calendar);
+  SetUpCalendar();
+  calendar.show();
+  hide();
+  screen.installEventFilter(this);
+  connect(&calendar, &QCalendarWidget::clicked, this, &CalendarPopup::Choose);
+  connect(&calendar, &QCalendarWidget::activated, this, &CalendarPopup::Choose);
+}
+
+void CalendarPopup::SetUpCalendar() {
+  calendar_.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+  calendar_.setFirstDayOfWeek(Qt::Sunday);
+  calendar_.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar_.setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
+  calendar_.setDateEditEnabled(false);
+  calendar_.setDateRange(FirstPickableDate(), LastPickableDate());
+  QTextCharFormat weekend;
+  weekend.setForeground(theme::kText);
+  calendar_.setWeekdayTextFormat(Qt::Saturday, weekend);
+  calendar_.setWeekdayTextFormat(Qt::Sunday, weekend);
+  calendar_.setSelectedDate(TodayDate());
+  for (const char* side : {"left", "right"}) {
+    const bool left = side[0] == 'l';
+    auto* arrow = calendar_.findChild<QToolButton*>(left ? QStringLiteral("qt_calendar_prevmonth")
+                                                         : QStringLiteral("qt_calendar_nextmonth"));
+    if (arrow == nullptr) continue;
+    arrow->setIcon(NamedIcon(QStringLiteral("chevron_%1").arg(QLatin1String(side)), theme::kNavy));
+    const QString name = left ? QStringLiteral("Month before") : QStringLiteral("Month after");
+    arrow->setAccessibleName(name);
+    arrow->setToolTip(name);
+  }
+  if (auto* month = calendar_.findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))) {
+    month->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
+  }
+}
+
+void CalendarPopup::Open(const QWidget& anchor) {
+  focus_before_ = QApplication::focusWidget();
+  date_before_ = calendar_.selectedDate();
+  QTextCharFormat today;
+  today.setFontWeight(QFont::Bold);
+  today.setFontUnderline(true);
+  calendar_.setDateTextFormat({}, {});
+  calendar_.setDateTextFormat(TodayDate(), today);
+  calendar_.showSelectedDate();
+  anchor_bottom_ = anchor.mapTo(&screen_, QPoint(0, anchor.height())).y();
+  Place();
+  show();
+  raise();
+  calendar_.setFocus(Qt::PopupFocusReason);
+}
+
+QDate CalendarPopup::date() const { return calendar_.selectedDate(); }
+
+void CalendarPopup::SetDate(QDate date) { calendar_.setSelectedDate(date); }
+
+void CalendarPopup::Place() {
+  setGeometry(screen_.rect());
+  const QSize room = size() - QSize(2 * kMargin, 2 * kMargin);
+  const QSize taken = frame_->sizeHint().expandedTo(kFingerSize).boundedTo(room);
+  const int left = (width() - taken.width()) / 2;
+  const int top = std::min(anchor_bottom_ + kGap, height() - kMargin - taken.height());
+  frame_->setGeometry({{left, std::max(kMargin, top)}, taken});
+}
+
+void CalendarPopup::Choose(QDate date) {
+  if (!isVisible()) return;  // the second half of a double click
+  calendar_.setSelectedDate(date);
+  Close();
+  Q_EMIT Chosen();
+}
+
+void CalendarPopup::Dismiss() {
+  calendar_.setSelectedDate(date_before_);  // the arrow keys have moved it
+  Close();
+}
+
+void CalendarPopup::Close() {
+  hide();
+  if (focus_before_ != nullptr) focus_before_->setFocus(Qt::PopupFocusReason);
+}
+
+bool CalendarPopup::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    event->accept();
+    return true;
+  }
+  return QWidget::event(event);
+}
+
+bool CalendarPopup::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &screen_ && event->type() == QEvent::Resize && isVisible()) Place();
+  return QWidget::eventFilter(watched, event);
+}
+
+bool CalendarPopup::focusNextPrevChild(bool next) {
+  QWidget* start = QApplication::focusWidget();
+  if (start == nullptr || !isAncestorOf(start)) return false;
+  QWidget* widget = start;
+  do {
+    widget = next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+    const bool takes_focus = isAncestorOf(widget) && widget->isVisible() && widget->isEnabled() &&
+                             (widget->focusPolicy() & Qt::TabFocus) != 0;
+    if (takes_focus && widget->focusProxy() == nullptr) {
+      widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+      return true;
+    }
+  } while (widget != start);
+  return true;
+}
+
+void CalendarPopup::keyPressEvent(QKeyEvent* event) {
+  event->accept();  // nothing reaches the screen below
+  if (event->key() == Qt::Key_Escape) Dismiss();
+}
+
+void CalendarPopup::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (!frame_->geometry().contains(event->position().toPoint())) Dismiss();
+}
+
+void CalendarPopup::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), kVeil);
+  painter.fillRect(frame_->geometry().adjusted(-1, -1, 1, 1), theme::kNavy);
+}
+
+}  // namespace brovanta

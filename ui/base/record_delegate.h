@@ -1,0 +1,50 @@
+// Paints the rows of a record tree: heading bands and two-line records.
+#pragma once
+
+#include <QFont>
+#include <QIcon>
+#include <QStyledItemDelegate>
+
+class QTreeWidget;
+
+namespace brovanta {
+
+class HeadingRow;
+class RecordRow;
+
+/// Left edge of all row texts, and width of the column with the chevrons.
+inline constexpr int kRowIndent = 28;
+
+class RecordDelegate : public QStyledItemDelegate {
+ public:
+  explicit RecordDelegate(QTreeWidget& tree);
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const override;
+
+ private:
+  /// Fonts and heights that follow from the tree's font.
+  struct Look {
+    QFont name;
+    QFont heading;
+    QFont store;
+    QFont detail;
+    QFont overdue;
+    int row_height = 0;
+    int heading_height = 0;
+  };
+
+  [[nodiscard]] const Look& LookFor(const QFont& font) const;
+  void PaintHeading(QPainter& painter, const QStyleOptionViewItem& option,
+                    const HeadingRow& row) const;
+  void PaintRecord(QPainter& painter, const QStyleOptionViewItem& option,
+                   const RecordRow& row) const;
+
+  QTreeWidget& tree_;
+  QIcon recurring_mark_;
+  mutable Look look_;
+};
+
+}  // namespace brovanta

@@ -1,0 +1,85 @@
+// The rows of a record tree: what they hold and how they say it.
+#pragma once
+
+#include <QString>
+#include <QTreeWidgetItem>
+#include <cstdint>
+
+#include "util/date_stamp.h"
+
+namespace brovanta {
+
+/// What every record row carries; heading rows carry none.
+struct TreeItemInfo {
+  std::int32_t id = 0;
+  std::int32_t reserved = 0;
+  std::int16_t purchaseType = 0;  ///< a product's PurchaseKind; of a discount its Source
+  QString name = {};
+  QString storeName = {};  ///< empty if the store is unknown
+};
+
+/// What a row shows below its name.
+struct RowDetail {
+  QString note = {};                  ///< fixed words, or
+  bool shows_due = false;             ///< words for `due` as of the day on which they are read
+  DateStamp due = kNoDate;            ///< kNoDate = no words
+  std::uint16_t recurrence_kind = 0;  ///< a product's schedule fields; kind 0 or 1 = no mark
+  std::uint16_t every = 0;
+  std::uint16_t day_value = 0;
+};
+
+/// The second line of a row in words.
+struct DetailWords {
+  QString text;
+  bool overdue = false;
+};
+
+/// "due today", "due tomorrow", "in 3 days", "2 days overdue": whole dates, local time.
+[[nodiscard]] DetailWords DueWords(DateStamp due, DateStamp today);
+
+/// "daily", "every 3 days", "weekly", "every 2 months", "yearly"; empty for what does not recur.
+[[nodiscard]] QString RecurrenceWords(int purchase_kind, int every, int day_value);
+
+/// Types of the rows, as QTreeWidgetItem::type() gives them.
+inline constexpr int kHeadingRow = QTreeWidgetItem::UserType + 1;
+inline constexpr int kRecordRow = QTreeWidgetItem::UserType + 2;
+
+/// A date heading. Its text ends in the blanks that make it wide; screen readers get it without.
+class HeadingRow : public QTreeWidgetItem {
+ public:
+  HeadingRow(const QString& words, int blanks);
+
+  [[nodiscard]] QVariant data(int column, int role) const override;
+  [[nodiscard]] const QString& words() const { return words_; }
+
+ private:
+  QString words_;
+  int blanks_;
+};
+
+/// A record. Its text is blanks only: the row is drawn from the info, which lives as long as it.
+/// Nothing is stored per role, so that thousands of rows are made quickly.
+class RecordRow : public QTreeWidgetItem {
+ public:
+  RecordRow(TreeItemInfo info, RowDetail detail);
+
+  [[nodiscard]] QVariant data(int column, int role) const override;
+  [[nodiscard]] const TreeItemInfo& info() const { return info_; }
+  [[nodiscard]] const RowDetail& detail() const { return detail_; }
+  [[nodiscard]] bool recurring() const { return detail_.recurrence_kind > 1; }
+
+  /// The second line as of today.
+  [[nodiscard]] DetailWords Words() const;
+
+  /// "Milk, Corner Shop, 2 days overdue, weekly".
+  [[nodiscard]] QString AccessibleText() const;
+
+ private:
+  TreeItemInfo info_;
+  RowDetail detail_;
+};
+
+/// The info of a row, nullptr for a heading or no row.
+[[nodiscard]] const TreeItemInfo* InfoOf(const QTreeWidgetItem* item);
+
+}  // namespace brovanta
