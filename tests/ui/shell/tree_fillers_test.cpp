@@ -1,0 +1,138 @@
+#include "ui/shell/tree_fillers.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/ui/shell/main_screen.h"
+
+namespace brovanta::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class TreeFillersTest : public MainScreenTest {
+ protected:
+  void OpenMonthly(int tab) {
+    Open();
+    ChooseView(kMonthlyView);
+    ChooseTab(tab);
+  }
+
+  const RecordRow& Row(int heading, int row) {
+    return *static_cast<RecordRow*>(tree().topLevelItem(heading)->child(row));
+  }
+};
+
+TEST_F(TreeFillersTest, ProductsStandUnderTheirDueDatesLatestFirst) {
+  AddProduct("Bread", kToday);
+  AddProduct("Candles", kToday + 3 * kOneDay);
+  AddProduct("Milk", kToday, "Corner Shop");
+  OpenMonthly(0);
+  EXPECT_THAT(Rows(), ElementsAre("[Tuesday 11/24/2026]", "Candles", "[Saturday 11/21/2026]",
+                                  "Bread", "Milk@Corner Shop"));
+}
+
+TEST_F(TreeFillersTest, RowCarriesWhatCommandsNeed) {
+  AddProduct("Milk", kToday);
+  const std::int32_t id = AddRecurring("Coffee", kToday, kWeekly, 2, 6);
+  AddProduct("R\xF6st", kToday, "M\xFCller");
+  Open();
+  const TreeItemInfo& info = Row(0, 1).info();
+  EXPECT_EQ(info.id, id);
+  EXPECT_EQ(info.reserved, 0);
+  EXPECT_EQ(info.purchaseType, kWeekly);
+  EXPECT_EQ(info.name.toStdString(), "Coffee");
+  EXPECT_EQ(info.storeName.toStdString(), "");
+  EXPECT_EQ(Row(0, 2).info().name, QStringLiteral(u"R\u00F6st"));
+  EXPECT_EQ(Row(0, 2).info().storeName, QStringLiteral(u"M\u00FCller"));
+  EXPECT_EQ(Row(0, 1).AccessibleText().toStdString(), "Coffee, due today, every 2 weeks");
+}
+
+TEST_F(TreeFillersTest, OverdueProductsPassInAnyPeriodAndSayHowLong) {
+  AddProduct("Soap", kToday - 2 * kOneDay);
+  Open();
+  EXPECT_THAT(Rows(), ElementsAre("[Thursday 11/19/2026]", "Soap"));
+  EXPECT_EQ(Row(0, 0).Words().text.toStdString(), "2 days overdue");
+  EXPECT_TRUE(Row(0, 0).Words().overdue);
+}
+
+TEST_F(TreeFillersTest, ProductsWithoutAScheduleStandUnderUnknownDate) {
+  AddRecurring("Someday", 0, kUnscheduled, 0, 0);
+  AddProduct("Milk", kToday);
+  AddRecurring("Some other day", 0, kUnscheduled, 0, 0);
+  Open();
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Milk", "[Unknown date]", "Someday",
+                                  "Some other day"));
+  EXPECT_EQ(tree().topLevelItem(1)->text(0).toStdString(), "Unknown date" + std::string(22, ' '));
+  EXPECT_EQ(tree().topLevelItem(0)->text(0).toStdString(),
+            "Saturday 11/21/2026" + std::string(22, ' '));
+  EXPECT_EQ(tree().topLevelItem(0)->child(0)->text(0).toStdString(), std::string(46, ' '));
+}
+
+TEST_F(TreeFillersTest, PurchasesAreGroupedByMomentInTheOrderOfTheFile) {
+  const auto noon = static_cast<DateStamp>(kNow);
+  AddPurchase("Eggs", noon - kOneDay);
+  AddPurchase("Milk", noon, "Corner");
+  AddPurchase("Bread", noon + 60);
+  AddPurchase("Tea", noon - kOneDay);
+  OpenMonthly(2);
+  EXPECT_THAT(Rows(),
+              ElementsAre("[Friday 11/20/2026]", "Eggs", "[Saturday 11/21/2026]", "Milk@Corner",
+                          "[Saturday 11/21/2026]", "Bread", "[Friday 11/20/2026]", "Tea"));
+  EXPECT_EQ(Row(2, 0).Words().text.toStdString(), "bought at 12:01");
+  EXPECT_FALSE(Row(2, 0).recurring());
+}
+
+TEST_F(TreeFillersTest, CouponsAreGroupedByTheirStampAndCarryTheirSource) {
+  AddCoupon("Half price", 0, 0, "Corner", "", 2);
+  clock_.Set(kNow - kOneDay);
+  AddCoupon("Old one", 0, kToday + 9 * kOneDay);
+  clock_.Set(kNow);
+  OpenMonthly(1);
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Half price@Corner",
+                                  "[Friday 11/20/2026]", "Old one"));
+  EXPECT_EQ(Row(0, 0).info().purchaseType, 2);
+  EXPECT_EQ(Row(0, 0).Words().text.toStdString(), "1.50 off");
+  EXPECT_EQ(Row(1, 0).Words().text.toStdString(), "1.50 off, until 11/30/2026");
+}
+
+TEST_F(TreeFillersTest, CouponsAreFilteredByPeriodStartAgainstTheirEndAndEndAgainstTheirStart) {
+  AddCoupon("Ended yesterday", 0, kToday - kOneDay);
+  AddCoupon("Ends today", 0, kToday);
+  AddCoupon("Started before the end", kToday, 0);
+  AddCoupon("Starts tomorrow", kToday + kOneDay, 0);
+  AddCoupon("Always", 0, 0);
+  Open();
+  ChooseTab(1);
+  EXPECT_THAT(Rows(),
+              ElementsAre("[Saturday 11/21/2026]", "Ends today", "Starts tomorrow", "Always"));
+}
+
+TEST_F(TreeFillersTest, StoreThatTheListDoesNotKnowHasNoName) {
+  AddProduct("Milk", kToday, "Corner");
+  folder_.Write("store.lst", Hex("81 38 01 00 83 38 01 00"));
+  Open();
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Milk"));
+}
+
+TEST_F(TreeFillersTest, EmptyListNamesWhatNarrowsIt) {
+  MainState state{.options = options_,
+                  .database = std::make_unique<ShoppingDatabase>(),
+                  .searches = nullptr,
+                  .filter = {}};
+  ASSERT_EQ(state.database->Open(folder_.path()), 0);
+  const auto words = [&](int code) {
+    return EmptyListWords(state, kDailyView, code).toStdString();
+  };
+  EXPECT_EQ(words(0), "Nothing to buy on this day");
+  EXPECT_EQ(words(-11), "Nothing to buy on this day");  // the file is not there yet
+  state.filter.store_id = 7;
+  EXPECT_EQ(words(0), "Nothing of this choice on this day");
+  state.filter.find_text = "m\xFCsli";
+  EXPECT_EQ(words(0), "Nothing found for \"m\u00FCsli\" on this day");
+  folder_.WriteText("product.dat", "damaged");
+  EXPECT_EQ(words(-14), "This list could not be read");
+}
+
+}  // namespace
+}  // namespace brovanta::test

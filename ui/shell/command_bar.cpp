@@ -1,0 +1,135 @@
+#include "ui/shell/command_bar.h"
+
+#include <QHBoxLayout>
+#include <QKeySequence>
+#include <QMenu>
+#include <QToolButton>
+#include <array>
+
+#include "ui/base/color_button.h"
+#include "ui/base/icons.h"
+#include "ui/base/theme.h"
+
+namespace brovanta {
+namespace {
+
+struct MenuEntry {
+  int command;  // 0 = separator
+  const char* text;
+  const char* keys;
+};
+
+constexpr std::array kMenuEntries{MenuEntry{kMenuAdd, "Add", "Ins"},
+                                  MenuEntry{kMenuEdit, "Edit", "F2"},
+                                  MenuEntry{kMenuPurchase, "Purchase", "Ctrl+P"},
+                                  MenuEntry{kMenuDelete, "Delete", "Del"},
+                                  MenuEntry{0, "", ""},
+                                  MenuEntry{kMenuFind, "Search", "Ctrl+F"},
+                                  MenuEntry{0, "", ""},
+                                  MenuEntry{kMenuUpdate, "Update", "F5"},
+                                  MenuEntry{kMenuOptions, "Options", "Ctrl+,"}};
+
+struct ToolEntry {
+  int command;
+  int menu_command;
+  const char* name;
+};
+
+constexpr std::array kToolEntries{ToolEntry{kToolAdd, kMenuAdd, "Add"},
+                                  ToolEntry{kToolEdit, kMenuEdit, "Edit"},
+                                  ToolEntry{kToolDelete, kMenuDelete, "Delete"},
+                                  ToolEntry{kToolPurchase, kMenuPurchase, "Mark as purchased"},
+                                  ToolEntry{kToolFind, kMenuFind, "Find"}};
+
+constexpr int kToolPicture = 22;
+constexpr int kNarrowestTool = 34;  // beside large print on a narrow screen
+
+}  // namespace
+
+CommandBar::CommandBar(QWidget* parent)
+    : LinedFrame(parent, Lines::kAbove),
+      tools_button_(new ColorButton(this)),
+      menu_(new QMenu(this)) {
+  setObjectName(QStringLiteral("commandBar"));
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(4, 3, 4, 3);
+  layout->setSpacing(2);
+  layout->addWidget(tools_button_);
+  BuildMenu();
+  BuildToolBar();
+}
+
+QAction* CommandBar::MakeAction(int command, const QString& text) {
+  auto* action = new QAction(text, this);
+  action->setData(command);
+  connect(action, &QAction::triggered, this, [this, command] { Q_EMIT CommandChosen(command); });
+  actions_.insert(command, action);
+  return action;
+}
+
+void CommandBar::BuildMenu() {
+  menu_->setObjectName(QStringLiteral("toolsMenu"));
+  for (const MenuEntry& entry : kMenuEntries) {
+    if (entry.command == 0) {
+      menu_->addSeparator();
+      continue;
+    }
+    QAction* action = MakeAction(entry.command, QString::fromLatin1(entry.text));
+    action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys)));
+    menu_->addAction(action);
+    addAction(action);  // so that its keys work while the menu is closed
+  }
+  tools_button_->setObjectName(QStringLiteral("toolsButton"));
+  tools_button_->setText(QStringLiteral("Tools"));
+  tools_button_->setShortcut(QKeySequence(Qt::ALT | Qt::Key_T));
+  tools_button_->AttachMenu(menu_, false);
+  for (int index = 0; index < ColorButton::kColorCount; index += 2) {
+    tools_button_->SetColor(index, theme::kBar, false);
+  }
+  QFont bold = tools_button_->font();
+  bold.setBold(true);
+  tools_button_->setFont(bold);
+  tools_button_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void CommandBar::BuildToolBar() {
+  auto* layout = static_cast<QHBoxLayout*>(QWidget::layout());
+  for (const ToolEntry& entry : kToolEntries) {
+    const QString name = QString::fromLatin1(entry.name);
+    QAction* action = MakeAction(entry.command, name);
+    action->setIcon(CommandIcon(entry.command));
+    action->setToolTip(TipFor(name, entry.menu_command));
+    auto* button = new QToolButton(this);
+    button->setDefaultAction(action);
+    button->setObjectName(QStringLiteral("tool%1").arg(entry.command));
+    button->setAccessibleName(name);
+    button->setIconSize({kToolPicture, kToolPicture});
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setMinimumWidth(kNarrowestTool);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    layout->addWidget(button);
+    buttons_.insert(entry.command, button);
+  }
+}
+
+void CommandBar::Enable(int command, bool enabled) {
+  if (QAction* known = action(command)) known->setEnabled(enabled);
+}
+
+void CommandBar::ShowFindText(const QString& text) {
+  const QString name =
+      text.isEmpty() ? QStringLiteral("Find") : QStringLiteral("Find: %1").arg(text);
+  QAction* find = action(kToolFind);
+  find->setIcon(text.isEmpty()
+                    ? CommandIcon(kToolFind)
+                    : NamedIcon(QStringLiteral("toolbar_129_%1").arg(kToolFind), theme::kWarm));
+  find->setToolTip(TipFor(name, kMenuFind));
+  buttons_.value(kToolFind)->setAccessibleName(name);
+}
+
+QString CommandBar::TipFor(const QString& name, int menu_command) const {
+  const QKeySequence keys = action(menu_command)->shortcut();
+  return QStringLiteral("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText));
+}
+
+}  // namespace brovanta

@@ -1,0 +1,133 @@
+#include "ui/shell/main_commands.h"
+
+#include <utility>
+
+#include "db/schedule.h"
+#include "ui/base/message_box.h"
+#include "ui/base/modal_dialog.h"
+#include "ui/base/record_tree.h"
+#include "ui/product/find_dialog.h"
+#include "ui/shell/command_bar.h"
+#include "ui/shell/options_dialog.h"
+
+namespace brovanta {
+namespace {
+
+bool Recurring(int purchase_kind) {
+  return purchase_kind == kDaily || purchase_kind == kWeekly || purchase_kind == kMonthly;
+}
+
+}  // namespace
+
+MainCommands::MainCommands(QWidget& window, RecordTree& tree, MainState& state, Refresh refresh)
+    : window_(window), tree_(tree), state_(state), refresh_(std::move(refresh)) {}
+
+void MainCommands::Run(int command) {
+  switch (command) {
+    case kMenuAdd:
+    case kToolAdd:
+      return Add();
+    case kMenuEdit:
+    case kToolEdit:
+      return Edit();
+    case kMenuDelete:
+    case kToolDelete:
+      return Delete();
+    case kMenuPurchase:
+    case kToolPurchase:
+      return Purchase();
+    case kMenuFind:
+    case kToolFind:
+      return Find();
+    case kMenuOptions:
+      return Options();
+    default:
+      return;
+  }
+}
+
+std::optional<TreeItemInfo> MainCommands::Selected() const {
+  const TreeItemInfo* info = tree_.CaretInfo();
+  if (info == nullptr) return std::nullopt;
+  return *info;
+}
+
+void MainCommands::Add() {}
+
+void MainCommands::Edit() {}
+
+void MainCommands::Delete() {
+  const auto selected = Selected();
+  if (!selected) return;
+  switch (state_.list_id) {
+    case kProductsList:
+      return DeleteProduct(*selected);
+    case kCouponsList:
+      if (!Confirm(QStringLiteral("Do you want to permanently delete the selected coupon?"))) {
+        return;
+      }
+      // The rebuilt tree shows the outcome; so it is for products and purchases.
+      static_cast<void>(
+          state_.database->discounts().Mark(selected->id, selected->purchaseType, kMarkDeleted));
+      return refresh_(true);
+    case kPurchasesList:
+      if (Confirm(QStringLiteral("Do you want to permanently delete the selected purchase?"))) {
+        MarkProduct(kPurchaseKind, selected->id, kProductDelete);
+      }
+      return;
+    default:
+      return;
+  }
+}
+
+void MainCommands::DeleteProduct(const TreeItemInfo& selected) {
+  if (!Recurring(selected.purchaseType)) {
+    if (Confirm(QStringLiteral("Do you want to permanently delete the selected product?"))) {
+      MarkProduct(kProductKind, selected.id, kProductDelete);
+    }
+    return;
+  }
+  const Answer answer = AskYesNoCancel(
+      &window_, QStringLiteral("The selected product was setup as a recurring purchase.\r\n"
+                               "Do you want to permanently delete all instances in the recurring "
+                               "series for this product??"));
+  switch (answer) {
+    case Answer::kYes:
+      return MarkProduct(kProductKind, selected.id, kProductDelete);
+    case Answer::kNo:
+      return MarkProduct(kProductKind, selected.id, kProductPassOver);
+    case Answer::kCancel:
+      return;
+  }
+}
+
+void MainCommands::Purchase() {
+  const auto selected = Selected();
+  if (!selected || state_.list_id != kProductsList) return;
+  if (Confirm(QStringLiteral("Do you want to mark the selected product as purchased?"))) {
+    MarkProduct(kProductKind, selected->id, kProductPurchased);
+  }
+}
+
+bool MainCommands::Confirm(const QString& question) {
+  return AskYesNo(&window_, question) == Answer::kYes;
+}
+
+void MainCommands::MarkProduct(int kind, std::int32_t id, int action) {
+  static_cast<void>(state_.database->products().Mark(kind, id, action));
+  refresh_(true);
+}
+
+void MainCommands::Find() {
+  if (state_.list_id == kWebSearchesList) return;
+  FindTextDialog dialog(&window_, state_.filter.find_text);
+  if (dialog.exec() != ModalDialog::kCompleted) return;
+  state_.filter.find_text = dialog.find_text();
+  refresh_(false);
+}
+
+void MainCommands::Options() {
+  OptionsDialog(state_.options, &window_).exec();  // nothing shown depends on them
+}
+
+}  // namespace brovanta

@@ -1,0 +1,49 @@
+// What the commands of the main screen do on each list.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "ui/base/record_row.h"
+#include "ui/shell/main_state.h"
+
+class QWidget;
+
+namespace brovanta {
+
+class RecordTree;
+
+/// Runs commands on the list that is shown and the tree's selected record. A command that changed
+/// something ends with a refresh, which resets the filters or keeps them.
+class MainCommands {
+ public:
+  using Refresh = std::function<void(bool reset_filters)>;
+
+  /// `window` is the parent of all dialogs and message boxes.
+  MainCommands(QWidget& window, RecordTree& tree, MainState& state, Refresh refresh);
+
+  /// Runs a command by its number in the menu or the tool bar; an unknown number does nothing.
+  void Run(int command);
+
+ private:
+  void Add();
+  void Edit();
+  void Delete();
+  void Purchase();
+  void Find();
+  void Options();
+
+  void DeleteProduct(const TreeItemInfo& selected);
+  bool Confirm(const QString& question);
+  void MarkProduct(int kind, std::int32_t id, int action);
+
+  /// A copy: the row goes with the next rebuild.
+  [[nodiscard]] std::optional<TreeItemInfo> Selected() const;
+
+  QWidget& window_;
+  RecordTree& tree_;
+  MainState& state_;
+  Refresh refresh_;
+};
+
+}  // namespace brovanta

@@ -1,0 +1,277 @@
+#include "ui/shell/main_dialog.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QShortcut>
+#include <algorithm>
+#include <utility>
+
+#include "ui/base/icons.h"
+#include "ui/base/message_box.h"
+#include "ui/base/period_selector.h"
+#include "ui/base/wide_text.h"
+#include "ui/shell/day_watch.h"
+#include "ui/shell/list_filters.h"
+#include "ui/shell/main_commands.h"
+#include "ui/shell/tree_fillers.h"
+#include "ui_102_main.h"
+
+namespace brovanta {
+namespace {
+
+constexpr QSize kWindowSize{360, 640};
+constexpr QSize kSmallestWindow{240, 280};
+constexpr int kSmallScreen = 600;  // shorter side, logical pixels
+constexpr int kUpdatePicture = 156;
+constexpr QSize kUpdatePictureSize{20, 20};
+constexpr QSize kThirdPictureSize{32, 32};
+
+/// The width that a line of controls wants when they stand side by side.
+int WidthInARow(const QLayout& line) {
+  const QMargins margins = line.contentsMargins();
+  int wanted = margins.left() + margins.right() + line.spacing() * (line.count() - 1);
+  for (int i = 0; i < line.count(); ++i) wanted += line.itemAt(i)->sizeHint().width();
+  return wanted;
+}
+
+/// Side by side, or one below the other.
+void SetInARow(QBoxLayout& line, bool in_a_row) {
+  const auto direction = in_a_row ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
+  if (line.direction() != direction) line.setDirection(direction);
+}
+
+}  // namespace
+
+MainDialog::MainDialog(AppOptions& options, std::unique_ptr<ShoppingDatabase> database,
+                       std::unique_ptr<SearchManager> searches, const std::string& data_folder,
+                       QWidget* parent)
+    : QDialog(parent),
+      state_{.options = options,
+             .database = std::move(database),
+             .searches = std::move(searches),
+             .filter = {}},
+      form_(std::make_unique<Ui::MainForm>()) {
+  form_->setupUi(this);
+  SetUpWindow();
+  commands_ =
+      std::make_unique<MainCommands>(*this, *form_->recordTree, state_,
+                                     [this](bool reset_filters) { RefreshList(reset_filters); });
+  OnCaretChanged();  // greys what needs a record
+  form_->updateButton->SetPictures(kUpdatePicture, kUpdatePictureSize, kUpdatePicture,
+                                   kUpdatePictureSize, 0, kThirdPictureSize);
+  form_->updateButton->SetAlignment(ColorButton::kPictureRight, false);
+  static_cast<void>(state_.database->Open(data_folder));
+  static_cast<void>(state_.searches->SetSearchFolder(data_folder));
+  period_ = new PeriodSelector(*form_->viewModeButton, *form_->periodHeadingButton,
+                               *form_->calendar, *this);
+  filters_ = new ListFilters(*form_->storeFilterButton, *form_->categoryFilterButton, state_, this);
+  day_watch_ = new DayWatch(*this);
+  InsertTabs();
+  Connect();
+  AddShortcuts();
+  UpdatePeriod();
+  RefreshList(true);
+  form_->recordTree->setFocus();
+}
+
+MainDialog::~MainDialog() { DestroyWindow(); }
+
+void MainDialog::SetUpWindow() {
+  form_->headingFrame->SetLines(LinedFrame::Lines::kAround);
+  form_->periodHeadingButton->SetAlignment(ColorButton::kPictureCentered, false);
+  setWindowIcon(NumberedIcon(128));
+  setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint |
+                 Qt::WindowCloseButtonHint);
+  // The line that controls share on a wide screen must not keep the window from getting narrow.
+  layout()->setSizeConstraint(QLayout::SetNoConstraint);
+  setMinimumSize(kSmallestWindow);
+  resize(kWindowSize);
+  const QSize room = screen()->size();
+  if (std::min(room.width(), room.height()) < kSmallScreen) {
+    setWindowState(Qt::WindowFullScreen);
+  }
+}
+
+void MainDialog::InsertTabs() {
+  for (std::size_t i = 0; i < kListTabs.size(); ++i) {
+    const int index = static_cast<int>(i);
+    const QString name = QString::fromLatin1(kListTabs[i].name);
+    form_->tabBar->addTab(TabIcon(index), QString());
+    form_->tabBar->setTabToolTip(index, name);
+    form_->tabBar->setAccessibleTabName(index, name);
+  }
+}
+
+void MainDialog::Connect() {
+  // Only now: inserting the first tab sends a change of its own.
+  connect(form_->tabBar, &QTabBar::currentChanged, this, &MainDialog::OnTabChanged);
+  connect(period_, &PeriodSelector::PeriodChosen, this, [this] {
+    UpdatePeriod();
+    RefreshList(true);
+  });
+  connect(filters_, &ListFilters::Changed, this, &MainDialog::OnFilterChanged);
+  connect(form_->recordTree, &RecordTree::CaretChanged, this, &MainDialog::OnCaretChanged);
+  connect(form_->recordTree, &RecordTree::RecordChosen, this,
+          [this] { commands_->Run(kMenuEdit); });
+  connect(form_->commandBar, &CommandBar::CommandChosen, this,
+          [this](int command) { commands_->Run(command); });
+  connect(form_->updateButton, &ColorButton::clicked, this,
+          [this] { commands_->Run(kMenuUpdate); });
+  connect(day_watch_, &DayWatch::DayChanged, this, &MainDialog::OnDayChanged);
+}
+
+void MainDialog::AddShortcuts() {
+  for (int index = 0; index < form_->tabBar->count(); ++index) {
+    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | (Qt::Key_1 + index)), this);
+    connect(shortcut, &QShortcut::activated, this,
+            [this, index] { form_->tabBar->setCurrentIndex(index); });
+  }
+  auto* quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
+  connect(quit, &QShortcut::activated, this, &QWidget::close);
+}
+
+int MainDialog::view_mode() const { return period_->view_mode(); }
+
+int MainDialog::UpdatePeriod() {
+  const int code = period_->UpdatePeriod();
+  if (code != 0) return code;
+  state_.filter.period_start = period_->period().start;
+  state_.filter.period_end = period_->period().end;
+  return 0;
+}
+
+int MainDialog::RefreshList(bool reset_filters) {
+  const int index = form_->tabBar->currentIndex();
+  if (index < 0 || index >= static_cast<int>(kListTabs.size()) || !state_.database) return 0;
+  if (reset_filters) filters_->Reset();
+  const ListTab& tab = kListTabs[static_cast<std::size_t>(index)];
+  state_.list_id = tab.list_id;
+  state_.filter.kind = tab.record_kind;
+  const int code = Fill();
+  if (tab.list_id == kWebSearchesList) {
+    filters_->Enable(false);
+  } else if (reset_filters) {
+    filters_->BuildStoreMenu();
+    filters_->BuildCategoryMenu();
+  }
+  return code;
+}
+
+int MainDialog::Fill() {
+  int code = 0;
+  switch (state_.list_id) {
+    case kCouponsList:
+      code = FillCoupons(*form_->recordTree, state_);
+      break;
+    case kWebSearchesList:
+      code = FillWebSearches(*form_->recordTree, state_);
+      break;
+    default:
+      code = FillProducts(*form_->recordTree, state_);
+      break;
+  }
+  form_->recordTree->SetEmptyText(EmptyListWords(state_, view_mode(), code));
+  form_->commandBar->ShowFindText(WideText(state_.filter.find_text.value_or(std::string())));
+  OnCaretChanged();  // a rebuilt tree has no caret, and an empty one sends no signal
+  return code;
+}
+
+void MainDialog::OnTabChanged() {
+  const bool records = form_->tabBar->currentIndex() < 3;
+  filters_->Enable(records);
+  form_->commandBar->Enable(kToolFind, records);
+  form_->commandBar->Enable(kMenuFind, records);
+  RefreshList(true);
+}
+
+void MainDialog::OnFilterChanged(int command) {
+  const int code = state_.list_id == kWebSearchesList ? -1 : Fill();
+  if (code < 0) {
+    ShowMessage(this, QStringLiteral("There was an error while reading the database."));
+    return;
+  }
+  filters_->ShowChoice(command);
+}
+
+void MainDialog::OnCaretChanged() {
+  const bool record = form_->recordTree->CaretInfo() != nullptr;
+  const bool product = record && state_.list_id == kProductsList;
+  form_->commandBar->Enable(kToolEdit, record);
+  form_->commandBar->Enable(kToolDelete, record);
+  form_->commandBar->Enable(kMenuEdit, record);
+  form_->commandBar->Enable(kMenuDelete, record);
+  form_->commandBar->Enable(kToolPurchase, product);
+  form_->commandBar->Enable(kMenuPurchase, product);
+}
+
+void MainDialog::OnDayChanged(QDate before) {
+  if (period_->date() != before) {
+    form_->recordTree->viewport()->update();  // the rows count days from today
+    return;
+  }
+  period_->SetDate(TodayDate());
+  UpdatePeriod();
+  RefreshList(false);
+}
+
+void MainDialog::reject() {}
+
+void MainDialog::done(int result) {
+  QDialog::done(result);
+  DestroyWindow();
+}
+
+void MainDialog::closeEvent(QCloseEvent* event) {
+  event->accept();
+  done(QDialog::Rejected);
+}
+
+void MainDialog::keyPressEvent(QKeyEvent* event) {
+  // QDialog would press a default button on Enter and reject on Escape.
+  const int key = event->key();
+  if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) {
+    event->accept();
+    return;
+  }
+  QDialog::keyPressEvent(event);
+}
+
+bool MainDialog::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) ArrangeSelectors();
+  return QDialog::event(event);
+}
+
+void MainDialog::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  ArrangeSelectors();
+}
+
+void MainDialog::ArrangeSelectors() {
+  const int period = WidthInARow(*form_->periodLayout);
+  const int filters = WidthInARow(*form_->filterLayout);
+  PlaceHeading(period <= width());
+  SetInARow(*form_->filterLayout, filters <= width());
+  // On a wide and low screen both share one line, so that the list gets the height.
+  SetInARow(*form_->selectorLayout, period + filters <= width() && height() < width());
+}
+
+void MainDialog::PlaceHeading(bool between_the_buttons) {
+  QGridLayout& grid = *form_->periodLayout;
+  if ((grid.itemAtPosition(0, 1) != nullptr) == between_the_buttons) return;
+  grid.removeWidget(form_->headingFrame);
+  if (between_the_buttons) {
+    grid.addWidget(form_->headingFrame, 0, 1);
+  } else {
+    grid.addWidget(form_->headingFrame, 1, 0, 1, 3);
+  }
+}
+
+void MainDialog::DestroyWindow() {
+  if (day_watch_ != nullptr) day_watch_->Stop();
+  state_.database.reset();
+  state_.searches.reset();
+}
+
+}  // namespace brovanta

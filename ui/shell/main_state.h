@@ -1,0 +1,23 @@
+// What the parts of the main screen share.
+#pragma once
+
+#include <memory>
+
+#include "db/shopping_database.h"
+#include "platform/app_options.h"
+#include "search/search_manager.h"
+#include "ui/shell/lists.h"
+#include "ui/shell/record_filter.h"
+
+namespace brovanta {
+
+/// Held by the main dialog, lent to its parts.
+struct MainState {
+  AppOptions& options;
+  std::unique_ptr<ShoppingDatabase> database;  ///< nullptr once the window is closed
+  std::unique_ptr<SearchManager> searches;     ///< likewise
+  RecordFilter filter;
+  int list_id = kProductsList;
+};
+
+}  // namespace brovanta

@@ -1,0 +1,141 @@
+#include "ui/shell/tree_fillers.h"
+
+#include <QHash>
+
+#include "platform/file.h"
+#include "ui/base/date_headings.h"
+#include "ui/base/discount_words.h"
+#include "ui/base/period.h"
+#include "ui/base/record_tree.h"
+#include "ui/base/wide_text.h"
+
+namespace brovanta {
+namespace {
+
+/// The store names as wide text, each converted once.
+class StoreNames {
+ public:
+  explicit StoreNames(const NameList& stores) : stores_(stores) {}
+
+  QString Of(std::uint32_t id) {
+    if (id == 0) return {};
+    const auto known = names_.constFind(id);
+    if (known != names_.constEnd()) return *known;
+    const ListItem* item = stores_.Find(static_cast<std::int32_t>(id));
+    const QString name = item != nullptr ? WideText(item->Name.view()) : QString();
+    names_.insert(id, name);
+    return name;
+  }
+
+ private:
+  const NameList& stores_;
+  QHash<std::uint32_t, QString> names_;
+};
+
+QString BoughtWords(DateStamp bought) {
+  const CalendarTime time = CalendarFromStamp(bought);
+  return QString::asprintf("bought at %d:%02d", time.hour, time.minute);
+}
+
+RowDetail ProductDetail(const ProductRecord& product) {
+  RowDetail detail;
+  detail.shows_due = true;
+  detail.due = product.NextDate;
+  detail.recurrence_kind = product.PurchaseKind;
+  detail.every = product.Every;
+  detail.day_value = product.DayValue;
+  return detail;
+}
+
+RowDetail PurchaseDetail(const ProductRecord& purchase) {
+  RowDetail detail;
+  if (purchase.StartDate != kNoDate) detail.note = BoughtWords(purchase.StartDate);
+  return detail;
+}
+
+/// The file that the shown list is read from.
+const std::string& ListFile(const MainState& state) {
+  const DatabasePaths& paths = state.database->paths();
+  if (state.list_id == kCouponsList) return paths.discount;
+  return state.filter.kind == kPurchaseKind ? paths.purchase : paths.product;
+}
+
+QString PeriodWords(int view_mode) {
+  if (view_mode == kDailyView) return QStringLiteral("on this day");
+  return view_mode == kWeeklyView ? QStringLiteral("in this week")
+                                  : QStringLiteral("in this month");
+}
+
+}  // namespace
+
+int FillProducts(RecordTree& tree, MainState& state) {
+  tree.ClearRows();
+  ProductList& products = state.database->products();
+  const ProductFilter query = AsProductFilter(state.filter);
+  if (const int code = products.Load(&query); code != 0) return code;
+  const bool purchases = query.kind == kPurchaseKind;
+  DateHeadings headings;
+  StoreNames stores(state.database->stores());
+  for (const ProductRecord* record = products.First(); record != nullptr;
+       record = products.Next()) {
+    headings.Add(purchases ? record->StartDate : record->NextDate,
+                 {.id = record->Id,
+                  .purchaseType = static_cast<std::int16_t>(record->PurchaseKind),
+                  .name = WideText(record->Name.view()),
+                  .storeName = stores.Of(record->StoreId)},
+                 purchases ? PurchaseDetail(*record) : ProductDetail(*record));
+  }
+  tree.SetRows(headings.Take());
+  return 0;
+}
+
+int FillCoupons(RecordTree& tree, MainState& state) {
+  tree.ClearRows();
+  DiscountList& discounts = state.database->discounts();
+  const DiscountFilter query = AsDiscountFilter(state.filter);
+  if (const int code = discounts.Load(&query); code != 0) return code;
+  DateHeadings headings;
+  StoreNames stores(state.database->stores());
+  for (const DiscountRecord* record = discounts.First(); record != nullptr;
+       record = discounts.Next()) {
+    headings.Add(record->Stamp,
+                 {.id = record->Id,
+                  .purchaseType = record->Source,
+                  .name = WideText(record->Name.view()),
+                  .storeName = stores.Of(record->StoreId)},
+                 {.note = DiscountWords(*record)});
+  }
+  tree.SetRows(headings.Take());
+  return 0;
+}
+
+int FillWebSearches(RecordTree& tree, MainState&) {
+  // Without saved searches there is nothing to walk; their headings carry blanks of their own.
+  DateHeadings headings({.unknown_date = 60, .without_change = 62});
+  tree.SetRows(headings.Take());
+  return 0;
+}
+
+QString EmptyListWords(const MainState& state, int view_mode, int code) {
+  if (state.list_id == kWebSearchesList) return QStringLiteral("No saved web searches");
+  if (code != 0 && platform::FileExists(ListFile(state))) {
+    return QStringLiteral("This list could not be read");
+  }
+  if (state.filter.find_text) {
+    return QStringLiteral("Nothing found for \"%1\" %2")
+        .arg(WideText(*state.filter.find_text), PeriodWords(view_mode));
+  }
+  if (state.filter.store_id != 0 || state.filter.category_id != 0) {
+    return QStringLiteral("Nothing of this choice %1").arg(PeriodWords(view_mode));
+  }
+  switch (state.list_id) {
+    case kCouponsList:
+      return QStringLiteral("No coupons %1").arg(PeriodWords(view_mode));
+    case kPurchasesList:
+      return QStringLiteral("Nothing bought %1").arg(PeriodWords(view_mode));
+    default:
+      return QStringLiteral("Nothing to buy %1").arg(PeriodWords(view_mode));
+  }
+}
+
+}  // namespace brovanta

@@ -1,0 +1,24 @@
+// Fills the record tree from the program's collections.
+#pragma once
+
+#include <QString>
+
+#include "ui/shell/main_state.h"
+
+namespace brovanta {
+
+class RecordTree;
+
+/// Products still to buy or purchases made, by the filter's kind. Like all fillers it empties the
+/// tree, runs the query with the filter and returns the query's code; with an error the tree stays
+/// empty.
+int FillProducts(RecordTree& tree, MainState& state);
+
+int FillCoupons(RecordTree& tree, MainState& state);
+
+int FillWebSearches(RecordTree& tree, MainState& state);
+
+/// What an empty tree says, given the code that its filler returned.
+[[nodiscard]] QString EmptyListWords(const MainState& state, int view_mode, int code);
+
+}  // namespace brovanta
