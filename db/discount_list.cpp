@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "db/discount_match.h"
 #include "db/error_codes.h"
+#include "db/new_names.h"
 #include "db/record_file.h"
 #include "db/shopping_database.h"
 #include "db/unit_of_work.h"
@@ -103,6 +105,47 @@ std::optional<DiscountRecord> DiscountList::Add(std::int32_t id, std::int16_t so
   }
   ShowIfItPasses(record);
   return record;
+}
+
+std::size_t DiscountList::AddAll(std::span<NewDiscount> discounts) {
+  // A list that cannot be written costs the discounts that need a new name in it, not the others.
+  struct Attempt {
+    bool new_stores;
+    bool new_categories;
+  };
+  for (const Attempt attempt :
+       {Attempt{true, true}, {true, false}, {false, true}, {false, false}}) {
+    NewNames stores(database_.stores(), database_.paths().store, attempt.new_stores);
+    NewNames categories(database_.categories(), database_.paths().category, attempt.new_categories);
+    if (const auto added = TryAddAll(discounts, stores, categories)) return *added;
+  }
+  return 0;
+}
+
+std::optional<std::size_t> DiscountList::TryAddAll(std::span<NewDiscount> discounts,
+                                                   NewNames& stores, NewNames& categories) {
+  std::vector<DiscountRecord> records;
+  for (NewDiscount& discount : discounts) {
+    DiscountFields& fields = discount.fields;
+    if (fields.store && stores.Resolve(*fields.store) != 0) continue;
+    if (fields.category && categories.Resolve(*fields.category) != 0) continue;
+    records.push_back(BuildRecord(discount.id, discount.source, fields));
+  }
+  if (records.empty()) return std::nullopt;  // then no name is needed either
+  UnitOfWork work;
+  if (stores.NoteSave(work) != 0 || categories.NoteSave(work) != 0 ||
+      AppendRecords<DiscountFormat>(work, database_.paths().discount, records) != 0 ||
+      work.Commit() != 0) {
+    return std::nullopt;
+  }
+  stores.Keep();
+  categories.Keep();
+  const DiscountMatcher matcher(filter_);
+  for (const DiscountRecord& record : records) {
+    if (matcher.Passes(EncodeDiscount(record))) records_.Append(record);
+  }
+  records_.Sort();
+  return records.size();
 }
 
 std::optional<DiscountRecord> DiscountList::Update(std::int32_t id, std::int16_t source,

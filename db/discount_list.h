@@ -1,8 +1,10 @@
 // The discounts: the file "discount.dat" and those of its records that are shown.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "db/name_list.h"
@@ -11,6 +13,7 @@
 
 namespace brovanta {
 
+class NewNames;
 class ShoppingDatabase;
 
 /// What Load lets through; 0 or empty = no restriction. A record's own 0 (store, category, dates)
@@ -38,6 +41,13 @@ struct DiscountFields {
   std::optional<NameRef> category;  ///< missing = any category
 };
 
+/// What Add takes, for AddAll.
+struct NewDiscount {
+  std::int32_t id = 0;
+  std::int16_t source = 0;
+  DiscountFields fields;
+};
+
 /// The largest discount ids per source, deleted records included.
 struct MaxDiscountIds {
   std::int32_t source_1 = 0;
@@ -62,6 +72,11 @@ class DiscountList {
   /// new names first (their ids stand in `fields` afterwards). The new record, or nothing.
   [[nodiscard]] std::optional<DiscountRecord> Add(std::int32_t id, std::int16_t source,
                                                   DiscountFields& fields);
+
+  /// Add for all of them, with the same result record for record, but as one unit of work: a
+  /// discount whose names cannot be resolved is passed over, and when the file cannot be written
+  /// none is added. The number of those added.
+  std::size_t AddAll(std::span<NewDiscount> discounts);
 
   /// Writes the discount anew over its record, both flags cleared. The new record, or nothing when
   /// it is not in the file (before any name is resolved) or cannot be written. Of several records
@@ -101,6 +116,8 @@ class DiscountList {
 
  private:
   [[nodiscard]] int ResolveNames(DiscountFields& fields);
+  [[nodiscard]] std::optional<std::size_t> TryAddAll(std::span<NewDiscount> discounts,
+                                                     NewNames& stores, NewNames& categories);
   void ShowIfItPasses(const DiscountRecord& record);
   [[nodiscard]] DiscountRecord* Shown(const DiscountRecord& stored) const;
   void Remove(const DiscountRecord* shown);

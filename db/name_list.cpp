@@ -75,15 +75,20 @@ int NameList::EnsureLoaded(const std::string& path) {
 }
 
 int NameList::Save(const std::string& path) {
-  if (const int code = EnsureLoaded(path); code != 0) return code;
   UnitOfWork work;
+  if (const int code = NoteSave(work, path); code != 0) return code;
+  const int code = work.Commit();
+  if (code == 0) MarkSaved();
+  return code;
+}
+
+int NameList::NoteSave(UnitOfWork& work, const std::string& path) {
+  if (const int code = EnsureLoaded(path); code != 0) return code;
   if (!loaded_ && platform::FileExists(path)) {
     if (const int code = NoteCopy(work, path); code != 0) return code;
   }
   work.Replace(path, Encode());
-  const int code = work.Commit();
-  if (code == 0) loaded_ = true;
-  return code;
+  return 0;
 }
 
 std::vector<std::byte> NameList::Encode() const {

@@ -11,6 +11,8 @@
 
 namespace brovanta {
 
+class UnitOfWork;
+
 /// Ids from here on are given to names that the user adds; those below come from the server.
 inline constexpr std::int32_t kFirstOwnId = 5000;
 
@@ -44,6 +46,11 @@ class NameList {
   /// bytes of a damaged file are kept in "<name>.bad" (a number behind it where that is taken). 0
   /// or an error code; with an error the old file stands as it was.
   [[nodiscard]] int Save(const std::string& path);
+
+  /// Save as a part of a unit of work: notes what it would write, 0 or an error code. MarkSaved
+  /// says that the unit has been committed.
+  [[nodiscard]] int NoteSave(UnitOfWork& work, const std::string& path);
+  void MarkSaved() { loaded_ = true; }
 
   /// The bytes of the list file.
   [[nodiscard]] std::vector<std::byte> Encode() const;

@@ -55,22 +55,28 @@ int FindAppendPlace(UnitOfWork& work, UnitOfWork::FileIndex index, std::size_t r
   return 0;
 }
 
-int NoteNextId(UnitOfWork& work, const AppendPlace& place, std::int32_t& id) {
+int NoteNextId(UnitOfWork& work, AppendPlace& place, std::int32_t& id) {
   if (place.last_id < 0 || place.last_id == std::numeric_limits<std::int32_t>::max()) {
     return ERR_IO;
   }
-  id = place.last_id + 1;
+  id = ++place.last_id;
   std::array<std::byte, kWordSize> word;
   StoreLittle(word.data(), id);
   work.Write(place.file, kLastIdOffset, word);
   return 0;
 }
 
-void NoteRecord(UnitOfWork& work, const AppendPlace& place, std::span<const std::byte> record) {
-  std::vector<std::byte> piece(kWordSize + record.size() + kWordSize);
-  StoreLittle(piece.data(), RECORD_MARK);
-  std::copy(record.begin(), record.end(), piece.begin() + kWordSize);
-  StoreLittle(piece.data() + kWordSize + record.size(), END_MARK);
+void NoteRecords(UnitOfWork& work, const AppendPlace& place, std::span<const std::byte> records,
+                 std::size_t record_size) {
+  const std::size_t count = records.size() / record_size;
+  std::vector<std::byte> piece(count * (kWordSize + record_size) + kWordSize);
+  std::byte* to = piece.data();
+  for (std::size_t i = 0; i < count; ++i) {
+    StoreLittle(to, RECORD_MARK);
+    const auto record = records.subspan(i * record_size, record_size);
+    to = std::copy(record.begin(), record.end(), to + kWordSize);
+  }
+  StoreLittle(to, END_MARK);
   work.Write(place.file, place.end_mark, piece);
 }
 

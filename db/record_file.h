@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "db/error_codes.h"
 #include "db/marked_reader.h"
@@ -121,22 +122,46 @@ struct AppendPlace {
 
 /// Notes LastId + 1 as the file's LastId and gives it to `id`. 0, or ERR_IO when the ids are used
 /// up or LastId is negative, which no sound file has.
-[[nodiscard]] int NoteNextId(UnitOfWork& work, const AppendPlace& place, std::int32_t& id);
+[[nodiscard]] int NoteNextId(UnitOfWork& work, AppendPlace& place, std::int32_t& id);
 
-/// Notes mark, record and end mark as one piece.
-void NoteRecord(UnitOfWork& work, const AppendPlace& place, std::span<const std::byte> record);
+/// Notes marks, records (of `record_size` bytes, one behind the other) and end mark as one piece.
+void NoteRecords(UnitOfWork& work, const AppendPlace& place, std::span<const std::byte> records,
+                 std::size_t record_size);
 
-/// Notes in `work` that the record shall be appended to the file; nothing is written before
+/// Notes the records at their place; those with an Id of 0 get the file's next ones.
+template <typename Format>
+[[nodiscard]] int NoteAppended(UnitOfWork& work, AppendPlace& place,
+                               std::span<typename Format::Record> records) {
+  std::vector<std::byte> bytes;
+  bytes.reserve(records.size() * Format::kSize);
+  for (auto& record : records) {
+    if (record.Id == 0) {
+      if (const int code = NoteNextId(work, place, record.Id); code != 0) return code;
+    }
+    const auto encoded = Format::Encode(record);
+    bytes.insert(bytes.end(), encoded.begin(), encoded.end());
+  }
+  NoteRecords(work, place, bytes, Format::kSize);
+  return 0;
+}
+
+/// Notes in `work` that the records shall be appended to the file; nothing is written before
 /// Commit (except that a missing file is made; it goes again when Commit fails or does not come).
 /// An Id of 0 is replaced by the file's next. 0, ERR_OPEN, ERR_IO or ERR_FORMAT.
 template <typename Format>
-[[nodiscard]] int AppendRecord(UnitOfWork& work, const std::string& path,
-                               typename Format::Record& record) {
+[[nodiscard]] int AppendRecords(UnitOfWork& work, const std::string& path,
+                                std::span<typename Format::Record> records) {
   AppendPlace place;
   int code = OpenForAppend(work, path, Format::kSize, Format::kInitialLastId, place);
-  if (code == 0 && record.Id == 0) code = NoteNextId(work, place, record.Id);
-  if (code == 0) NoteRecord(work, place, Format::Encode(record));
+  if (code == 0) code = NoteAppended<Format>(work, place, records);
   return code;
+}
+
+/// The same for one record.
+template <typename Format>
+[[nodiscard]] int AppendRecord(UnitOfWork& work, const std::string& path,
+                               typename Format::Record& record) {
+  return AppendRecords<Format>(work, path, std::span(&record, 1));
 }
 
 /// The same for a file that `work` already holds, because a record in it changes too.
@@ -145,8 +170,7 @@ template <typename Format>
                                typename Format::Record& record) {
   AppendPlace place;
   int code = FindAppendPlace(work, file, Format::kSize, place);
-  if (code == 0 && record.Id == 0) code = NoteNextId(work, place, record.Id);
-  if (code == 0) NoteRecord(work, place, Format::Encode(record));
+  if (code == 0) code = NoteAppended<Format>(work, place, std::span(&record, 1));
   return code;
 }
 

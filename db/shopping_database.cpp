@@ -2,7 +2,8 @@
 
 #include <string_view>
 
-#include "db/error_codes.h"
+#include "db/new_names.h"
+#include "db/unit_of_work.h"
 
 namespace brovanta {
 namespace {
@@ -19,22 +20,15 @@ void AppendName(std::string& path, std::string_view name) {
   path = (path.append(name)).substr(0, kMaxPathLength);
 }
 
-// An entry that the file cannot take is not kept in memory either.
 int Resolve(NameList& list, const std::string& path, NameRef* reference) {
-  if (reference == nullptr || reference->Id != 0) return 0;
-  if (const int code = list.EnsureLoaded(path); code != 0) return code;
-  const std::optional<std::int32_t> id = list.NextOwnId();
-  if (!id) return ERR_IO;
-  ListItem item;
-  item.Id = *id;
-  item.Name.Assign(reference->Name);
-  list.Insert(item);
-  if (const int code = list.Save(path); code != 0) {
-    list.Erase(*id);
-    return code;
-  }
-  reference->Id = *id;
-  return 0;
+  if (reference == nullptr) return 0;
+  NewNames names(list, path);
+  if (const int code = names.Resolve(*reference); code != 0 || names.empty()) return code;
+  UnitOfWork work;
+  if (const int code = names.NoteSave(work); code != 0) return code;
+  const int code = work.Commit();
+  if (code == 0) names.Keep();
+  return code;
 }
 
 }  // namespace
