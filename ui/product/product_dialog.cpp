@@ -1,5 +1,7 @@
 #include "ui/product/product_dialog.h"
 
+#include <QShortcut>
+
 #include "ui/base/color_button.h"
 #include "ui/base/date_field.h"
 #include "ui/base/input_panel.h"
@@ -80,6 +82,11 @@ void ProductDialog::SetUpInput() {
           &ProductDialog::OnPurchaseTypeChanged);
   connect(form_->okButton, &QPushButton::clicked, this, &ProductDialog::Accept);
   connect(form_->cancelButton, &QPushButton::clicked, this, &ProductDialog::reject);
+  // In the notes Enter is a line break.
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+    connect(new QShortcut(QKeySequence(int(Qt::CTRL) | key), this), &QShortcut::activated, this,
+            &ProductDialog::Accept);
+  }
   form_->productNameEdit->setFocus();
 }
 

@@ -10,9 +10,9 @@
 
 namespace brovanta {
 
-// Shows the message and leads the user to what it speaks of; always false.
+// Shows the message and leads the user to the field it speaks of, if any; always false.
 bool ProductDialog::Refuse(const char* message, QWidget* field) {
-  form_->tabBar->setCurrentIndex(0);
+  if (field != nullptr) form_->tabBar->setCurrentIndex(0);
   ShowMessage(this, QLatin1String(message));
   if (field != nullptr) field->setFocus();
   return false;
@@ -85,13 +85,14 @@ bool ProductDialog::ReadSchedule(ProductFields& fields) {
 }
 
 // Notes that were not touched are written back as they stood; typed line breaks are stored as CR
-// LF.
+// LF. The raw text, because toPlainText() makes blanks of no-break spaces.
 std::string ProductDialog::NotesText() const {
   if (record_ && !form_->notesEdit->document()->isModified()) {
     return std::string(record_->Notes.view());
   }
-  QString notes = form_->notesEdit->toPlainText();
-  notes.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+  QString notes = form_->notesEdit->document()->toRawText();
+  notes.replace(QChar(QChar::ParagraphSeparator), QStringLiteral("\r\n"));
+  notes.replace(QChar(QChar::LineSeparator), QStringLiteral("\r\n"));
   return NarrowText(notes).substr(0, kLongTextSize);
 }
 
