@@ -205,7 +205,7 @@ TEST_F(ProductDialogTest, TheInputPanelComesForTextAndGoesForLists) {
     Find("okButton")->setFocus();
     panel_calls.clear();
     Find("notesEdit")->setFocus();
-    EXPECT_EQ(panel_calls, QList<bool>());
+    EXPECT_TRUE(panel_calls.isEmpty());
   });
   SetInputPanelHandler(before);
 }
