@@ -28,6 +28,11 @@ ModalDialog::ModalDialog(QWidget* parent, int cancel_result)
   connect(qApp, &QApplication::focusChanged, this, &ModalDialog::KeepFocusVisible);
 }
 
+ModalDialog::~ModalDialog() {
+  // The focus still moves while the parts of the dialog are destroyed.
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
 void ModalDialog::reject() { done(cancel_result_); }
 
 void ModalDialog::setVisible(bool visible) {

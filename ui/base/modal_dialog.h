@@ -21,6 +21,8 @@ class ModalDialog : public QDialog {
 
   explicit ModalDialog(QWidget* parent, int cancel_result = kCancelled);
 
+  ~ModalDialog() override;
+
   /// Ends with the cancel result.
   void reject() override;
 
