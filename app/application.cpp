@@ -1,0 +1,42 @@
+#include "app/application.h"
+
+#include <QApplication>
+#include <memory>
+
+#include "db/shopping_database.h"
+#include "platform/app_options.h"
+#include "search/search_manager.h"
+#include "ui/shell/main_dialog.h"
+
+namespace brovanta {
+
+namespace {
+
+void BringToFront(QWidget* window) {
+  window->setWindowState((window->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+  window->raise();
+  window->activateWindow();
+}
+
+}  // namespace
+
+Application::Application(platform::RegistryStore store, std::string data_folder)
+    : store_(std::move(store)), data_folder_(std::move(data_folder)) {}
+
+bool Application::InitInstance() {
+  AppOptions options(store_, AppOptions::kKeyPath);
+  MainDialog dialog(options, std::make_unique<ShoppingDatabase>(),
+                    std::make_unique<SearchManager>(), data_folder_);
+  main_window_ = &dialog;
+  dialog.exec();
+  return false;
+}
+
+void Application::RaiseWindow() {
+  if (main_window_ == nullptr) return;
+  BringToFront(main_window_);
+  QWidget* const dialog = QApplication::activeModalWidget();
+  if (dialog != nullptr && dialog != main_window_) BringToFront(dialog);
+}
+
+}  // namespace brovanta

@@ -1,0 +1,32 @@
+// The application object: the order in which the program comes up and goes down.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <string>
+
+#include "platform/registry.h"
+
+namespace brovanta {
+
+/// Owns the settings for the whole run. The database and the search manager belong to the main
+/// dialog, which gives them up when its window closes.
+class Application {
+ public:
+  /// Settings from the store, records from the data folder (native path, "" the working folder).
+  Application(platform::RegistryStore store, std::string data_folder);
+
+  /// Loads the settings, builds the main dialog and runs it modally. Always returns false: the
+  /// program is over when the dialog has closed, and there is no other main loop.
+  bool InitInstance();
+
+  /// Brings the open windows to the front.
+  void RaiseWindow();
+
+ private:
+  platform::RegistryStore store_;
+  std::string data_folder_;
+  QPointer<QWidget> main_window_;
+};
+
+}  // namespace brovanta

@@ -1,0 +1,85 @@
+#include "app/first_run_setup.h"
+
+#include <cerrno>
+#include <cstring>
+#include <optional>
+
+#include "app/user_folders.h"
+#include "db/name_list.h"
+#include "platform/file.h"
+
+namespace brovanta {
+
+namespace {
+
+using platform::RegistryKey;
+using platform::RegistryStore;
+
+constexpr const char* kInstallPath = "InstallPath";
+constexpr const char* kUpdateServer = "UpdateServer";
+constexpr std::size_t kInstallPathBuffer = 500;  ///< bytes of wide text
+constexpr std::size_t kLongestPath = 249;
+/// Behind it the longest name in the folder must fit: "\WebSearch\2147483647.dat".
+constexpr std::size_t kLongestFolder = 220;
+
+std::optional<std::string> Stored(const RegistryStore& store, const char* name) {
+  const auto key = RegistryKey::Open(store, kProgramKey);
+  return key ? key->QueryText(name, kInstallPathBuffer) : std::nullopt;
+}
+
+/// Whether a value of that name is there at all, readable for us or not.
+bool IsThere(const RegistryStore& store, const char* name) {
+  const auto key = RegistryKey::Open(store, kProgramKey);
+  return key && key->Query(name).has_value();
+}
+
+void StoreMissing(const RegistryStore& store, const char* name, const std::string& value) {
+  if (IsThere(store, name)) return;
+  auto key = RegistryKey::Create(store, kProgramKey);
+  // Without a place for settings the program runs on its defaults, and asks again at the next
+  // start.
+  if (key) key->SetText(name, value);
+}
+
+}  // namespace
+
+void SetUpUpdateServer(const RegistryStore& store) {
+  StoreMissing(store, kUpdateServer, kDefaultUpdateServer);
+}
+
+std::string SetUpUserData(const RegistryStore& store, const std::string& default_folder) {
+  StoreMissing(store, kInstallPath, default_folder);
+  SetUpUpdateServer(store);
+  std::string folder = default_folder;
+  if (IsThere(store, kInstallPath)) folder = Stored(store, kInstallPath).value_or(std::string());
+  folder.resize(std::min(folder.size(), kLongestPath));
+  if (folder == default_folder) {
+    // What goes wrong here, the screens report when they open their files.
+    static_cast<void>(MakeFolder(folder));
+  }
+  return folder;
+}
+
+std::string SetUpThrowAwayFolder(std::string& folder) {
+  if (!MakeFolder(folder)) {
+    return "cannot make the folder '" + folder + "': " + std::strerror(errno);
+  }
+  folder = CanonicalFolder(folder);
+  if (!IsWritableFolder(folder)) return "cannot write in the folder '" + folder + "'";
+  if (folder.size() > kLongestFolder) {
+    return "the name of the folder '" + folder + "' is too long (at most 220 bytes)";
+  }
+  return {};
+}
+
+bool SeedNameLists(const std::string& folder) {
+  bool complete = true;
+  for (const char* const name : {"store.lst", "category.lst", "unit.lst"}) {
+    const std::string path = folder.empty() ? name : folder + "\\" + name;
+    if (platform::FileExists(path)) continue;
+    if (!platform::ReplaceFile(path, NameList().Encode())) complete = false;
+  }
+  return complete;
+}
+
+}  // namespace brovanta

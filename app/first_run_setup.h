@@ -1,0 +1,31 @@
+// Plays the installer: whatever the program expects to find at its start is there afterwards.
+#pragma once
+
+#include <string>
+
+#include "platform/registry.h"
+
+namespace brovanta {
+
+inline constexpr const char* kProgramKey = "Software\\Brovanta";
+inline constexpr const char* kDefaultUpdateServer = "http://localhost:8427";
+
+/// Writes "InstallPath" (the default folder) and "UpdateServer" where they are missing, and makes
+/// the default folder when it is the one in use: a folder chosen by hand that is gone, on a card
+/// that is not in its slot, is not made anew. Returns the data folder; the default one where the
+/// settings can be neither read nor written.
+[[nodiscard]] std::string SetUpUserData(const platform::RegistryStore& store,
+                                        const std::string& default_folder);
+
+/// Makes a throw-away folder, whose settings lie in it, and gives `folder` its absolute name.
+/// Returns what is wrong with it in a sentence for a person, nothing when it can be used.
+[[nodiscard]] std::string SetUpThrowAwayFolder(std::string& folder);
+
+/// Writes "UpdateServer" where it is missing.
+void SetUpUpdateServer(const platform::RegistryStore& store);
+
+/// Puts an empty list in the place of every name list that is missing; never touches one that is
+/// there. False when one could not be written.
+bool SeedNameLists(const std::string& folder);
+
+}  // namespace brovanta

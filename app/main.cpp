@@ -1,0 +1,33 @@
+#include <QApplication>
+#include <cstdio>
+
+#include "app/command_line.h"
+#include "app/start_up.h"
+
+int main(int argc, char** argv) {
+  using brovanta::CommandLine;
+  const CommandLine line =
+      brovanta::ParseCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+  switch (line.action) {
+    case CommandLine::Action::kShowVersion:
+      std::puts("brovanta " BROVANTA_VERSION);
+      return brovanta::kExitWell;
+    case CommandLine::Action::kShowHelp:
+      std::fputs(brovanta::HelpText(), stdout);
+      return brovanta::kExitWell;
+    case CommandLine::Action::kRefuse:
+      std::fprintf(stderr, "brovanta: %s\nTry 'brovanta --help'.\n", line.problem.c_str());
+      return brovanta::kExitArguments;
+    case CommandLine::Action::kRun:
+      break;
+  }
+  if (!brovanta::HasScreen()) {
+    std::fputs("brovanta: there is no screen to show a window on\n", stderr);
+    return brovanta::kExitNoData;
+  }
+  // The arguments are all our own; the toolkit's go by its environment variables.
+  int toolkit_argc = argc > 0 ? 1 : 0;
+  const QApplication application(toolkit_argc, argv);
+  brovanta::PrepareToolkit();
+  return brovanta::RunProgram(line);
+}

@@ -1,0 +1,84 @@
+#include "app/start_up.h"
+
+#include <unistd.h>
+
+#include <QApplication>
+#include <clocale>
+#include <cstdio>
+
+#include "app/application.h"
+#include "app/first_run_setup.h"
+#include "app/single_instance.h"
+#include "app/user_folders.h"
+#include "ui/base/icons.h"
+#include "ui/base/theme.h"
+
+namespace brovanta {
+
+namespace {
+
+constexpr int kProgramIcon = 128;
+constexpr int kPatience = 5000;
+
+void Complain(const std::string& sentence) {
+  std::fprintf(stderr, "brovanta: %s\n", sentence.c_str());
+}
+
+int RunOn(const platform::RegistryStore& store, const std::string& data_folder) {
+  SingleInstance instance(data_folder);
+  switch (instance.Claim(kPatience)) {
+    case SingleInstance::Outcome::kRaised:
+      return kExitWell;
+    case SingleInstance::Outcome::kSilent:
+      Complain("the program is running on '" + data_folder + "' already, but does not answer");
+      return kExitNoData;
+    case SingleInstance::Outcome::kFirst:
+      break;
+  }
+  if (!SeedNameLists(data_folder)) Complain("cannot write in the folder '" + data_folder + "'");
+  // Bare file names mean files in the data folder from here on.
+  if (!data_folder.empty() && chdir(data_folder.c_str()) != 0) {
+    Complain("cannot work in the folder '" + data_folder + "'");
+  }
+  Application application(store, data_folder);
+  instance.SetRaiseHandler([&application] { application.RaiseWindow(); });
+  application.InitInstance();
+  instance.SetRaiseHandler(nullptr);
+  return kExitWell;
+}
+
+}  // namespace
+
+bool HasScreen() {
+  return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("WAYLAND_SOCKET") ||
+         !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+void PrepareToolkit() {
+  // The toolkit takes the user's locale over; files and fields have points in their numbers.
+  std::setlocale(LC_NUMERIC, "C");
+  QCoreApplication::setApplicationName(QStringLiteral("brovanta"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("brovanta"));
+  QApplication::setWindowIcon(NumberedIcon(kProgramIcon));
+  ApplyTheme(*qApp);
+}
+
+int RunProgram(const CommandLine& line) {
+  if (line.data_folder.empty()) {
+    const platform::RegistryStore store(UserRegistryFile());
+    return RunOn(store, SetUpUserData(store, UserDataFolder()));
+  }
+  std::string folder = line.data_folder;
+  const std::string problem = SetUpThrowAwayFolder(folder);
+  if (!problem.empty()) {
+    Complain(problem);
+    return kExitNoData;
+  }
+  const platform::RegistryStore store(folder + "/registry.reg");
+  SetUpUpdateServer(store);
+  return RunOn(store, folder);
+}
+
+}  // namespace brovanta

@@ -1,0 +1,22 @@
+// From the arguments to the running program: whose data, whether it is free, what has to be made.
+#pragma once
+
+#include "app/command_line.h"
+
+namespace brovanta {
+
+inline constexpr int kExitWell = 0;
+inline constexpr int kExitNoData = 1;  ///< the data folder cannot be used, or its user is silent
+inline constexpr int kExitArguments = 2;
+
+/// Whether there is a screen to show windows on, as far as the environment says.
+[[nodiscard]] bool HasScreen();
+
+/// Sets the running QApplication up for this program: numbers with a point, name, icon and style.
+void PrepareToolkit();
+
+/// Runs the program on the user's data or the throw-away folder and returns its exit status. What
+/// goes wrong before there is a window is said on the standard error output.
+[[nodiscard]] int RunProgram(const CommandLine& line);
+
+}  // namespace brovanta

@@ -1,0 +1,135 @@
+#include "app/first_run_setup.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "app/user_folders.h"
+#include "tests/support/temp_folder.h"
+
+namespace brovanta {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::RegistryKey;
+using test::Hex;
+
+/// An empty list: file start and file end.
+const test::Bytes kEmptyList = Hex("81 38 01 00 83 38 01 00");
+
+class FirstRunSetupTest : public testing::Test {
+ protected:
+  std::optional<std::string> Value(const char* name) {
+    const auto key = RegistryKey::Open(store_, "Software\\Brovanta");
+    return key ? key->QueryText(name, 500) : std::nullopt;
+  }
+
+  void Store(const char* name, const std::string& value) {
+    auto key = RegistryKey::Create(store_, "Software\\Brovanta");
+    ASSERT_TRUE(key);
+    ASSERT_TRUE(key->SetText(name, value));
+  }
+
+  test::TempFolder folder_;
+  platform::RegistryStore store_{folder_.File("config/registry.reg")};
+  std::string default_folder_ = folder_.File("data/brovanta");
+};
+
+TEST_F(FirstRunSetupTest, TheFirstStartWritesPathAndServerAndMakesTheFolder) {
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), default_folder_);
+  EXPECT_EQ(Value("InstallPath"), default_folder_);
+  EXPECT_EQ(Value("UpdateServer"), "http://localhost:8427");
+  struct stat status {};
+  ASSERT_EQ(stat(default_folder_.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0700U);
+}
+
+TEST_F(FirstRunSetupTest, StoredValuesAreNeverWrittenOver) {
+  const std::string other = folder_.File("card");
+  fs::create_directory(other);
+  Store("InstallPath", other);
+  Store("UpdateServer", "http://update.example:80");
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), other);
+  EXPECT_EQ(Value("InstallPath"), other);
+  EXPECT_EQ(Value("UpdateServer"), "http://update.example:80");
+  EXPECT_FALSE(fs::exists(default_folder_));
+}
+
+TEST_F(FirstRunSetupTest, AnEmptyPathInTheSettingsStaysTheWorkingFolder) {
+  Store("InstallPath", "");
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), "");
+}
+
+TEST_F(FirstRunSetupTest, AChosenFolderThatIsGoneIsNotMadeAnew) {
+  Store("InstallPath", folder_.File("card"));
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), folder_.File("card"));
+  EXPECT_FALSE(fs::exists(folder_.File("card")));
+}
+
+TEST_F(FirstRunSetupTest, TheDefaultFolderIsMadeAnewWhenItIsGone) {
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), default_folder_);
+  fs::remove_all(default_folder_);
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), default_folder_);
+  EXPECT_TRUE(fs::is_directory(default_folder_));
+}
+
+TEST_F(FirstRunSetupTest, APathIsCutAt249Bytes) {
+  std::string umlauts = "/";
+  for (int i = 0; i < 130; ++i) umlauts += "\xC3\xA4";
+  Store("InstallPath", umlauts);
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), umlauts.substr(0, 249));
+}
+
+TEST_F(FirstRunSetupTest, APathBeyondTheBufferIsAsGoodAsNone) {
+  Store("InstallPath", "/" + std::string(249, 'a'));
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), "");
+}
+
+TEST_F(FirstRunSetupTest, WithoutAPlaceForSettingsTheDefaultsAreUsed) {
+  folder_.WriteText("config", "a file where the folder would be");
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), default_folder_);
+  EXPECT_TRUE(fs::is_directory(default_folder_));
+}
+
+TEST_F(FirstRunSetupTest, MissingListsAreSeededWithEightBytes) {
+  EXPECT_TRUE(SeedNameLists(folder_.path()));
+  for (const char* const name : {"store.lst", "category.lst", "unit.lst"}) {
+    EXPECT_EQ(folder_.Read(name), kEmptyList) << name;
+  }
+}
+
+TEST_F(FirstRunSetupTest, AListThatIsThereIsNeverTouchedNotEvenADamagedOne) {
+  folder_.WriteText("store.lst", "damaged");
+  folder_.WriteText("unit.lst", "");
+  EXPECT_TRUE(SeedNameLists(folder_.path()));
+  EXPECT_EQ(folder_.ReadText("store.lst"), "damaged");
+  EXPECT_EQ(folder_.ReadText("unit.lst"), "");
+  EXPECT_EQ(folder_.Read("category.lst"), kEmptyList);
+}
+
+TEST_F(FirstRunSetupTest, ListsThatCannotBeWrittenAreReported) {
+  EXPECT_FALSE(SeedNameLists(folder_.File("missing")));
+}
+
+TEST_F(FirstRunSetupTest, AThrowAwayFolderIsMadeAndNamedInFull) {
+  std::string folder = folder_.File("a/./b");
+  EXPECT_EQ(SetUpThrowAwayFolder(folder), "");
+  EXPECT_EQ(folder, CanonicalFolder(folder_.File("a/b")));
+  EXPECT_TRUE(fs::is_directory(folder));
+}
+
+TEST_F(FirstRunSetupTest, AThrowAwayFolderThatCannotBeMadeIsReported) {
+  folder_.WriteText("file", "");
+  std::string folder = folder_.File("file/below");
+  EXPECT_THAT(SetUpThrowAwayFolder(folder), testing::HasSubstr("cannot make the folder"));
+}
+
+TEST_F(FirstRunSetupTest, AThrowAwayFolderTooDeepForItsFilesIsReported) {
+  std::string folder = folder_.File(std::string(110, 'a') + "/" + std::string(110, 'b'));
+  EXPECT_THAT(SetUpThrowAwayFolder(folder), testing::HasSubstr("too long"));
+}
+
+}  // namespace
+}  // namespace brovanta

@@ -1,0 +1,147 @@
+#include "app/single_instance.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLocalSocket>
+#include <QTest>
+#include <QThread>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "tests/support/temp_folder.h"
+
+namespace brovanta {
+namespace {
+
+using Outcome = SingleInstance::Outcome;
+constexpr int kPatience = 5000;
+
+class SingleInstanceTest : public testing::Test {
+ protected:
+  SingleInstanceTest() { qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(folder_.path())); }
+  ~SingleInstanceTest() override { qunsetenv("XDG_RUNTIME_DIR"); }
+
+  /// Starts a second one in a thread of its own while the first runs its event loop here.
+  Outcome SecondClaim(const std::string& data_folder, int patience = kPatience) {
+    std::optional<Outcome> outcome;
+    const std::unique_ptr<QThread> thread(QThread::create([&outcome, &data_folder, patience] {
+      SingleInstance second(data_folder);
+      outcome = second.Claim(patience);
+    }));
+    thread->start();
+    EXPECT_TRUE(QTest::qWaitFor([&thread] { return thread->isFinished(); }, 3 * kPatience));
+    return *outcome;
+  }
+
+  test::TempFolder folder_;
+  test::TempFolder data_;
+};
+
+TEST_F(SingleInstanceTest, TheFirstHasTheFolderToItself) {
+  SingleInstance first(data_.path());
+  EXPECT_EQ(first.Claim(0), Outcome::kFirst);
+}
+
+TEST_F(SingleInstanceTest, TheSecondShowsTheWindowOfTheFirst) {
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  int raised = 0;
+  first.SetRaiseHandler([&raised] { ++raised; });
+  EXPECT_EQ(SecondClaim(data_.path()), Outcome::kRaised);
+  EXPECT_EQ(raised, 1);
+  EXPECT_EQ(SecondClaim(data_.path()), Outcome::kRaised);
+  EXPECT_EQ(raised, 2);
+}
+
+TEST_F(SingleInstanceTest, AnotherNameOfTheSameFolderIsTheSameFolder) {
+  std::filesystem::create_symlink(data_.path(), folder_.File("link"));
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  EXPECT_EQ(SecondClaim(folder_.File("link")), Outcome::kRaised);
+}
+
+TEST_F(SingleInstanceTest, AnotherFolderIsFree) {
+  const test::TempFolder other;
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  EXPECT_EQ(SecondClaim(other.path()), Outcome::kFirst);
+}
+
+TEST_F(SingleInstanceTest, AfterTheFirstHasEndedTheFolderIsFree) {
+  {
+    SingleInstance first(data_.path());
+    ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  }
+  SingleInstance second(data_.path());
+  EXPECT_EQ(second.Claim(0), Outcome::kFirst);
+}
+
+TEST_F(SingleInstanceTest, TheSocketOfADeadProgramDoesNotBlock) {
+  SingleInstance first(data_.path());
+  QFile dead(first.socket_path());
+  ASSERT_TRUE(dead.open(QIODevice::WriteOnly));
+  dead.close();
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  first.SetRaiseHandler([] {});
+  EXPECT_EQ(SecondClaim(data_.path()), Outcome::kRaised);
+}
+
+TEST_F(SingleInstanceTest, AFirstThatDoesNotAnswerIsGivenUpOn) {
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  // No event loop runs here, so nothing is answered.
+  SingleInstance second(data_.path());
+  QElapsedTimer timer;
+  timer.start();
+  EXPECT_EQ(second.Claim(100), Outcome::kSilent);
+  EXPECT_GE(timer.elapsed(), 100);
+}
+
+TEST_F(SingleInstanceTest, TheTokenOfTheNewerStartIsPassedOn) {
+  qunsetenv("XDG_ACTIVATION_TOKEN");
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  QByteArray token;
+  first.SetRaiseHandler([&token] { token = qgetenv("XDG_ACTIVATION_TOKEN"); });
+  QLocalSocket socket;
+  socket.connectToServer(first.socket_path());
+  socket.write("raise abc-123\n");
+  EXPECT_TRUE(QTest::qWaitFor([&socket] { return socket.canReadLine(); }, kPatience));
+  EXPECT_EQ(socket.readAll(), "raised\n");
+  EXPECT_EQ(token, "abc-123");
+  qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+TEST_F(SingleInstanceTest, ForeignWordsOnTheSocketAreNotAnswered) {
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  int raised = 0;
+  first.SetRaiseHandler([&raised] { ++raised; });
+  for (const QByteArray& words : {QByteArray("quit\n"), QByteArray(5000, 'x')}) {
+    QLocalSocket socket;
+    socket.connectToServer(first.socket_path());
+    socket.write(words);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&socket] { return socket.state() == QLocalSocket::UnconnectedState; }, kPatience));
+    EXPECT_EQ(socket.bytesAvailable(), 0);
+  }
+  EXPECT_EQ(raised, 0);
+}
+
+TEST_F(SingleInstanceTest, AFolderThatIsNotThereCountsAsFree) {
+  SingleInstance first(data_.File("missing"));
+  EXPECT_EQ(first.Claim(0), Outcome::kFirst);
+}
+
+TEST_F(SingleInstanceTest, NothingIsLeftInTheDataFolder) {
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  EXPECT_TRUE(std::filesystem::is_empty(data_.path()));
+}
+
+}  // namespace
+}  // namespace brovanta

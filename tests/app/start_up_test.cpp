@@ -1,0 +1,203 @@
+// Starts the program itself.
+#include "app/start_up.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTest>
+#include <clocale>
+#include <filesystem>
+#include <memory>
+
+#include "app/single_instance.h"
+#include "tests/support/temp_folder.h"
+
+namespace brovanta {
+namespace {
+
+using testing::HasSubstr;
+namespace fs = std::filesystem;
+
+constexpr int kPatience = 20000;
+
+class StartUpTest : public testing::Test {
+ protected:
+  StartUpTest() {
+    environment_ = QProcessEnvironment::systemEnvironment();
+    for (const char* const name : {"config", "data", "runtime"}) {
+      fs::create_directory(folder_.File(name));
+      fs::permissions(folder_.File(name), fs::perms(0700));
+    }
+    const auto set = [this](const char* name, const std::string& value) {
+      environment_.insert(QLatin1String(name), QString::fromStdString(value));
+    };
+    set("XDG_CONFIG_HOME", folder_.File("config"));
+    set("XDG_DATA_HOME", folder_.File("data"));
+    set("XDG_RUNTIME_DIR", folder_.File("runtime"));
+    set("QT_QPA_PLATFORM", "offscreen");
+    qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(folder_.File("runtime")));
+  }
+
+  ~StartUpTest() override {
+    for (const auto& process : started_) {
+      process->kill();
+      process->waitForFinished(kPatience);
+    }
+  }
+
+  QProcess& Start(const QStringList& arguments) {
+    started_.push_back(std::make_unique<QProcess>());
+    QProcess& process = *started_.back();
+    process.setProcessEnvironment(environment_);
+    process.start(QStringLiteral(BROVANTA_PROGRAM), arguments);
+    EXPECT_TRUE(process.waitForStarted(kPatience));
+    return process;
+  }
+
+  /// Starts the program and waits until it has its data folder to itself.
+  QProcess& StartFirst(const QStringList& arguments, const std::string& data_folder) {
+    QProcess& process = Start(arguments);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&data_folder] {
+          QLocalSocket socket;
+          socket.connectToServer(SingleInstance(data_folder).socket_path());
+          return socket.waitForConnected(0);
+        },
+        kPatience));
+    return process;
+  }
+  QProcess& StartFirst() { return StartFirst(DataFolder(), folder_.File("throw away")); }
+
+  /// Starts the program and waits for its end.
+  QProcess& Run(const QStringList& arguments) {
+    QProcess& process = Start(arguments);
+    EXPECT_TRUE(process.waitForFinished(kPatience));
+    return process;
+  }
+
+  QStringList DataFolder() const {
+    return {QStringLiteral("--data-folder"), QString::fromStdString(folder_.File("throw away"))};
+  }
+
+  test::TempFolder folder_;
+  QProcessEnvironment environment_;
+  std::vector<std::unique_ptr<QProcess>> started_;
+};
+
+TEST_F(StartUpTest, VersionIsPrintedWithoutAScreen) {
+  environment_.remove(QStringLiteral("QT_QPA_PLATFORM"));
+  environment_.remove(QStringLiteral("DISPLAY"));
+  QProcess& process = Run({QStringLiteral("--version")});
+  EXPECT_EQ(process.exitCode(), 0);
+  EXPECT_THAT(process.readAllStandardOutput().toStdString(),
+              testing::MatchesRegex("brovanta [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST_F(StartUpTest, HelpIsPrinted) {
+  QProcess& process = Run({QStringLiteral("--help")});
+  EXPECT_EQ(process.exitCode(), 0);
+  EXPECT_THAT(process.readAllStandardOutput().toStdString(), HasSubstr("Usage: brovanta"));
+}
+
+TEST_F(StartUpTest, WrongArgumentsEndWithTwoAndAClearWord) {
+  QProcess& process = Run({QStringLiteral("--colour")});
+  EXPECT_EQ(process.exitCode(), 2);
+  EXPECT_EQ(process.readAllStandardError().toStdString(),
+            "brovanta: unknown option '--colour'\nTry 'brovanta --help'.\n");
+  EXPECT_EQ(process.readAllStandardOutput(), QByteArray());
+}
+
+TEST_F(StartUpTest, WithoutAScreenItSaysSoAndEnds) {
+  for (const char* const name :
+       {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET"}) {
+    environment_.remove(QLatin1String(name));
+  }
+  QProcess& process = Run(DataFolder());
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(process.exitCode(), 1);
+  EXPECT_THAT(process.readAllStandardError().toStdString(), HasSubstr("no screen"));
+}
+
+TEST_F(StartUpTest, ADataFolderThatCannotBeMadeEndsWithOne) {
+  folder_.WriteText("file", "");
+  QProcess& process =
+      Run({QStringLiteral("--data-folder"), QString::fromStdString(folder_.File("file/below"))});
+  EXPECT_EQ(process.exitCode(), 1);
+  EXPECT_THAT(process.readAllStandardError().toStdString(), HasSubstr("cannot make the folder"));
+}
+
+TEST_F(StartUpTest, AThrowAwayFolderHoldsEverythingAndNothingElseIsTouched) {
+  StartFirst();
+  EXPECT_EQ(Run(DataFolder()).exitCode(), 0);
+  for (const char* const name : {"store.lst", "category.lst", "unit.lst", "registry.reg"}) {
+    EXPECT_TRUE(fs::exists(folder_.File("throw away") + "/" + name)) << name;
+  }
+  EXPECT_TRUE(fs::is_empty(folder_.File("config")));
+  EXPECT_TRUE(fs::is_empty(folder_.File("data")));
+}
+
+TEST_F(StartUpTest, TheFirstStartOfAUserMakesFolderListsAndSettings) {
+  StartFirst({}, folder_.File("data/brovanta"));
+  EXPECT_EQ(Run({}).exitCode(), 0);
+  EXPECT_EQ(folder_.Read("data/brovanta/store.lst"), test::Hex("81 38 01 00 83 38 01 00"));
+  EXPECT_TRUE(folder_.Read("data/brovanta/category.lst"));
+  EXPECT_TRUE(folder_.Read("data/brovanta/unit.lst"));
+  EXPECT_THAT(folder_.ReadText("config/brovanta/registry.reg").value_or(""),
+              HasSubstr("InstallPath"));
+}
+
+TEST_F(StartUpTest, ASecondStartEndsWithZeroAndLeavesTheFirstRunning) {
+  const QProcess& first = StartFirst();
+  QProcess& second = Run(DataFolder());
+  EXPECT_EQ(second.exitCode(), 0);
+  EXPECT_EQ(second.readAllStandardError(), QByteArray());
+  EXPECT_EQ(first.state(), QProcess::Running);
+}
+
+TEST_F(StartUpTest, OfTwoStartsAtOnceExactlyOneRuns) {
+  QProcess& one = Start(DataFolder());
+  QProcess& other = Start(DataFolder());
+  ASSERT_TRUE(QTest::qWaitFor(
+      [&] { return one.state() == QProcess::NotRunning || other.state() == QProcess::NotRunning; },
+      kPatience));
+  QProcess& ended = one.state() == QProcess::NotRunning ? one : other;
+  QProcess& running = &ended == &one ? other : one;
+  EXPECT_EQ(ended.exitCode(), 0);
+  EXPECT_EQ(running.state(), QProcess::Running);
+  EXPECT_EQ(Run(DataFolder()).exitCode(), 0);
+  EXPECT_EQ(running.state(), QProcess::Running);
+}
+
+TEST_F(StartUpTest, AKilledProgramDoesNotBlockTheNextStart) {
+  QProcess& first = StartFirst();
+  EXPECT_EQ(Run(DataFolder()).exitCode(), 0);
+  first.kill();
+  ASSERT_TRUE(first.waitForFinished(kPatience));
+  QProcess& next = StartFirst();
+  EXPECT_EQ(Run(DataFolder()).exitCode(), 0);
+  EXPECT_EQ(next.state(), QProcess::Running);
+}
+
+TEST_F(StartUpTest, ProgramsOnDifferentFoldersRunSideBySide) {
+  const QProcess& first = StartFirst();
+  const QStringList elsewhere = {QStringLiteral("--data-folder"),
+                                 QString::fromStdString(folder_.File("other"))};
+  const QProcess& other = StartFirst(elsewhere, folder_.File("other"));
+  EXPECT_EQ(Run(DataFolder()).exitCode(), 0);
+  EXPECT_EQ(Run(elsewhere).exitCode(), 0);
+  EXPECT_EQ(first.state(), QProcess::Running);
+  EXPECT_EQ(other.state(), QProcess::Running);
+}
+
+TEST_F(StartUpTest, NumbersKeepTheirPointAndTheWindowItsIcon) {
+  PrepareToolkit();
+  EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+  EXPECT_FALSE(QApplication::windowIcon().isNull());
+  EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("brovanta"));
+}
+
+}  // namespace
+}  // namespace brovanta
