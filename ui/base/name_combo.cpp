@@ -3,6 +3,8 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "ui/base/wide_text.h"
 #include "util/word_search.h"
@@ -36,6 +38,18 @@ void NameCombo::Fill(const NameList& names) {
   setCurrentIndex(0);
 }
 
+void NameCombo::FillSorted(const NameList& names) {
+  std::vector<std::pair<QString, int>> items;
+  for (const auto& [id, item] : names) items.emplace_back(WideText(item.Name.view()), id);
+  std::stable_sort(items.begin(), items.end(), [](const auto& left, const auto& right) {
+    return left.first.compare(right.first, Qt::CaseInsensitive) < 0;
+  });
+  clear();
+  addItem(QString(), 0);
+  for (const auto& [name, id] : items) addItem(name, id);
+  setCurrentIndex(0);
+}
+
 void NameCombo::SelectId(std::uint32_t id) {
   if (id == 0) return;
   const int index = findData(static_cast<int>(id));
@@ -46,6 +60,8 @@ bool NameCombo::IsTooLong() const { return currentText().size() > kNameLimit; }
 
 int NameCombo::FindItem() const {
   const QString text = currentText();
+  // Of several entries with one name it is the selected one, or an edit would exchange them.
+  if (currentIndex() >= 0 && itemText(currentIndex()) == text) return currentIndex();
   const int whole = findText(text, Qt::MatchFixedString);
   if (whole >= 0) return whole;
   const std::string stored = StoredForm(text);

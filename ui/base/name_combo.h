@@ -22,6 +22,9 @@ class NameCombo : public QComboBox {
   /// The empty item, then the entries in the list's order.
   void Fill(const NameList& names);
 
+  /// The same, sorted by name without regard to letter case.
+  void FillSorted(const NameList& names);
+
   /// Selects the first item with this id; does nothing for 0 or an id that is not there.
   void SelectId(std::uint32_t id);
 

@@ -48,11 +48,30 @@ TEST_F(NameComboTest, StartsWithAnEmptyItemAndFollowsTheList) {
   EXPECT_EQ(combo_.currentText(), QString());
 }
 
+TEST_F(NameComboTest, CanSortTheNamesWithoutRegardToLetterCase) {
+  names_.Insert(Item(3, "bakery"));
+  combo_.FillSorted(names_);
+  QStringList texts;
+  for (int i = 0; i < combo_.count(); ++i) texts.append(combo_.itemText(i));
+  EXPECT_EQ(texts.join(QLatin1Char('|')).toStdString(), "|Aldi|bakery|Corner Shop|M\u00FCller");
+  EXPECT_EQ(combo_.itemData(0).toInt(), 0);
+  EXPECT_EQ(combo_.itemData(2).toInt(), 3);
+  EXPECT_EQ(combo_.currentText(), QString());
+}
+
 TEST_F(NameComboTest, AnEmptyTextIsNoReference) {
   EXPECT_FALSE(combo_.Reference().has_value());
   Type(QStringLiteral("x"));
   Type(QString());
   EXPECT_FALSE(combo_.Reference().has_value());
+}
+
+TEST_F(NameComboTest, OfTwoEntriesWithOneNameTheSelectedOneCounts) {
+  names_.Insert(Item(5002, "Aldi"));
+  combo_.Fill(names_);
+  combo_.SelectId(5002);
+  ASSERT_TRUE(combo_.Reference().has_value());
+  EXPECT_EQ(combo_.Reference()->Id, 5002);
 }
 
 TEST_F(NameComboTest, AKnownNameInAnotherLetterCasePicksItsId) {
