@@ -5,6 +5,7 @@
 #include "ui/base/color_button.h"
 #include "ui/base/date_field.h"
 #include "ui/base/input_panel.h"
+#include "ui/base/notes_field.h"
 #include "ui/base/wide_text.h"
 #include "ui/product/coupon_row.h"
 #include "ui/product/product_numbers.h"
@@ -101,7 +102,7 @@ void ProductDialog::SetUpCoupons() {
 
 void ProductDialog::ShowRecord() {
   form_->productNameEdit->setText(WideText(record_->Name.view()));
-  ShowNotes();
+  ShowNotes(*form_->notesEdit, record_->Notes.view());
   const int code = PurchaseTypeCode(record_->PurchaseKind, record_->Every);
   form_->purchaseTypeBox->setCurrentIndex(form_->purchaseTypeBox->findData(code));
   form_->unitTypeBox->SelectId(record_->UnitId);
@@ -110,12 +111,6 @@ void ProductDialog::ShowRecord() {
   form_->taxEdit->setText(AmountText(record_->TaxPercent));
   form_->quantityEdit->setText(QuantityText(record_->Quantity));
   form_->unitPriceEdit->setText(AmountText(record_->UnitPrice));
-}
-
-void ProductDialog::ShowNotes() {
-  QString notes = WideText(record_->Notes.view());
-  form_->notesEdit->setPlainText(notes.replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
-  form_->notesEdit->document()->setModified(false);
 }
 
 void ProductDialog::ShowSchedule() {

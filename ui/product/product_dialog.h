@@ -38,7 +38,6 @@ class ProductDialog : public ModalDialog {
   void SetUpInput();
   void SetUpCoupons();
   void ShowRecord();
-  void ShowNotes();
   void ShowSchedule();
   void ShowDateField();
   void ShowDayField(const DayChoice& choice);
@@ -47,7 +46,6 @@ class ProductDialog : public ModalDialog {
   void OnTabChanged(int index);
 
   [[nodiscard]] int SelectedType() const;
-  [[nodiscard]] std::string NotesText() const;
   void Accept();
   bool ReadName(ProductFields& fields);
   void ReadNumbers(ProductFields& fields) const;

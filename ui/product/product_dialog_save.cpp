@@ -1,6 +1,7 @@
 // The product dialog's OK: its checks in their order, and the save.
 #include "ui/base/date_field.h"
 #include "ui/base/message_box.h"
+#include "ui/base/notes_field.h"
 #include "ui/base/wide_text.h"
 #include "ui/product/product_dialog.h"
 #include "ui/product/product_numbers.h"
@@ -27,7 +28,7 @@ void ProductDialog::Accept() {
   if (!ReadName(fields)) return;
   ReadNumbers(fields);
   if (!ReadReferences(fields) || !ReadSchedule(fields)) return;
-  fields.notes = NotesText();
+  fields.notes = NotesText(*form_->notesEdit, record_ ? record_->Notes.view() : std::string_view());
   if (record_) fields.short_text = record_->ShortText.view();
   fields.discounts = slots_;
   if (Save(fields)) done(kCompleted);
@@ -82,18 +83,6 @@ bool ProductDialog::ReadSchedule(ProductFields& fields) {
   fields.day_value = static_cast<std::uint16_t>(day);
   fields.start_date = record_ ? record_->StartDate : TodayStamp();
   return true;
-}
-
-// Notes that were not touched are written back as they stood; typed line breaks are stored as CR
-// LF. The raw text, because toPlainText() makes blanks of no-break spaces.
-std::string ProductDialog::NotesText() const {
-  if (record_ && !form_->notesEdit->document()->isModified()) {
-    return std::string(record_->Notes.view());
-  }
-  QString notes = form_->notesEdit->document()->toRawText();
-  notes.replace(QChar(QChar::ParagraphSeparator), QStringLiteral("\r\n"));
-  notes.replace(QChar(QChar::LineSeparator), QStringLiteral("\r\n"));
-  return NarrowText(notes).substr(0, kLongTextSize);
 }
 
 bool ProductDialog::Save(ProductFields& fields) {
