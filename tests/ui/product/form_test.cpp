@@ -1,0 +1,90 @@
+#include "tests/ui/product/form_test.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include "tests/support/form_check.h"
+#include "tests/support/framed_file.h"
+
+namespace brovanta::test {
+
+FormTest::FormTest() {
+  for (const char* list : {"store.lst", "category.lst", "unit.lst"}) {
+    folder_.Write(list, Hex("81 38 01 00 83 38 01 00"));
+  }
+  EXPECT_EQ(database_.Open(folder_.path()), 0);
+  qApp->installEventFilter(this);
+}
+
+FormTest::~FormTest() {
+  qApp->removeEventFilter(this);
+  EXPECT_TRUE(acts_.empty()) << "a dialog did not open";
+}
+
+int FormTest::RunDialog(QDialog& dialog, const Act& act) {
+  InNextDialog(act);
+  return dialog.exec();
+}
+
+bool FormTest::eventFilter(QObject* watched, QEvent* event) {
+  auto* dialog = qobject_cast<QDialog*>(watched);
+  if (dialog != nullptr && event->type() == QEvent::Show &&
+      qobject_cast<QMessageBox*>(dialog) == nullptr) {
+    // Queued: the dialog's own loop has to be running before it can be left.
+    QMetaObject::invokeMethod(
+        this,
+        [this, guarded = QPointer<QDialog>(dialog)] {
+          if (guarded) Play(guarded);
+        },
+        Qt::QueuedConnection);
+  }
+  return false;
+}
+
+void FormTest::Play(QDialog* dialog) {
+  const QPointer<QDialog> before = dialog_;
+  dialog_ = dialog;
+  EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+  if (acts_.empty()) {
+    ADD_FAILURE() << "a dialog opened that nobody waits for";
+  } else {
+    const Act act = acts_.front();
+    acts_.erase(acts_.begin());
+    act();
+  }
+  if (dialog->isVisible()) dialog->reject();
+  dialog_ = before;
+}
+
+void FormTest::Type(const char* name, const QString& text) {
+  auto* field = Find(name);
+  if (auto* combo = qobject_cast<QComboBox*>(field)) field = combo->lineEdit();
+  field->setFocus();
+  QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(field, Qt::Key_Delete);
+  TypeText(field, text);
+}
+
+void FormTest::Choose(const char* name, const QString& item) {
+  auto* combo = Combo(name);
+  const int wanted = combo->findText(item);
+  ASSERT_GE(wanted, 0) << "no item " << item.toStdString();
+  combo->setFocus();
+  for (int steps = 0; combo->currentIndex() != wanted && steps < 40; ++steps) {
+    QTest::keyClick(combo, combo->currentIndex() < wanted ? Qt::Key_Down : Qt::Key_Up);
+  }
+  ASSERT_EQ(combo->currentIndex(), wanted);
+}
+
+void FormTest::Press(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
+
+std::string FormTest::Messages() const {
+  return answers_.texts().join(QLatin1Char('\n')).toStdString();
+}
+
+std::vector<std::string> FormTest::RecordsOf(const char* file, std::size_t size) const {
+  const auto framed = ReadFramedFile(folder_.File(file), size != 64, size);
+  return framed ? framed->records : std::vector<std::string>();
+}
+
+}  // namespace brovanta::test

@@ -1,0 +1,148 @@
+#include "ui/product/discount_dialog.h"
+
+#include <QPalette>
+#include <QShortcut>
+#include <set>
+
+#include "ui/base/color_button.h"
+#include "ui/base/input_panel.h"
+#include "ui/base/message_box.h"
+#include "ui/base/notes_field.h"
+#include "ui/base/theme.h"
+#include "ui/base/wide_text.h"
+#include "ui/product/product_numbers.h"
+#include "ui_133_discount.h"
+
+namespace brovanta {
+namespace {
+
+constexpr int kNotesTab = 1;
+constexpr std::int16_t kCouponSource = 1;
+constexpr std::int16_t kDealSource = 2;
+
+/// Selects the item with this data, nothing when there is none.
+void SelectData(QComboBox& box, int data) { box.setCurrentIndex(box.findData(data)); }
+
+}  // namespace
+
+std::string DiscountPage(const std::string& update_server, std::int32_t id, std::int16_t source) {
+  const std::string host = update_server.substr(0, update_server.find_last_not_of('/') + 1);
+  if (source == kCouponSource) return host + "/coupons/coupon.aspx?srcId=" + std::to_string(id);
+  if (source == kDealSource) return host + "/coupons/deal.aspx?srcId=" + std::to_string(id);
+  return {};
+}
+
+DiscountDialog::DiscountDialog(const DiscountRecord* record, int mode, ShoppingDatabase& database,
+                               const std::string& update_server, QWidget* parent)
+    : ModalDialog(parent),
+      database_(database),
+      update_server_(update_server),
+      form_(std::make_unique<Ui::DiscountForm>()) {
+  if (record != nullptr) record_ = *record;
+  form_->setupUi(this);
+  InsertTabs();
+  PaintLabels();
+  FillLists();
+  FillProducts();
+  form_->viewButton->setVisible(record_ && record_->Source > 0);
+  if (record_) ShowRecord();
+  ShowMode(mode);
+  SetUpInput();
+}
+
+DiscountDialog::~DiscountDialog() = default;
+
+void DiscountDialog::InsertTabs() {
+  form_->tabBar->addTab(QStringLiteral("Coupon"));
+  form_->tabBar->addTab(QStringLiteral("Notes"));
+  form_->tabBar->setExpanding(true);
+  connect(form_->tabBar, &QTabBar::currentChanged, this, &DiscountDialog::OnTabChanged);
+}
+
+void DiscountDialog::PaintLabels() {
+  for (QLabel* label : form_->content->findChildren<QLabel*>()) {
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, theme::kNavy);
+    label->setPalette(palette);
+  }
+}
+
+void DiscountDialog::FillLists() {
+  form_->typeBox->addItem(QStringLiteral("Internet Code"), 1);
+  form_->typeBox->addItem(QStringLiteral("Store Coupon"), 2);
+  form_->typeBox->addItem(QStringLiteral("Mail In Rebate"), 3);
+  form_->valueTypeBox->addItem(QStringLiteral("Percent (%)"), 1);
+  form_->valueTypeBox->addItem(QStringLiteral("Amount ($)"), 2);
+  form_->typeBox->setCurrentIndex(-1);  // a filled list would select its first item
+  form_->valueTypeBox->setCurrentIndex(-1);
+  form_->storeBox->FillSorted(database_.stores());
+  form_->categoryBox->FillSorted(database_.categories());
+  form_->startDateEdit->SetName(tr("Start date"));
+  form_->endDateEdit->SetName(tr("End date"));
+}
+
+// What the shown discounts are for; the field takes any other text as well.
+void DiscountDialog::FillProducts() {
+  std::set<QString> texts;
+  DiscountList& discounts = database_.discounts();
+  for (const DiscountRecord* known = discounts.First(); known != nullptr;
+       known = discounts.Next()) {
+    if (!known->Product.empty()) texts.insert(WideText(known->Product.view()));
+  }
+  form_->productBox->addItem(QString());
+  for (const QString& text : texts) form_->productBox->addItem(text);
+}
+
+void DiscountDialog::ShowRecord() {
+  form_->couponNameEdit->setText(WideText(record_->Name.view()));
+  SelectData(*form_->typeBox, record_->Type);
+  SelectData(*form_->valueTypeBox, record_->ValueType);
+  form_->storeBox->SelectId(record_->StoreId);
+  form_->categoryBox->SelectId(record_->CategoryId);
+  form_->productBox->setEditText(WideText(record_->Product.view()));
+  form_->valueEdit->setText(AmountText(record_->Value));
+  form_->startDateEdit->ShowStamp(record_->StartDate);
+  form_->endDateEdit->ShowStamp(record_->EndDate);
+  ShowNotes(*form_->notesEdit, record_->Description.view());
+}
+
+void DiscountDialog::ShowMode(int mode) {
+  const bool from_product = mode == kApplyDiscountMode || mode == kAppliedDiscountMode;
+  if (from_product) form_->viewButton->hide();
+  form_->applyBox->setVisible(from_product);
+  form_->applyBox->setChecked(mode == kAppliedDiscountMode);
+}
+
+void DiscountDialog::SetUpInput() {
+  for (QWidget* field :
+       {static_cast<QWidget*>(form_->couponNameEdit), static_cast<QWidget*>(form_->valueEdit),
+        static_cast<QWidget*>(form_->typeBox), static_cast<QWidget*>(form_->valueTypeBox),
+        static_cast<QWidget*>(form_->productBox), static_cast<QWidget*>(form_->storeBox),
+        static_cast<QWidget*>(form_->categoryBox)}) {
+    ShowInputPanelOnFocus(field);
+  }
+  connect(form_->viewButton, &QPushButton::clicked, this, &DiscountDialog::ViewOnTheWeb);
+  connect(form_->okButton, &QPushButton::clicked, this, &DiscountDialog::Accept);
+  connect(form_->cancelButton, &QPushButton::clicked, this, &DiscountDialog::reject);
+  // In the notes Enter is a line break.
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+    connect(new QShortcut(QKeySequence(int(Qt::CTRL) | key), this), &QShortcut::activated, this,
+            &DiscountDialog::Accept);
+  }
+  form_->couponNameEdit->setFocus();
+}
+
+void DiscountDialog::OnTabChanged(int index) {
+  form_->pages->setCurrentWidget(index == kNotesTab ? form_->notesPage
+                                                    : static_cast<QWidget*>(form_->scrollArea));
+  if (index == kNotesTab) form_->notesEdit->setFocus();
+}
+
+void DiscountDialog::ViewOnTheWeb() {
+  const std::string page = DiscountPage(update_server_, record_->Id, record_->Source);
+  if (OpenWebAddress(QString::fromStdString(page))) return;
+  ShowMessage(this, QStringLiteral("There was an error while opening the selected coupon in "
+                                   "Internet Explorer."));
+}
+
+}  // namespace brovanta
