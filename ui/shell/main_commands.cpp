@@ -7,11 +7,15 @@
 #include "ui/base/modal_dialog.h"
 #include "ui/base/record_tree.h"
 #include "ui/product/find_dialog.h"
+#include "ui/product/product_dialog.h"
 #include "ui/shell/command_bar.h"
 #include "ui/shell/options_dialog.h"
 
 namespace brovanta {
 namespace {
+
+/// What stands for the result of a dialog that a list or a record does not have.
+constexpr int kNoDialog = ModalDialog::kCancelled;
 
 bool Recurring(int purchase_kind) {
   return purchase_kind == kDaily || purchase_kind == kWeekly || purchase_kind == kMonthly;
@@ -52,9 +56,40 @@ std::optional<TreeItemInfo> MainCommands::Selected() const {
   return *info;
 }
 
-void MainCommands::Add() {}
+void MainCommands::Add() {
+  if (RunAddDialog() == ModalDialog::kCompleted) refresh_(true);
+}
 
-void MainCommands::Edit() {}
+int MainCommands::RunAddDialog() {
+  if (state_.list_id != kProductsList) return kNoDialog;
+  ProductDialog dialog(state_.options.tax(), nullptr, kProductMode, *state_.database, &window_);
+  return dialog.exec();
+}
+
+void MainCommands::Edit() {
+  const auto selected = Selected();
+  if (!selected) return;
+  if (RunEditDialog(*selected) == ModalDialog::kCompleted) refresh_(true);
+}
+
+int MainCommands::RunEditDialog(const TreeItemInfo& selected) {
+  switch (state_.list_id) {
+    case kProductsList:
+      return EditProduct(selected.id, kProductMode);
+    case kPurchasesList:
+      return EditProduct(selected.id, kPurchaseMode);
+    default:
+      return kNoDialog;
+  }
+}
+
+int MainCommands::EditProduct(std::int32_t id, int mode) {
+  const ProductRecord* found = state_.database->products().Find(id);
+  if (found == nullptr) return kNoDialog;
+  const ProductRecord record = *found;  // the list's own goes when the dialog saves
+  ProductDialog dialog(state_.options.tax(), &record, mode, *state_.database, &window_);
+  return dialog.exec();
+}
 
 void MainCommands::Delete() {
   const auto selected = Selected();

@@ -33,6 +33,11 @@ class MainCommands {
   void Find();
   void Options();
 
+  // Each runs a dialog and returns its result, the cancelled one where there is no such dialog.
+  int RunAddDialog();
+  int RunEditDialog(const TreeItemInfo& selected);
+  int EditProduct(std::int32_t id, int mode);
+
   void DeleteProduct(const TreeItemInfo& selected);
   bool Confirm(const QString& question);
   void MarkProduct(int kind, std::int32_t id, int action);

@@ -2,13 +2,12 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QScreen>
 #include <QShortcut>
-#include <algorithm>
 #include <utility>
 
 #include "ui/base/icons.h"
 #include "ui/base/message_box.h"
+#include "ui/base/modal_dialog.h"
 #include "ui/base/period_selector.h"
 #include "ui/base/wide_text.h"
 #include "ui/shell/day_watch.h"
@@ -22,7 +21,6 @@ namespace {
 
 constexpr QSize kWindowSize{360, 640};
 constexpr QSize kSmallestWindow{240, 280};
-constexpr int kSmallScreen = 600;  // shorter side, logical pixels
 constexpr int kUpdatePicture = 156;
 constexpr QSize kUpdatePictureSize{20, 20};
 constexpr QSize kThirdPictureSize{32, 32};
@@ -88,10 +86,7 @@ void MainDialog::SetUpWindow() {
   layout()->setSizeConstraint(QLayout::SetNoConstraint);
   setMinimumSize(kSmallestWindow);
   resize(kWindowSize);
-  const QSize room = screen()->size();
-  if (std::min(room.width(), room.height()) < kSmallScreen) {
-    setWindowState(Qt::WindowFullScreen);
-  }
+  if (IsSmallScreen(screen())) setWindowState(Qt::WindowFullScreen);
 }
 
 void MainDialog::InsertTabs() {
