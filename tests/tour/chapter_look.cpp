@@ -1,0 +1,77 @@
+// The later chapters: other shapes of the screen, and a long list.
+#include "tests/support/framed_file.h"
+#include "tests/tour/chapters.h"
+#include "tests/tour/real_products.h"
+#include "ui/base/record_tree.h"
+
+namespace brovanta::tour {
+namespace {
+
+using test::DoubleAt;
+using test::ReadFramedFile;
+
+QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+}  // namespace
+
+void LookAround(Robot& robot, Stage& stage, QSize size) {
+  stage.Run(kSecondSaturday, size, [&](MainDialog& main) {
+    robot.ChooseFromMenu(main, 1034, Text("Weekly"));
+    robot.Expect(!robot.Rows(main).contains(Text("Apples Boskoop")) &&
+                     robot.Rows(main).contains(Text("Birthday cake for Chloé")),
+                 Text("a new start shows what was left"));
+    robot.SelectRow(main, Text("Birthday cake for Chloé"));
+    robot.Picture(main, Text("week"));
+    robot.During([&] { robot.TapCommand(main, 2772); },
+                 [&](QWidget& dialog) {
+                   dialog.resize(size);
+                   robot.Picture(dialog, Text("product"));
+                   robot.TapTab(dialog, 1);
+                   robot.Picture(dialog, Text("product_notes"));
+                   robot.Tap(dialog, Text("Cancel"));
+                 });
+    robot.During([&] { robot.ChooseTool(main, Text("Options")); },
+                 [&](QWidget& dialog) {
+                   dialog.resize(size);
+                   robot.Picture(dialog, Text("options"));
+                   robot.Tap(dialog, Text("Cancel"));
+                 });
+    robot.During([&] { robot.TapCommand(main, 2785); },
+                 [&](QWidget& dialog) {
+                   dialog.resize(size);
+                   robot.Picture(dialog, Text("find"));
+                   robot.Tap(dialog, Text("Cancel"));
+                 });
+    robot.Tap(main, 1003);
+    robot.Picture(main, Text("calendar"));
+    robot.Key(main, Qt::Key_Escape);
+  });
+}
+
+void EnterALongList(Robot& robot, Stage& stage, const std::string& csv_path) {
+  const std::vector<RealProduct> products = ReadRealProducts(csv_path);
+  if (products.empty()) return;
+  {
+    ShoppingDatabase database;
+    robot.Expect(database.Open(stage.folder()) == 0, Text("the folder opens"));
+    const int added = EnterRealProducts(database, products, 1793494800);  // 2026-11-01 01:00
+    robot.Expect(added == static_cast<int>(products.size()), Text("every real product is added"));
+  }
+  const auto file = ReadFramedFile(stage.folder() + "/product.dat", true, 456);
+  robot.Expect(file && file->records.size() == products.size() && file->last_id == products.size(),
+               Text("every real product is in the file"));
+  if (file) {
+    for (std::size_t i = 0; i < file->records.size(); ++i) {
+      robot.Expect(DoubleAt(file->records[i], 360) == std::stod(products[i].unit_price),
+                   QString::fromStdString(products[i].name) + Text(": price"));
+    }
+  }
+  stage.Run(kSecondSaturday, {360, 640}, [&](MainDialog& main) {
+    robot.ChooseFromMenu(main, 1034, Text("Monthly"));
+    robot.Expect(robot.Rows(main).size() == static_cast<qsizetype>(products.size()),
+                 Text("a month shows the whole list"));
+    robot.Picture(main, Text("long_list"));
+  });
+}
+
+}  // namespace brovanta::tour

@@ -1,0 +1,22 @@
+// The chapters of the tour, in the order in which they are played.
+#pragma once
+
+#include "tests/tour/robot.h"
+#include "tests/tour/stage.h"
+
+namespace brovanta::tour {
+
+/// A first start: sets the tax, meets two messages, types the household's list in, and looks at it
+/// by day, week and month. Afterwards the files hold every field.
+void TypeTheListIn(Robot& robot, Stage& stage);
+
+/// A week later: overdue rows, filters, find, purchase, edit, delete, the other tabs, the calendar.
+void LiveWithTheList(Robot& robot, Stage& stage);
+
+/// Another start: everything is still there. Pictures of the screens at this size.
+void LookAround(Robot& robot, Stage& stage, QSize size);
+
+/// The long list from real life, where its file is at hand; otherwise nothing.
+void EnterALongList(Robot& robot, Stage& stage, const std::string& csv_path);
+
+}  // namespace brovanta::tour

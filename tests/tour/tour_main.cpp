@@ -1,0 +1,101 @@
+// A scripted user works through the real screens, checks the files afterwards and leaves numbered
+// pictures. Each chapter is a start of the program of its own.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <clocale>
+#include <cstdio>
+
+#include "app/first_run_setup.h"
+#include "tests/tour/chapters.h"
+#include "ui/base/theme.h"
+
+namespace {
+
+using brovanta::tour::Robot;
+using brovanta::tour::Stage;
+
+int Report(const Robot& robot, const QString& chapter) {
+  std::printf("%-10s %3d pictures, %4d checks, %zu failures\n", qPrintable(chapter),
+              robot.pictures(), robot.checks(), robot.failures().size());
+  for (const QString& failure : robot.failures()) std::printf("  %s\n", qPrintable(failure));
+  return robot.failures().empty() ? 0 : 1;
+}
+
+int PlayChapter(const QString& chapter, const QString& folder, const QString& pictures) {
+  Robot robot(pictures, chapter);
+  Stage stage(folder.toStdString());
+  if (chapter == QStringLiteral("1_list")) {
+    brovanta::tour::TypeTheListIn(robot, stage);
+  } else if (chapter == QStringLiteral("2_life")) {
+    brovanta::tour::LiveWithTheList(robot, stage);
+  } else if (chapter == QStringLiteral("3_wide")) {
+    brovanta::tour::LookAround(robot, stage, QSize(640, 360));
+  } else if (chapter == QStringLiteral("4_small")) {
+    brovanta::tour::LookAround(robot, stage, QSize(320, 480));
+  } else if (chapter == QStringLiteral("5_double")) {
+    brovanta::tour::LookAround(robot, stage, QSize(360, 640));
+  } else {
+    brovanta::tour::EnterALongList(robot, stage, BROVANTA_REAL_PRODUCTS);
+  }
+  return Report(robot, chapter);
+}
+
+// Runs one chapter as a process of its own: a real start, with its own scale.
+int StartChapter(const QString& chapter, const QString& folder, const QString& pictures) {
+  QProcess process;
+  process.setProcessChannelMode(QProcess::ForwardedChannels);
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  if (chapter == QStringLiteral("5_double")) {
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+  }
+  process.setProcessEnvironment(environment);
+  process.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--chapter"), chapter, QStringLiteral("--folder"), folder,
+                 QStringLiteral("--pictures"), pictures});
+  process.waitForFinished(-1);
+  return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : 2;
+}
+
+int PlayAll(const QString& pictures) {
+  QDir().mkpath(pictures);
+  QTemporaryDir household;
+  QTemporaryDir long_list;
+  if (!household.isValid() || !long_list.isValid()) return 2;
+  int result = 0;
+  for (const QTemporaryDir* folder : {&household, &long_list}) {
+    if (!brovanta::SeedNameLists(folder->path().toStdString())) return 2;
+  }
+  for (const char* chapter : {"1_list", "2_life", "3_wide", "4_small", "5_double"}) {
+    result |= StartChapter(QString::fromLatin1(chapter), household.path(), pictures);
+  }
+  result |= StartChapter(QStringLiteral("6_long"), long_list.path(), pictures);
+  return result;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("TZ", "UTC");
+  if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+      qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  QApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  brovanta::ApplyTheme(application);
+
+  QCommandLineParser parser;
+  const QCommandLineOption pictures(QStringLiteral("pictures"), {}, QStringLiteral("folder"),
+                                    QStringLiteral("pictures"));
+  const QCommandLineOption chapter(QStringLiteral("chapter"), {}, QStringLiteral("name"));
+  const QCommandLineOption folder(QStringLiteral("folder"), {}, QStringLiteral("folder"));
+  parser.addOptions({pictures, chapter, folder});
+  parser.process(application);
+  const QString picture_folder = QDir(parser.value(pictures)).absolutePath();
+  return parser.isSet(chapter)
+             ? PlayChapter(parser.value(chapter), parser.value(folder), picture_folder)
+             : PlayAll(picture_folder);
+}
