@@ -10,7 +10,7 @@
 
 #include "db/error_codes.h"
 #include "platform/file.h"
-#include "tests/db/discount_list_fixture.h"
+#include "tests/db/feed_fixture.h"
 
 namespace brovanta::test {
 namespace {
@@ -20,42 +20,7 @@ using std::string_literals::operator""s;
 constexpr std::int32_t kMaxId = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kMinId = std::numeric_limits<std::int32_t>::min();
 
-class FeedImportTest : public DiscountListFixture {
- protected:
-  [[nodiscard]] std::string feed() const { return folder_.File("update.dat"); }
-  int Coupons(std::string_view text) {
-    folder_.WriteText("update.dat", text);
-    return ImportCoupons(list_, feed());
-  }
-  int List(std::string_view text) {
-    folder_.WriteText("update.dat", text);
-    return ImportList(names_, feed());
-  }
-  /// The coupon that a feed with these fields alone leaves, as it stands in the file.
-  DiscountRecord One(const std::string& fields) {
-    const std::string start = "<CP><ID>9</ID><SR>1</SR><NM>Soap</NM><SI>7</SI><CI>8</CI>";
-    platform::RemoveFile(folder_.File("discount.dat"));
-    EXPECT_EQ(Coupons(start + fields + "</CP>"), 0);
-    const auto record = list_.Read(9, 1);
-    EXPECT_TRUE(record) << fields;
-    return record.value_or(DiscountRecord{});
-  }
-  [[nodiscard]] Ids InFile() {
-    EXPECT_EQ(Load(), folder_.Read("discount.dat") ? 0 : ERR_OPEN);
-    return Shown();
-  }
-  /// The names of the list with their ids: "7=Corner Shop 9=Market".
-  [[nodiscard]] std::string Names() const {
-    std::string text;
-    for (const auto& [id, item] : names_) {
-      if (!text.empty()) text += " ";
-      text += std::to_string(id) + "=" + std::string(item.Name.view());
-    }
-    return text;
-  }
-
-  NameList names_;
-};
+class FeedImportTest : public FeedFixture {};
 
 TEST_F(FeedImportTest, CouponFillsItsRecord) {
   ASSERT_EQ(Coupons("<?xml?> <CP><ID>12</ID><SR>2</SR><NM>Spring offer</NM>"
@@ -301,71 +266,6 @@ TEST_F(FeedImportTest, AnyOrderOfTagsIsTaken) {
     EXPECT_EQ(List(text), 0);
   }
   EXPECT_EQ(Load(), folder_.Read("discount.dat") ? 0 : ERR_OPEN);
-}
-
-TEST_F(FeedImportTest, ListEntriesAreTaken) {
-  EXPECT_EQ(List("<IT><ID>7</ID><NM>Corner Shop</NM></IT>\r\n<IT><NM>Caf\xE9</NM><ID>9</ID></IT>"),
-            0);
-  EXPECT_EQ(Names(), "7=Corner Shop 9=Caf\xE9");
-}
-
-TEST_F(FeedImportTest, ShortNamesAreSkippedAndIdZeroEndsTheList) {
-  EXPECT_EQ(List("<IT><ID>1</ID><NM>A</NM></IT><IT><ID>2</ID><NM></NM></IT>"
-                 "<IT><ID>3</ID><NM>OK</NM></IT><IT><ID>0</ID><NM>ends</NM></IT>"
-                 "<IT><ID>4</ID><NM>too late</NM></IT>"),
-            0);
-  EXPECT_EQ(Names(), "3=OK");
-}
-
-TEST_F(FeedImportTest, EntryWithoutNameOrWithANegativeIdEndsTheList) {
-  for (const char* entry :
-       {"<IT><ID>2</ID></IT>", "<IT><NM>no id</NM></IT>", "<IT><ID>-3</ID><NM>below</NM></IT>",
-        "<IT><ID>2</ID></NM>backwards<NM></IT>", "</IT>"}) {
-    names_.Clear();
-    EXPECT_EQ(
-        List("<IT><ID>1</ID><NM>first</NM></IT>"s + entry + "<IT><ID>4</ID><NM>too late</NM></IT>"),
-        0);
-    EXPECT_EQ(Names(), "1=first") << entry;
-  }
-}
-
-TEST_F(FeedImportTest, IdThatIsThereGetsTheNewNameAndNoCount) {
-  ListItem item;
-  item.Id = 7;
-  item.Name.Assign("Old name");
-  item.Count = 12;
-  names_.Insert(item);
-  EXPECT_EQ(List("<IT><ID>7</ID><NM>New</NM></IT>"), 0);
-  EXPECT_EQ(Names(), "7=New");
-  EXPECT_EQ(names_.Find(7)->Count, 0);
-}
-
-TEST_F(FeedImportTest, ImportOfAListChangesNoFile) {
-  NameList& stores = database_.stores();
-  folder_.WriteText("update.dat", "<IT><ID>7</ID><NM>Corner Shop</NM></IT>");
-  ASSERT_EQ(ImportList(stores, feed()), 0);
-  EXPECT_EQ(folder_.Read("store.lst"), RawListFile({}));
-  ASSERT_EQ(stores.Save(database_.paths().store), 0);
-  EXPECT_EQ(folder_.Read("store.lst"), RawListFile({RawItem(7, "Corner Shop")}));
-}
-
-TEST_F(FeedImportTest, LongListNamesFillTheirField) {
-  for (const std::size_t size : {49U, 50U, 51U, 500U}) {
-    ASSERT_EQ(List("<IT><ID>7</ID><NM>" + std::string(size, 'n') + "</NM></IT>"), 0);
-    ASSERT_EQ(names_.Save(folder_.File("long.lst")), 0);
-    const std::string kept(std::min<std::size_t>(size, 50), 'n');
-    EXPECT_EQ(folder_.Read("long.lst"), RawListFile({RawItem(7, kept)})) << size;
-    NameList read;
-    ASSERT_EQ(read.Load(folder_.File("long.lst")), 0);
-    EXPECT_EQ(read.Find(7)->Name.view(), kept);
-  }
-}
-
-TEST_F(FeedImportTest, LargestIdIsTaken) {
-  EXPECT_EQ(
-      List("<IT><ID>2147483647</ID><NM>last</NM></IT><IT><ID>9999999999</ID><NM>same</NM></IT>"),
-      0);
-  EXPECT_EQ(Names(), "2147483647=same");
 }
 
 // The examples of the page about the feeds, in its order.

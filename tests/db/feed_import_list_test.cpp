@@ -1,0 +1,82 @@
+// Stores and categories from a feed.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "tests/db/feed_fixture.h"
+
+namespace brovanta::test {
+namespace {
+
+using std::string_literals::operator""s;
+
+class FeedImportListTest : public FeedFixture {};
+
+TEST_F(FeedImportListTest, ListEntriesAreTaken) {
+  EXPECT_EQ(List("<IT><ID>7</ID><NM>Corner Shop</NM></IT>\r\n<IT><NM>Caf\xE9</NM><ID>9</ID></IT>"),
+            0);
+  EXPECT_EQ(Names(), "7=Corner Shop 9=Caf\xE9");
+}
+
+TEST_F(FeedImportListTest, ShortNamesAreSkippedAndIdZeroEndsTheList) {
+  EXPECT_EQ(List("<IT><ID>1</ID><NM>A</NM></IT><IT><ID>2</ID><NM></NM></IT>"
+                 "<IT><ID>3</ID><NM>OK</NM></IT><IT><ID>0</ID><NM>ends</NM></IT>"
+                 "<IT><ID>4</ID><NM>too late</NM></IT>"),
+            0);
+  EXPECT_EQ(Names(), "3=OK");
+}
+
+TEST_F(FeedImportListTest, EntryWithoutNameOrWithANegativeIdEndsTheList) {
+  for (const char* entry :
+       {"<IT><ID>2</ID></IT>", "<IT><NM>no id</NM></IT>", "<IT><ID>-3</ID><NM>below</NM></IT>",
+        "<IT><ID>2</ID></NM>backwards<NM></IT>", "</IT>"}) {
+    names_.Clear();
+    EXPECT_EQ(
+        List("<IT><ID>1</ID><NM>first</NM></IT>"s + entry + "<IT><ID>4</ID><NM>too late</NM></IT>"),
+        0);
+    EXPECT_EQ(Names(), "1=first") << entry;
+  }
+}
+
+TEST_F(FeedImportListTest, IdThatIsThereGetsTheNewNameAndNoCount) {
+  ListItem item;
+  item.Id = 7;
+  item.Name.Assign("Old name");
+  item.Count = 12;
+  names_.Insert(item);
+  EXPECT_EQ(List("<IT><ID>7</ID><NM>New</NM></IT>"), 0);
+  EXPECT_EQ(Names(), "7=New");
+  EXPECT_EQ(names_.Find(7)->Count, 0);
+}
+
+TEST_F(FeedImportListTest, ImportOfAListChangesNoFile) {
+  NameList& stores = database_.stores();
+  folder_.WriteText("update.dat", "<IT><ID>7</ID><NM>Corner Shop</NM></IT>");
+  ASSERT_EQ(ImportList(stores, feed()), 0);
+  EXPECT_EQ(folder_.Read("store.lst"), RawListFile({}));
+  ASSERT_EQ(stores.Save(database_.paths().store), 0);
+  EXPECT_EQ(folder_.Read("store.lst"), RawListFile({RawItem(7, "Corner Shop")}));
+}
+
+TEST_F(FeedImportListTest, LongListNamesFillTheirField) {
+  for (const std::size_t size : {49U, 50U, 51U, 500U}) {
+    ASSERT_EQ(List("<IT><ID>7</ID><NM>" + std::string(size, 'n') + "</NM></IT>"), 0);
+    ASSERT_EQ(names_.Save(folder_.File("long.lst")), 0);
+    const std::string kept(std::min<std::size_t>(size, 50), 'n');
+    EXPECT_EQ(folder_.Read("long.lst"), RawListFile({RawItem(7, kept)})) << size;
+    NameList read;
+    ASSERT_EQ(read.Load(folder_.File("long.lst")), 0);
+    EXPECT_EQ(read.Find(7)->Name.view(), kept);
+  }
+}
+
+TEST_F(FeedImportListTest, LargestIdIsTaken) {
+  EXPECT_EQ(
+      List("<IT><ID>2147483647</ID><NM>last</NM></IT><IT><ID>9999999999</ID><NM>same</NM></IT>"),
+      0);
+  EXPECT_EQ(Names(), "2147483647=same");
+}
+
+}  // namespace
+}  // namespace brovanta::test
