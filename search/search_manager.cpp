@@ -30,4 +30,30 @@ int SearchManager::SetSearchFolder(const std::string& base_path) {
   return 0;
 }
 
+int SearchManager::LoadAgentConfiguration(const std::string& path) {
+  next_category_ = 0;
+  next_agent_ = 0;
+  return brovanta::LoadAgentConfiguration(path, configuration_);
+}
+
+const WebAgentType* SearchManager::FirstCategory() {
+  next_category_ = 0;
+  return NextCategory();
+}
+
+const WebAgentType* SearchManager::NextCategory() {
+  if (next_category_ == configuration_.categories.size()) return nullptr;
+  return &configuration_.categories[next_category_++];
+}
+
+std::shared_ptr<const WebAgent> SearchManager::FirstAgent() {
+  next_agent_ = 0;
+  return NextAgent();
+}
+
+std::shared_ptr<const WebAgent> SearchManager::NextAgent() {
+  if (next_agent_ == configuration_.agents.size()) return nullptr;
+  return configuration_.agents[next_agent_++];
+}
+
 }  // namespace brovanta

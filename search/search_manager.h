@@ -1,7 +1,11 @@
-// The web search as a whole: where its files live.
+// The web search as a whole: where its files live, which categories and agents there are.
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <string>
+
+#include "search/agent_configuration.h"
 
 namespace brovanta {
 
@@ -17,10 +21,25 @@ class SearchManager {
   [[nodiscard]] const std::string& configuration_path() const { return configuration_path_; }
   [[nodiscard]] const std::string& results_folder() const { return results_folder_; }
 
+  /// Replaces categories and agents by those of the file, with the codes of the function of the
+  /// same name. An agent that a search still runs lives on with that search.
+  [[nodiscard]] int LoadAgentConfiguration(const std::string& path);
+
+  /// The categories in the order of the file; nullptr at the end. Pointers are good until the next
+  /// load. One shared cursor: walks must not be nested. Likewise the agents.
+  [[nodiscard]] const WebAgentType* FirstCategory();
+  [[nodiscard]] const WebAgentType* NextCategory();
+  [[nodiscard]] std::size_t CategoryCount() const { return configuration_.categories.size(); }
+  [[nodiscard]] std::shared_ptr<const WebAgent> FirstAgent();
+  [[nodiscard]] std::shared_ptr<const WebAgent> NextAgent();
+
  private:
   std::string index_path_;
   std::string configuration_path_;
   std::string results_folder_;
+  AgentConfiguration configuration_;
+  std::size_t next_category_ = 0;
+  std::size_t next_agent_ = 0;
 };
 
 }  // namespace brovanta

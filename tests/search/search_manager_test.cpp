@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "search/agent_fields.h"
+#include "tests/support/temp_folder.h"
+
 namespace brovanta {
 namespace {
 
@@ -54,6 +57,62 @@ TEST(SearchManagerTest, AnotherFolderTakesThePlaceOfTheFirst) {
   EXPECT_EQ(manager.SetSearchFolder("/first"), 0);
   EXPECT_EQ(manager.SetSearchFolder("/second"), 0);
   EXPECT_EQ(manager.index_path(), "/second\\websearch.dat");
+}
+
+// Two categories and two agents.
+std::string SmallConfiguration() {
+  std::string text =
+      "<AgentType><TypeId>2</TypeId><TypeName>Books</TypeName></AgentType>"
+      "<AgentType><TypeId>1</TypeId><TypeName>Groceries</TypeName></AgentType>";
+  for (const char* id : {"5", "4"}) {
+    text.append("<WebAgent><SiteId>").append(id).append("</SiteId>");
+    for (const AgentField& field : kAgentFields) {
+      text.append("<").append(field.name).append("></").append(field.name).append(">");
+    }
+    text.append("</WebAgent>");
+  }
+  return text;
+}
+
+TEST(SearchManagerTest, LoadedCategoriesAndAgentsAreWalkedInTheOrderOfTheFile) {
+  const test::TempFolder folder;
+  folder.WriteText("webspider.xml", SmallConfiguration());
+  SearchManager manager;
+  manager.SetSearchFolder(folder.path());
+  ASSERT_EQ(manager.LoadAgentConfiguration(manager.configuration_path()), 0);
+  EXPECT_EQ(manager.CategoryCount(), 2U);
+  for (int walk = 0; walk < 2; ++walk) {
+    ASSERT_NE(manager.FirstCategory(), nullptr);
+    EXPECT_EQ(manager.FirstCategory()->TypeName, "Books");
+    EXPECT_EQ(manager.NextCategory()->TypeName, "Groceries");
+    EXPECT_EQ(manager.NextCategory(), nullptr);
+    EXPECT_EQ(manager.NextCategory(), nullptr);
+    EXPECT_EQ(manager.FirstAgent()->SiteId, 5);
+    EXPECT_EQ(manager.NextAgent()->SiteId, 4);
+    EXPECT_EQ(manager.NextAgent(), nullptr);
+  }
+}
+
+TEST(SearchManagerTest, NothingLoadedMeansNothingToWalk) {
+  SearchManager manager;
+  EXPECT_EQ(manager.CategoryCount(), 0U);
+  EXPECT_EQ(manager.FirstCategory(), nullptr);
+  EXPECT_EQ(manager.FirstAgent(), nullptr);
+  EXPECT_EQ(manager.LoadAgentConfiguration("/missing/webspider.xml"), -11);
+  EXPECT_EQ(manager.FirstCategory(), nullptr);
+}
+
+TEST(SearchManagerTest, LoadingAgainInTheMiddleOfAWalkIsSafe) {
+  const test::TempFolder folder;
+  folder.WriteText("webspider.xml", SmallConfiguration());
+  const std::string path = folder.File("webspider.xml");
+  SearchManager manager;
+  ASSERT_EQ(manager.LoadAgentConfiguration(path), 0);
+  const std::shared_ptr<const WebAgent> running = manager.FirstAgent();
+  folder.WriteText("webspider.xml", "");
+  ASSERT_EQ(manager.LoadAgentConfiguration(path), 0);
+  EXPECT_EQ(manager.NextAgent(), nullptr);
+  EXPECT_EQ(running->SiteId, 5);
 }
 
 }  // namespace
