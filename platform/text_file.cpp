@@ -25,19 +25,24 @@ bool Resize(std::string& text, std::int64_t size) {
 
 }  // namespace
 
-int ReadTextFile(const std::string& path, std::string& text) {
-  text.clear();
+int ReadWholeFile(const std::string& path, std::string& bytes) {
+  bytes.clear();
   File file;
   if (!file.Open(path, File::Mode::kRead)) return ERR_OPEN;
   const std::int64_t size = file.Size();
   if (size < 0) return ERR_FORMAT;
-  if (!Resize(text, size)) return ERR_IO;
-  if (file.Read(std::as_writable_bytes(std::span(text))) != size) {
-    text.clear();
+  if (!Resize(bytes, size)) return ERR_IO;
+  if (file.Read(std::as_writable_bytes(std::span(bytes))) != size) {
+    bytes.clear();
     return ERR_IO;
   }
-  text.resize(std::min(text.find('\0'), text.size()));
   return 0;
+}
+
+int ReadTextFile(const std::string& path, std::string& text) {
+  const int code = ReadWholeFile(path, text);
+  text.resize(std::min(text.find('\0'), text.size()));
+  return code;
 }
 
 }  // namespace brovanta::platform

@@ -1,13 +1,16 @@
-// Reading a file whole, as 8-bit text.
+// Reading a file whole.
 #pragma once
 
 #include <string>
 
 namespace brovanta::platform {
 
-/// Reads the file at the documented path up to its first zero byte, if it has one. 0; ERR_OPEN when
-/// it does not open; ERR_FORMAT when its size cannot be read; ERR_IO when fewer bytes come, or when
-/// there is no memory for them. `text` is empty then.
+/// Reads every byte of the file at the documented path. 0; ERR_OPEN when it does not open;
+/// ERR_FORMAT when its size cannot be read; ERR_IO when fewer bytes come, or when there is no
+/// memory for them. `bytes` is empty then.
+[[nodiscard]] int ReadWholeFile(const std::string& path, std::string& bytes);
+
+/// The same up to the file's first zero byte, if it has one.
 [[nodiscard]] int ReadTextFile(const std::string& path, std::string& text);
 
 }  // namespace brovanta::platform

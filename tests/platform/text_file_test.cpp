@@ -38,6 +38,14 @@ TEST_F(TextFileTest, ZeroEndsTheText) {
   EXPECT_EQ(text_, "text");
 }
 
+TEST_F(TextFileTest, WholeFileHasItsZerosToo) {
+  folder_.WriteText("feed", "text\0more"s);
+  EXPECT_EQ(ReadWholeFile(folder_.File("feed"), text_), 0);
+  EXPECT_EQ(text_, "text\0more"s);
+  EXPECT_EQ(ReadWholeFile(folder_.File("missing"), text_), ERR_OPEN);
+  EXPECT_EQ(text_, "");
+}
+
 TEST_F(TextFileTest, MissingFileAndFolderDoNotOpen) {
   EXPECT_EQ(Read(folder_.File("missing")), ERR_OPEN);
   EXPECT_EQ(text_, "");
