@@ -101,6 +101,7 @@ std::int32_t SaveUrl(const std::string& url, const std::string& output_path, std
   FileReceiver receiver(body);
   if (const std::int32_t code = session.Get(*target, receiver); code != 0) return code;
   if (const std::int32_t code = FinishBody(body); code != 0) return code;
+  if (session.cancelled()) return HTTP_ERR_CANCELLED;
   const auto bytes = std::as_bytes(std::span(body.bytes()));
   return platform::ReplaceFile(output_path, bytes) ? 0 : HTTP_ERR_FILE;
 }
