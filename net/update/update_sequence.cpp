@@ -1,0 +1,159 @@
+#include "net/update/update_sequence.h"
+
+#include <optional>
+#include <span>
+#include <utility>
+
+#include "db/feed_import.h"
+#include "net/http/http_client.h"
+#include "platform/file.h"
+#include "platform/text_file.h"
+#include "search/agent_configuration.h"
+#include "util/error_codes.h"
+
+namespace brovanta {
+namespace {
+
+// One of the two name lists that the server shares.
+struct SharedList {
+  const char* name;
+  NameList& (ShoppingDatabase::*list)();
+  std::string DatabasePaths::*path;
+  std::string (*request)(const UpdateServer& server, const NameList& held);
+};
+
+constexpr SharedList kStores{"stores", &ShoppingDatabase::stores, &DatabasePaths::store,
+                             &StoresRequest};
+constexpr SharedList kCategories{"categories", &ShoppingDatabase::categories,
+                                 &DatabasePaths::category, &CategoriesRequest};
+
+std::int32_t ImportAndSave(NameList& names, const std::string& feed, const std::string& path) {
+  NameList before = names;
+  std::int32_t code = ImportList(names, feed);
+  if (code == 0) code = names.Save(path);
+  // What the file did not take is not kept in memory either.
+  if (code != 0) names = std::move(before);
+  return code;
+}
+
+std::int32_t CopyFile(const std::string& from, const std::string& to) {
+  std::string bytes;
+  if (const int code = platform::ReadWholeFile(from, bytes); code != 0) return code;
+  return platform::ReplaceFile(to, std::as_bytes(std::span(bytes))) ? 0 : ERR_OPEN;
+}
+
+class UpdateSequence {
+ public:
+  UpdateSequence(const UpdateJob& job, UpdateHost& host) : job_(job), host_(host) {}
+
+  std::int32_t Run() {
+    std::int32_t code = UpdateAgents();
+    if (code == 0) code = UpdateList(kStores);
+    if (code == 0) code = UpdateList(kCategories);
+    if (code == 0) code = UpdateCoupons();
+    return code;
+  }
+
+ private:
+  std::int32_t UpdateAgents();
+  std::int32_t UpdateList(const SharedList& shared);
+  std::int32_t UpdateCoupons();
+
+  std::int32_t Download(const std::string& url) const {
+    return job_.download(url, job_.scratch_path, host_.cancel_flag());
+  }
+  // The work's code, or that nobody is there to work for.
+  template <typename Work>
+  std::int32_t WithDatabase(Work work) {
+    std::int32_t code = 0;
+    const bool done =
+        host_.WithDatabase([&](ShoppingDatabase& database) { code = work(database); });
+    return done ? code : kUpdateLeftBehind;
+  }
+  std::int32_t CheckedConfiguration() const;
+
+  void Start(const std::string& what) { host_.Show("Updating " + what + "..."); }
+  std::int32_t Finish(const std::string& what) {
+    host_.Show("Updating " + what + ": done.");
+    host_.FinishStep();
+    return 0;
+  }
+  std::int32_t Fail(const std::string& text, std::int32_t code) {
+    if (code != HTTP_ERR_CANCELLED && code != kUpdateLeftBehind) host_.Show(text);
+    return code;
+  }
+
+  const UpdateJob& job_;
+  UpdateHost& host_;
+};
+
+std::int32_t UpdateSequence::UpdateAgents() {
+  Start("search agents");
+  std::int32_t code = Download(AgentsRequest(job_.server));
+  if (code != 0) return Fail("Failed to download search agents.", code);
+  code = CheckedConfiguration();
+  if (code == 0) {
+    code = WithDatabase(
+        [this](ShoppingDatabase&) { return CopyFile(job_.scratch_path, job_.configuration_path); });
+  }
+  if (code != 0) return Fail("Failed to update search agents.", code);
+  return Finish("search agents");
+}
+
+std::int32_t UpdateSequence::CheckedConfiguration() const {
+  AgentConfiguration scratch;
+  const std::int32_t code = LoadAgentConfiguration(job_.scratch_path, scratch);
+  if (code != 0) return code;
+  return scratch.agents.empty() ? kUpdateFailed : 0;
+}
+
+std::int32_t UpdateSequence::UpdateList(const SharedList& shared) {
+  Start(shared.name);
+  std::string url;
+  std::int32_t code = WithDatabase([&](ShoppingDatabase& database) {
+    NameList& names = (database.*shared.list)();
+    // One that does not open fails when it is saved; here it only says what is there already.
+    (void)names.EnsureLoaded(database.paths().*shared.path);
+    url = shared.request(job_.server, names);
+    return 0;
+  });
+  if (code == 0) code = Download(url);
+  if (code == 0) {
+    code = WithDatabase([&](ShoppingDatabase& database) {
+      return ImportAndSave((database.*shared.list)(), job_.scratch_path,
+                           database.paths().*shared.path);
+    });
+  }
+  if (code != 0) return Fail("Failed to update " + std::string(shared.name) + ".", code);
+  return Finish(shared.name);
+}
+
+std::int32_t UpdateSequence::UpdateCoupons() {
+  Start("coupons");
+  std::optional<std::string> url;
+  std::int32_t code = WithDatabase([&](ShoppingDatabase& database) {
+    url = CouponsRequest(job_.server, database.discounts().MaxIds());
+    return url ? 0 : kUpdateFailed;
+  });
+  if (code == 0) code = Download(*url);
+  if (code == 0) {
+    code = WithDatabase([&](ShoppingDatabase& database) {
+      return ImportCoupons(database.discounts(), job_.scratch_path);
+    });
+  }
+  if (code != 0) return Fail("Failed to update coupons.", code);
+  return Finish("coupons");
+}
+
+}  // namespace
+
+std::int32_t UpdateJob::DownloadFromServer(const std::string& url, const std::string& path,
+                                           const std::atomic<std::int32_t>& cancel_flag) {
+  return DownloadUrlToFile(url, path, 0, cancel_flag);
+}
+
+std::int32_t RunUpdate(const UpdateJob& job, UpdateHost& host) {
+  return UpdateSequence(job, host).Run();
+}
+
+}  // namespace brovanta
