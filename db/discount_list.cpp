@@ -65,7 +65,7 @@ int DiscountList::Load(const DiscountFilter* filter) {
   while (scan.Next()) {
     const RecordSpan<DiscountFormat> record = scan.bytes();
     if (record[layout::kDeleted] == std::byte{0} && matcher.Passes(record)) {
-      records_.Append(DecodeDiscount(record));
+      records_.AppendIf([&] { return scan.Decode(); }, [](const DiscountRecord&) { return true; });
     }
   }
   records_.Sort();

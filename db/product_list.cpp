@@ -103,8 +103,8 @@ int ProductList::Load(const ProductFilter* filter) {
   const ProductListMatcher matcher(filter_);
   while (scan.Next()) {
     if (!matcher.MayPass(scan.bytes())) continue;
-    ProductRecord record = scan.Decode();
-    if (matcher.PassesDates(record)) records_.Append(record);
+    records_.AppendIf([&] { return scan.Decode(); },
+                      [&](ProductRecord& record) { return matcher.PassesDates(record); });
   }
   records_.Sort();
   return scan.code();

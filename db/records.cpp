@@ -59,23 +59,23 @@ DiscountBytes EncodeDiscount(const DiscountRecord& record) {
 DiscountRecord DecodeDiscount(std::span<const std::byte, discount_layout::kSize> bytes) {
   namespace layout = discount_layout;
   const std::byte* const from = bytes.data();
-  DiscountRecord record;
-  record.Id = LoadLittle<std::int32_t>(from + layout::kId);
-  record.Name.AssignBytes(from + layout::kName);
-  record.Product.AssignBytes(from + layout::kProduct);
-  record.Description.AssignBytes(from + layout::kDescription);
-  record.Source = LoadLittle<std::int16_t>(from + layout::kSource);
-  record.Type = LoadLittle<std::int16_t>(from + layout::kType);
-  record.ValueType = LoadLittle<std::uint16_t>(from + layout::kValueType);
-  record.Value = LoadLittle<double>(from + layout::kValue);
-  record.Stamp = LoadLittle<DateStamp>(from + layout::kStamp);
-  record.StartDate = LoadLittle<DateStamp>(from + layout::kStartDate);
-  record.EndDate = LoadLittle<DateStamp>(from + layout::kEndDate);
-  record.StoreId = LoadLittle<std::uint32_t>(from + layout::kStoreId);
-  record.CategoryId = LoadLittle<std::uint32_t>(from + layout::kCategoryId);
-  record.Flagged = LoadLittle<std::uint8_t>(from + layout::kFlagged);
-  record.Deleted = LoadLittle<std::uint8_t>(from + layout::kDeleted);
-  return record;
+  return {
+      .Id = LoadLittle<std::int32_t>(from + layout::kId),
+      .Name = FixedText<kNameSize>(from + layout::kName),
+      .Product = FixedText<kNameSize>(from + layout::kProduct),
+      .Description = FixedText<kLongTextSize>(from + layout::kDescription),
+      .Source = LoadLittle<std::int16_t>(from + layout::kSource),
+      .Type = LoadLittle<std::int16_t>(from + layout::kType),
+      .ValueType = LoadLittle<std::uint16_t>(from + layout::kValueType),
+      .Value = LoadLittle<double>(from + layout::kValue),
+      .Stamp = LoadLittle<DateStamp>(from + layout::kStamp),
+      .StartDate = LoadLittle<DateStamp>(from + layout::kStartDate),
+      .EndDate = LoadLittle<DateStamp>(from + layout::kEndDate),
+      .StoreId = LoadLittle<std::uint32_t>(from + layout::kStoreId),
+      .CategoryId = LoadLittle<std::uint32_t>(from + layout::kCategoryId),
+      .Flagged = LoadLittle<std::uint8_t>(from + layout::kFlagged),
+      .Deleted = LoadLittle<std::uint8_t>(from + layout::kDeleted),
+  };
 }
 
 ProductBytes EncodeProduct(const ProductRecord& record) {
@@ -107,27 +107,27 @@ ProductBytes EncodeProduct(const ProductRecord& record) {
 ProductRecord DecodeProduct(std::span<const std::byte, product_layout::kSize> bytes) {
   namespace layout = product_layout;
   const std::byte* const from = bytes.data();
-  ProductRecord record;
-  record.Id = LoadLittle<std::int32_t>(from + layout::kId);
-  record.Name.AssignBytes(from + layout::kName);
-  record.ShortText.AssignBytes(from + layout::kShortText);
-  record.Notes.AssignBytes(from + layout::kNotes);
-  record.StoreId = LoadLittle<std::uint32_t>(from + layout::kStoreId);
-  record.CategoryId = LoadLittle<std::uint32_t>(from + layout::kCategoryId);
-  record.UnitId = LoadLittle<std::uint32_t>(from + layout::kUnitId);
-  record.PurchaseKind = LoadLittle<std::uint16_t>(from + layout::kPurchaseKind);
-  record.Every = LoadLittle<std::uint16_t>(from + layout::kEvery);
-  record.DayValue = LoadLittle<std::uint16_t>(from + layout::kDayValue);
-  record.StartDate = LoadLittle<DateStamp>(from + layout::kStartDate);
-  record.LastPurchased = LoadLittle<DateStamp>(from + layout::kLastPurchased);
-  record.NextDate = LoadLittle<DateStamp>(from + layout::kNextDate);
-  record.DaysOverdue = LoadLittle<std::uint16_t>(from + layout::kDaysOverdue);
-  record.UnitPrice = LoadLittle<double>(from + layout::kUnitPrice);
-  record.Quantity = LoadLittle<double>(from + layout::kQuantity);
-  record.Discounts = DecodeSlots(from + layout::kDiscounts);
-  record.TaxPercent = LoadLittle<double>(from + layout::kTaxPercent);
-  record.Deleted = LoadLittle<std::uint8_t>(from + layout::kDeleted);
-  return record;
+  return {
+      .Id = LoadLittle<std::int32_t>(from + layout::kId),
+      .Name = FixedText<kNameSize>(from + layout::kName),
+      .ShortText = FixedText<kShortTextSize>(from + layout::kShortText),
+      .Notes = FixedText<kLongTextSize>(from + layout::kNotes),
+      .StoreId = LoadLittle<std::uint32_t>(from + layout::kStoreId),
+      .CategoryId = LoadLittle<std::uint32_t>(from + layout::kCategoryId),
+      .UnitId = LoadLittle<std::uint32_t>(from + layout::kUnitId),
+      .PurchaseKind = LoadLittle<std::uint16_t>(from + layout::kPurchaseKind),
+      .Every = LoadLittle<std::uint16_t>(from + layout::kEvery),
+      .DayValue = LoadLittle<std::uint16_t>(from + layout::kDayValue),
+      .StartDate = LoadLittle<DateStamp>(from + layout::kStartDate),
+      .LastPurchased = LoadLittle<DateStamp>(from + layout::kLastPurchased),
+      .NextDate = LoadLittle<DateStamp>(from + layout::kNextDate),
+      .DaysOverdue = LoadLittle<std::uint16_t>(from + layout::kDaysOverdue),
+      .UnitPrice = LoadLittle<double>(from + layout::kUnitPrice),
+      .Quantity = LoadLittle<double>(from + layout::kQuantity),
+      .Discounts = DecodeSlots(from + layout::kDiscounts),
+      .TaxPercent = LoadLittle<double>(from + layout::kTaxPercent),
+      .Deleted = LoadLittle<std::uint8_t>(from + layout::kDeleted),
+  };
 }
 
 ListItemBytes EncodeListItem(const ListItem& item) {
@@ -141,11 +141,11 @@ ListItemBytes EncodeListItem(const ListItem& item) {
 
 ListItem DecodeListItem(std::span<const std::byte, list_layout::kSize> bytes) {
   namespace layout = list_layout;
-  ListItem item;
-  item.Id = LoadLittle<std::int32_t>(bytes.data() + layout::kId);
-  item.Name.AssignBytes(bytes.data() + layout::kName);
-  item.Count = LoadLittle<std::int32_t>(bytes.data() + layout::kCount);
-  return item;
+  return {
+      .Id = LoadLittle<std::int32_t>(bytes.data() + layout::kId),
+      .Name = FixedText<kNameSize>(bytes.data() + layout::kName),
+      .Count = LoadLittle<std::int32_t>(bytes.data() + layout::kCount),
+  };
 }
 
 }  // namespace brovanta

@@ -20,13 +20,15 @@ class FixedText {
  public:
   static constexpr std::size_t kSize = N;
 
-  FixedText() = default;
+  FixedText() : bytes_{} {}
   explicit FixedText(std::string_view text) { Assign(text); }
+  /// Takes the N bytes of a stored field. They are not cleared first: every load of a list makes
+  /// hundreds of thousands of fields.
+  explicit FixedText(const std::byte* bytes) { std::memcpy(bytes_.data(), bytes, N); }
 
   void Assign(std::string_view text) { Fill(text, N - 1); }
   /// Keeps up to all N bytes: only the import of the shared lists writes such names.
   void AssignWhole(std::string_view text) { Fill(text, N); }
-  void AssignBytes(const std::byte* bytes) { std::memcpy(bytes_.data(), bytes, N); }
 
   /// The text up to its terminator, at most N bytes; valid as long as this object is unchanged.
   [[nodiscard]] std::string_view view() const {
@@ -48,7 +50,7 @@ class FixedText {
     std::memcpy(bytes_.data(), text.data(), text.size());
   }
 
-  std::array<char, N> bytes_{};
+  std::array<char, N> bytes_;
 };
 
 /// One record of "discount.dat"; `Id` with `Source` is its key.

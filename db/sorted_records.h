@@ -5,10 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
+#include "db/key_sort.h"
 #include "db/records.h"
 
 namespace brovanta {
@@ -24,24 +25,45 @@ class SortedRecords {
  public:
   void Clear() {
     order_.clear();
+    keys_.clear();
     used_ = 0;
     cursor_ = 0;
   }
 
-  /// Takes a record whose place is found by Sort, called once after all of them.
-  void Append(const Record& record) { order_.push_back(Store(record)); }
+  /// Takes the record that `make()` gives, built in its place, if `keep(record)` then holds. It
+  /// becomes part of the list with Sort, called once after all of them and before anything else.
+  template <typename Make, typename Keep>
+  void AppendIf(Make make, Keep keep) {
+    Record* place = ::new (FreePlace()) Record(make());
+    if (!keep(*place)) return;
+    // Turned round, so that the latest date is the smallest number; below it the arrival.
+    constexpr std::uint32_t kSignBit = 0x80000000u;
+    const std::uint32_t date = ~(static_cast<std::uint32_t>(SortKey(*place)) ^ kSignBit);
+    keys_.push_back(std::uint64_t{date} << 32 | used_);
+    ++used_;
+  }
 
+  void Append(const Record& record) {
+    AppendIf([&] { return record; }, [](const Record&) { return true; });
+  }
+
+  /// Makes the records appended part of the list, behind what has an equal key already.
   void Sort() {
-    const auto later = [](const Record* left, const Record* right) {
-      return SortKey(*left) > SortKey(*right);
-    };
-    if (std::is_sorted(order_.begin(), order_.end(), later)) return;
-    SortByKeys();
+    SortByUpperHalf(keys_);
+    const auto old_size = static_cast<std::ptrdiff_t>(order_.size());
+    order_.reserve(order_.size() + keys_.size());
+    for (const std::uint64_t key : keys_) order_.push_back(Place(static_cast<std::uint32_t>(key)));
+    keys_.clear();
+    if (old_size == 0) return;
+    std::inplace_merge(
+        order_.begin(), order_.begin() + old_size, order_.end(),
+        [](const Record* left, const Record* right) { return SortKey(*left) > SortKey(*right); });
   }
 
   /// Inserts behind every record whose key is greater than or equal.
   void Insert(const Record& record) {
-    Record* inserted = Store(record);
+    Record* inserted = ::new (FreePlace()) Record(record);
+    ++used_;
     const auto place = std::upper_bound(
         order_.begin(), order_.end(), SortKey(*inserted),
         [](DateStamp key, const Record* element) { return key > SortKey(*element); });
@@ -84,34 +106,18 @@ class SortedRecords {
 
   static constexpr std::size_t kChunk = 64;  // records allocated together
 
-  Record* Store(const Record& record) {
-    if (used_ == chunks_.size() * kChunk) chunks_.push_back(std::make_unique<Record[]>(kChunk));
-    Record* place = &chunks_[used_ / kChunk][used_ % kChunk];
-    *place = record;
-    ++used_;
-    return place;
-  }
+  Record* Place(std::size_t number) { return &chunks_[number / kChunk][number % kChunk]; }
 
-  /// Sorts numbers that hold the key, turned round, above the position: the records themselves are
-  /// touched once each instead of at every comparison, and equal keys keep their order.
-  void SortByKeys() {
-    std::vector<std::uint64_t> keys(order_.size());
-    for (std::size_t position = 0; position < keys.size(); ++position) {
-      constexpr std::uint32_t kSignBit = 0x80000000u;
-      const auto ascending = static_cast<std::uint32_t>(SortKey(*order_[position])) ^ kSignBit;
-      keys[position] = std::uint64_t{~ascending} << 32 | position;
-    }
-    std::sort(keys.begin(), keys.end());
-    std::vector<Record*> sorted(order_.size());
-    for (std::size_t position = 0; position < keys.size(); ++position) {
-      sorted[position] = order_[static_cast<std::uint32_t>(keys[position])];
-    }
-    order_ = std::move(sorted);
+  /// Where the next record goes.
+  Record* FreePlace() {
+    if (used_ == chunks_.size() * kChunk) chunks_.push_back(std::make_unique<Record[]>(kChunk));
+    return Place(used_);
   }
 
   std::vector<std::unique_ptr<Record[]>> chunks_;
   std::vector<Record*> order_;
-  std::size_t used_ = 0;  // records taken from the chunks, removed ones included
+  std::vector<std::uint64_t> keys_;  // of the records appended and not yet sorted
+  std::size_t used_ = 0;             // records taken from the chunks, removed ones included
   std::size_t cursor_ = 0;
 };
 

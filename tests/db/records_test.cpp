@@ -120,7 +120,7 @@ TEST(FixedTextTest, AFieldWithoutZeroIsReadToItsEnd) {
   text.AssignWhole("0123456789ab");
   EXPECT_EQ(text.view(), "0123456789");
   const Bytes bytes = Padded("abcdefghijk", 10);
-  text.AssignBytes(bytes.data());
+  text = FixedText<10>(bytes.data());
   EXPECT_EQ(text.view(), "abcdefghij");
   EXPECT_FALSE(text.empty());
 }

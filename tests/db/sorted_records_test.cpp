@@ -76,6 +76,34 @@ TEST(SortedRecordsTest, EqualKeysKeepTheirOrderOfArrival) {
   EXPECT_EQ(Contents(records), expected);
 }
 
+TEST(SortedRecordsTest, RecordsAppendedToAFilledListComeBehindEqualOnes) {
+  std::mt19937 random(9);
+  std::uniform_int_distribution<DateStamp> key(-9, 9);
+  Products records;
+  PlainList plain;
+  for (std::int32_t id = 1; id <= 900; ++id) {
+    const DateStamp value = key(random);
+    records.Append(Product(value, id));
+    plain.Insert(value, id);
+    if (id % 100 != 0) continue;
+    records.Sort();
+    ASSERT_EQ(Contents(records), plain.elements());
+  }
+}
+
+TEST(SortedRecordsTest, ARecordThatIsNotKeptLeavesNoTrace) {
+  Products records;
+  for (std::int32_t id = 1; id <= 200; ++id) {
+    records.AppendIf([&] { return Product(0, id); },
+                     [](ProductRecord& record) {
+                       record.NextDate = -record.Id;  // the test may compute the key
+                       return record.Id % 100 == 7;
+                     });
+  }
+  records.Sort();
+  EXPECT_EQ(Contents(records), (std::vector<KeyAndId>{{-7, 7}, {-107, 107}}));
+}
+
 TEST(SortedRecordsTest, DiscountsAreOrderedByStamp) {
   SortedRecords<DiscountRecord> records;
   DiscountRecord older;
