@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "db/count_names.h"
 #include "db/discount_match.h"
 #include "db/error_codes.h"
 #include "db/new_names.h"
@@ -192,28 +193,12 @@ const DiscountRecord* DiscountList::Find(std::int32_t id, std::int16_t source) c
       [&](const DiscountRecord& record) { return HasKey(record, id, source); });
 }
 
-NameList DiscountList::CountNames(const NameList& names,
-                                  std::uint32_t DiscountRecord::*id_field) const {
-  NameList used;
-  for (const DiscountRecord* record : records_) {
-    const auto id = static_cast<std::int32_t>(record->*id_field);
-    if (ListItem* counted = used.Find(id); counted != nullptr) {
-      ++counted->Count;
-    } else if (const ListItem* known = names.Find(id); known != nullptr) {
-      ListItem item = *known;
-      item.Count = 1;
-      used.Insert(item);
-    }
-  }
-  return used;
-}
-
 NameList DiscountList::StoresWithDiscounts() const {
-  return CountNames(database_.stores(), &DiscountRecord::StoreId);
+  return CountNames(records_, &DiscountRecord::StoreId, database_.stores());
 }
 
 NameList DiscountList::CategoriesWithDiscounts() const {
-  return CountNames(database_.categories(), &DiscountRecord::CategoryId);
+  return CountNames(records_, &DiscountRecord::CategoryId, database_.categories());
 }
 
 MaxDiscountIds DiscountList::MaxIds() const {

@@ -121,8 +121,6 @@ class DiscountList {
   void ShowIfItPasses(const DiscountRecord& record);
   [[nodiscard]] DiscountRecord* Shown(const DiscountRecord& stored) const;
   void Remove(const DiscountRecord* shown);
-  [[nodiscard]] NameList CountNames(const NameList& names,
-                                    std::uint32_t DiscountRecord::*id_field) const;
 
   ShoppingDatabase& database_;
   DiscountFilter filter_;
