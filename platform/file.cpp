@@ -147,6 +147,16 @@ std::int64_t File::Size() const {
   return fstat(descriptor_, &status) == 0 ? std::int64_t{status.st_size} : -1;
 }
 
+std::optional<FileState> File::State() const {
+  struct stat status {};
+  if (fstat(descriptor_, &status) != 0) return std::nullopt;
+  return FileState{.device = status.st_dev,
+                   .number = status.st_ino,
+                   .size = status.st_size,
+                   .changed = status.st_ctim.tv_sec,
+                   .changed_nanoseconds = status.st_ctim.tv_nsec};
+}
+
 bool File::Truncate(std::int64_t size) {
   return Uninterrupted([&] { return ftruncate(descriptor_, size); }) == 0;
 }

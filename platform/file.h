@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,6 +13,19 @@ namespace brovanta::platform {
 
 /// The path that the operating system is given for a documented path: "\\" becomes "/".
 [[nodiscard]] std::string NativePath(std::string_view path);
+
+/// Tells one state of a file from another: whoever writes to a file or puts another in its place
+/// changes it. Times are the system's own, which no program can set, but they advance in steps: two
+/// changes within one step look the same.
+struct FileState {
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;  ///< of the file on its device
+  std::int64_t size = 0;
+  std::int64_t changed = 0;  ///< seconds since 1970 of the last change
+  std::int64_t changed_nanoseconds = 0;
+
+  friend bool operator==(const FileState&, const FileState&) = default;
+};
 
 /// An open file with an exclusive lock (close-on-exec). A file that anyone else holds, another
 /// thread of this process included, does not open. Movable; closing is the destructor's work.
@@ -51,6 +65,9 @@ class File {
 
   /// The size in bytes, or -1.
   [[nodiscard]] std::int64_t Size() const;
+
+  /// The state of the file, nothing where the system does not tell.
+  [[nodiscard]] std::optional<FileState> State() const;
 
   /// Cuts the file, or extends it by zeros, to the size in bytes.
   [[nodiscard]] bool Truncate(std::int64_t size);

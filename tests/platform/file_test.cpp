@@ -142,6 +142,27 @@ TEST_F(FileTest, AFileWithoutAnyWritePermissionOpensForReadingOnly) {
   EXPECT_TRUE(Opens(Mode::kRead));
 }
 
+TEST_F(FileTest, TheStateTellsTheFileItsSizeAndWhetherItWasWritten) {
+  folder_.Write("data", Hex("01 02"));
+  folder_.Write("other", Hex("01 02"));
+  File file;
+  File other;
+  ASSERT_TRUE(file.Open(Path(), Mode::kReadWrite));
+  ASSERT_TRUE(other.Open(Path("other"), Mode::kRead));
+  const auto before = file.State();
+  ASSERT_TRUE(before.has_value());
+  EXPECT_EQ(before->size, 2);
+  EXPECT_NE(before->number, other.State()->number);
+  Bytes buffer(2);
+  ASSERT_EQ(file.Read(buffer), 2);
+  EXPECT_EQ(file.State(), before);
+  // The system counts the time of a change in steps of some milliseconds.
+  while (file.State() == before) ASSERT_TRUE(file.WriteAt(0, Hex("03")));
+  EXPECT_EQ(file.State()->size, 2);
+  file.Close();
+  EXPECT_FALSE(file.State().has_value());
+}
+
 TEST_F(FileTest, ReadingGoesOnWhereItStoppedAndIsShortOnlyAtTheEnd) {
   folder_.Write("data", Hex("01 02 03 04 05"));
   File file;
