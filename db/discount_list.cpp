@@ -61,7 +61,7 @@ int DiscountList::Load(const DiscountFilter* filter) {
   records_.Clear();
   if (filter != nullptr) filter_ = *filter;
   RecordScanner<DiscountFormat> scan;
-  if (const int code = scan.Open(database_.paths().discount); code != 0) return code;
+  if (const int code = scan.Open(database_.paths().discount, &image_); code != 0) return code;
   const DiscountMatcher matcher(filter_);
   while (scan.Next()) {
     const RecordSpan<DiscountFormat> record = scan.bytes();

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 
+#include "db/file_image.h"
 #include "db/name_list.h"
 #include "db/records.h"
 #include "db/sorted_records.h"
@@ -125,6 +126,7 @@ class DiscountList {
   ShoppingDatabase& database_;
   DiscountFilter filter_;
   SortedRecords<DiscountRecord> records_;
+  FileImage image_;
 };
 
 }  // namespace brovanta

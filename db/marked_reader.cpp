@@ -20,17 +20,26 @@ std::string_view TextAt(std::span<const std::byte> record, std::size_t offset, s
   return {text, size};
 }
 
-int MarkedReader::Open(const std::string& path, platform::File::Mode mode, std::size_t first_mark) {
+int MarkedReader::Open(const std::string& path, platform::File::Mode mode, std::size_t first_mark,
+                       FileImage* image) {
   if (!file_.Open(path, mode)) return ERR_OPEN;
-  buffer_ = std::make_unique_for_overwrite<std::byte[]>(kBufferSize);
-  Fill();
-  if (end_ < kWordSize || LoadLittle<std::uint32_t>(buffer_.get()) != FILE_MAGIC) {
+  if (image != nullptr) {
+    const std::span<const std::byte> whole = image->Of(file_);
+    data_ = whole.data();
+    end_ = whole.size();
+  }
+  if (data_ == nullptr) {
+    buffer_ = std::make_unique_for_overwrite<std::byte[]>(kBufferSize);
+    data_ = buffer_.get();
+    Fill();
+  }
+  if (end_ < kWordSize || LoadLittle<std::uint32_t>(data_) != FILE_MAGIC) {
     return ERR_FORMAT;
   }
   // A file that ends within LastId has no mark behind it, which Next reports.
   next_ = std::min(first_mark, end_);
   if (next_ >= kLastIdOffset + kWordSize) {
-    last_id_ = LoadLittle<std::int32_t>(buffer_.get() + kLastIdOffset);
+    last_id_ = LoadLittle<std::int32_t>(data_ + kLastIdOffset);
   }
   return 0;
 }
@@ -54,7 +63,7 @@ void MarkedReader::Fill() {
 int MarkedReader::CodeAtMark() const {
   const std::size_t available = end_ - next_;
   if (available >= kWordSize) {
-    const auto mark = LoadLittle<std::uint32_t>(buffer_.get() + next_);
+    const auto mark = LoadLittle<std::uint32_t>(data_ + next_);
     if (mark == END_MARK) return 0;
     return mark == RECORD_MARK ? ERR_IO : ERR_FORMAT;
   }

@@ -99,7 +99,7 @@ int ProductList::Load(const ProductFilter* filter) {
   if (path == nullptr) return 0;
 
   RecordScanner<ProductFormat> scan;
-  if (const int code = scan.Open(*path); code != 0) return code;
+  if (const int code = scan.Open(*path, &image_); code != 0) return code;
   const ProductListMatcher matcher(filter_);
   while (scan.Next()) {
     if (!matcher.MayPass(scan.bytes())) continue;

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "db/file_image.h"
 #include "db/name_list.h"
 #include "db/records.h"
 #include "db/sorted_records.h"
@@ -107,6 +108,7 @@ class ProductList {
   ShoppingDatabase& database_;
   ProductFilter filter_;
   SortedRecords<ProductRecord> records_;
+  FileImage image_;
 };
 
 }  // namespace brovanta

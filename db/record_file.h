@@ -50,8 +50,8 @@ template <typename Format>
 class RecordScanner {
  public:
   /// 0, ERR_OPEN or ERR_FORMAT. Kept: opens for writing too, so that a read-only file is ERR_OPEN.
-  [[nodiscard]] int Open(const std::string& path) {
-    return reader_.Open(path, platform::File::Mode::kReadWrite, kFirstRecordMark);
+  [[nodiscard]] int Open(const std::string& path, FileImage* image = nullptr) {
+    return reader_.Open(path, platform::File::Mode::kReadWrite, kFirstRecordMark, image);
   }
   [[nodiscard]] bool Next() { return reader_.Next(); }
   [[nodiscard]] int code() const { return reader_.code(); }
