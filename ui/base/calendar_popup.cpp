@@ -3,14 +3,12 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QPainter>
 #include <QTextCharFormat>
-#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "ui/base/icons.h"
+#include "ui/base/calendar_looks.h"
 #include "ui/base/period.h"
 #include "ui/base/theme.h"
 
@@ -31,39 +29,15 @@ CalendarPopup::CalendarPopup(QCalendarWidget& calendar, QWidget& screen)
   auto* layout = new QVBoxLayout(frame_);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&calendar);
-  SetUpCalendar();
+  SetUpCalendarLooks(calendar);
+  calendar.setDateEditEnabled(false);
+  calendar.setDateRange(FirstPickableDate(), LastPickableDate());
+  calendar.setSelectedDate(TodayDate());
   calendar.show();
   hide();
   screen.installEventFilter(this);
   connect(&calendar, &QCalendarWidget::clicked, this, &CalendarPopup::Choose);
   connect(&calendar, &QCalendarWidget::activated, this, &CalendarPopup::Choose);
-}
-
-void CalendarPopup::SetUpCalendar() {
-  calendar_.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
-  calendar_.setFirstDayOfWeek(Qt::Sunday);
-  calendar_.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-  calendar_.setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
-  calendar_.setDateEditEnabled(false);
-  calendar_.setDateRange(FirstPickableDate(), LastPickableDate());
-  QTextCharFormat weekend;
-  weekend.setForeground(theme::kText);
-  calendar_.setWeekdayTextFormat(Qt::Saturday, weekend);
-  calendar_.setWeekdayTextFormat(Qt::Sunday, weekend);
-  calendar_.setSelectedDate(TodayDate());
-  for (const char* side : {"left", "right"}) {
-    const bool left = side[0] == 'l';
-    auto* arrow = calendar_.findChild<QToolButton*>(left ? QStringLiteral("qt_calendar_prevmonth")
-                                                         : QStringLiteral("qt_calendar_nextmonth"));
-    if (arrow == nullptr) continue;
-    arrow->setIcon(NamedIcon(QStringLiteral("chevron_%1").arg(QLatin1String(side)), theme::kNavy));
-    const QString name = left ? QStringLiteral("Month before") : QStringLiteral("Month after");
-    arrow->setAccessibleName(name);
-    arrow->setToolTip(name);
-  }
-  if (auto* month = calendar_.findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))) {
-    month->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
-  }
 }
 
 void CalendarPopup::Open(const QWidget& anchor) {

@@ -39,7 +39,6 @@ class CalendarPopup : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void SetUpCalendar();
   void Place();
   void Choose(QDate date);
   void Dismiss();

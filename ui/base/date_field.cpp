@@ -3,9 +3,14 @@
 #include <QCalendarWidget>
 #include <QDateEdit>
 
+#include "ui/base/calendar_looks.h"
 #include "ui/base/period.h"
 
 namespace brovanta {
+
+namespace {
+constexpr QSize kFingerSize{308, 296};  // every day a finger wide and high
+}  // namespace
 
 DateStamp StampOfPickedDay(QDate date) {
   CalendarTime time = CalendarOfDate(date);
@@ -18,7 +23,8 @@ void SetUpDateField(QDateEdit& field) {
   field.setDateRange(FirstPickableDate(), LastPickableDate());
   field.setDisplayFormat(QStringLiteral("MM/dd/yyyy"));
   field.setDate(TodayDate());
-  field.calendarWidget()->setFirstDayOfWeek(Qt::Sunday);
+  SetUpCalendarLooks(*field.calendarWidget());
+  field.calendarWidget()->setMinimumSize(kFingerSize);
 }
 
 void ShowStamp(QDateEdit& field, DateStamp stamp) { field.setDate(DateOfStamp(stamp)); }

@@ -12,6 +12,7 @@ namespace brovanta {
 namespace {
 
 constexpr int kFieldPadding = 8;
+constexpr int kTextAreaFrame = 4;
 constexpr int kArrowRoom = 32;
 constexpr int kScrollBar = 10;
 constexpr int kShortestSlider = 32;
@@ -20,6 +21,11 @@ constexpr QSize kTabSize{56, 28};  ///< of a tab that shows a picture only
 /// Whether the view is the drop-down list of a combo box.
 bool IsDropDownList(const QWidget* widget) {
   return widget != nullptr && widget->inherits("QComboBoxListView");
+}
+
+/// Whether the widget is a field for several lines of text.
+bool IsTextArea(const QWidget* widget) {
+  return widget != nullptr && widget->inherits("QPlainTextEdit");
 }
 
 QRect SliderRect(const QStyleOptionSlider& bar) {
@@ -85,6 +91,13 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
       return 22;
+    case PM_FocusFrameHMargin:
+      if (IsDropDownList(widget)) return kFieldPadding - 3;
+      return QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_DefaultFrameWidth:
+      // Room for the round corners.
+      if (IsTextArea(widget)) return kTextAreaFrame;
+      return QProxyStyle::pixelMetric(metric, option, widget);
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
     case PM_TabBarTabShiftHorizontal:

@@ -2,6 +2,7 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyleOption>
 
@@ -165,6 +166,12 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
       QProxyStyle::drawControl(element, &copy, painter, widget);
       return;
     }
+    case CE_ShapedFrame:
+      if (qobject_cast<const QPlainTextEdit*>(widget) == nullptr) {
+        return QProxyStyle::drawControl(element, option, painter, widget);
+      }
+      PaintField(*painter, *option);
+      return;
     case CE_TabBarTabShape:
       PaintTab(*painter, *option);
       return;

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabBar>
@@ -81,6 +82,19 @@ TEST(ProgramStylePaintingTest, AChosenTextHasTheColorOfATypedOne) {
   combo.addItem(QString(8, QChar(0x2588)));  // full blocks: nothing but ink
   combo.resize(200, 40);
   EXPECT_EQ(PixelAt(combo, 40, 20), theme::kText);
+}
+
+TEST(ProgramStylePaintingTest, AFieldForSeveralLinesLooksLikeOneForASingleLine) {
+  QWidget window;
+  QPlainTextEdit edit(&window);
+  edit.setGeometry(10, 10, 200, 100);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  edit.clearFocus();
+  EXPECT_EQ(PixelAt(edit, 100, 0), theme::kFieldLine);
+  EXPECT_EQ(PixelAt(edit, 100, 1), theme::kGround);
+  edit.setFocus();
+  EXPECT_EQ(PixelAt(edit, 100, 1), theme::kNavy);
 }
 
 TEST(ProgramStylePaintingTest, ADisabledFieldLooksQuiet) {
