@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -12,7 +11,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/small_screen.h"
 
 namespace brovanta {
 namespace {
@@ -113,32 +112,9 @@ TEST(ModalDialogTest, OpensAt360By640OnALargeScreen) {
   EXPECT_FALSE(dialog.isFullScreen());
 }
 
-/// Set in the process that runs on the small screen.
-constexpr char kOnHandheld[] = "BROVANTA_ON_HANDHELD";
-
-/// Runs one test of this program in a process of its own with a handheld's screen.
-int RunOnSmallScreen(const QString& test) {
-  const test::TempFolder folder;
-  folder.WriteText("screens.json",
-                   R"({"screens":[{"name":"handheld","x":0,"y":0,"width":360,)"
-                   R"("height":640,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})");
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
-                     QStringLiteral("offscreen:configfile=") +
-                         QString::fromStdString(folder.File("screens.json")));
-  environment.insert(QLatin1String(kOnHandheld), QStringLiteral("1"));
-  environment.remove(QStringLiteral("GTEST_OUTPUT"));
-  QProcess process;
-  process.setProcessEnvironment(environment);
-  process.setProcessChannelMode(QProcess::ForwardedChannels);
-  process.start(QCoreApplication::applicationFilePath(),
-                {QStringLiteral("--gtest_filter=") + test});
-  return process.waitForFinished() ? process.exitCode() : -1;
-}
-
 TEST(ModalDialogTest, FillsASmallScreen) {
-  if (qEnvironmentVariableIsEmpty(kOnHandheld)) {
-    EXPECT_EQ(RunOnSmallScreen(QStringLiteral("ModalDialogTest.FillsASmallScreen")), 0);
+  if (!test::OnSmallScreen()) {
+    EXPECT_EQ(test::RunOnSmallScreen("ModalDialogTest.FillsASmallScreen"), 0);
     return;
   }
   ASSERT_TRUE(IsSmallScreen(QApplication::primaryScreen()));
