@@ -42,7 +42,6 @@ constexpr std::array kToolEntries{ToolEntry{kToolAdd, kMenuAdd, "Add"},
                                   ToolEntry{kToolFind, kMenuFind, "Find"}};
 
 constexpr int kToolPicture = 22;
-constexpr int kNarrowestTool = 34;  // beside large print on a narrow screen
 
 }  // namespace
 
@@ -52,8 +51,8 @@ CommandBar::CommandBar(QWidget* parent)
       menu_(new QMenu(this)) {
   setObjectName(QStringLiteral("commandBar"));
   auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(4, 3, 4, 3);
-  layout->setSpacing(2);
+  layout->setContentsMargins(3, 3, 3, 3);
+  layout->setSpacing(0);
   layout->addWidget(tools_button_);
   BuildMenu();
   BuildToolBar();
@@ -105,7 +104,6 @@ void CommandBar::BuildToolBar() {
     button->setAccessibleName(name);
     button->setIconSize({kToolPicture, kToolPicture});
     button->setFocusPolicy(Qt::TabFocus);
-    button->setMinimumWidth(kNarrowestTool);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     layout->addWidget(button);
     buttons_.insert(entry.command, button);

@@ -80,15 +80,6 @@ TEST_F(MainDialogTest, FourTabsHavePicturesOnlyAndNamesForScreenReaders) {
   EXPECT_THAT(names, ElementsAre("Products", "Coupons", "Purchases", "Web searches"));
 }
 
-TEST_F(MainDialogTest, WindowCanBeMinimizedAndMaximizedAndStartsAtItsSize) {
-  Open();
-  EXPECT_TRUE(screen().windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
-  EXPECT_TRUE(screen().windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
-  EXPECT_TRUE(screen().windowFlags().testFlag(Qt::WindowCloseButtonHint));
-  EXPECT_EQ(screen().size(), QSize(360, 640));
-  EXPECT_EQ(screen().windowTitle().toStdString(), "Brovanta");
-}
-
 TEST_F(MainDialogTest, EachTabShowsItsListAndKind) {
   AddProduct("Milk", kToday);
   AddCoupon("Half price", 0, 0);
@@ -338,59 +329,6 @@ TEST_F(MainDialogTest, EmptyListsSaySoInTheirOwnWords) {
   EXPECT_EQ(words(), "Nothing bought in this month");
   ChooseTab(3);
   EXPECT_EQ(words(), "No saved web searches");
-}
-
-TEST_F(MainDialogTest, TabKeyWalksTheControlsFromTopToBottom) {
-  Open();
-  Find<QTabBar>("tabBar").setFocus();
-  std::vector<std::string> order;
-  for (int i = 0; i < 8; ++i) {
-    order.push_back(QApplication::focusWidget()->objectName().toStdString());
-    Press(Qt::Key_Tab);
-  }
-  EXPECT_THAT(
-      order, ElementsAre("tabBar", "viewModeButton", "periodHeadingButton", "updateButton",
-                         "storeFilterButton", "categoryFilterButton", "recordTree", "toolsButton"));
-}
-
-TEST_F(MainDialogTest, EveryControlFitsEachScreenSizeAndLargePrint) {
-  AddProduct("Milk", kToday);
-  Open();
-  ChooseView(kWeeklyView);
-  for (const int scale : {1, 2}) {
-    QFont font = screen().font();
-    font.setPixelSize(QFontInfo(font).pixelSize() * scale);
-    screen().setFont(font);
-    for (const QSize size : {QSize(360, 640), QSize(640, 360), QSize(320, 480)}) {
-      screen().resize(size);
-      QApplication::processEvents();
-      ASSERT_EQ(screen().size(), size);
-      for (const char* name :
-           {"tabBar", "viewModeButton", "periodHeadingButton", "updateButton", "storeFilterButton",
-            "categoryFilterButton", "recordTree", "commandBar", "toolsButton", "tool2785"}) {
-        const QWidget& widget = Find<QWidget>(name);
-        const QRect place(widget.mapTo(&screen(), QPoint(0, 0)), widget.size());
-        EXPECT_TRUE(screen().rect().contains(place)) << name << " " << size.width() << " " << scale;
-      }
-      EXPECT_GE(tree().height(), 90);
-      const ColorButton& heading = button("periodHeadingButton");
-      EXPECT_LE(heading.fontMetrics().horizontalAdvance(heading.text()), heading.width());
-    }
-  }
-}
-
-TEST_F(MainDialogTest, LowWideScreenPutsPeriodAndFiltersInOneLine) {
-  Open();
-  const auto y = [this](const char* name) {
-    return Find<QWidget>(name).mapTo(&screen(), QPoint(0, 0)).y();
-  };
-  EXPECT_GT(y("storeFilterButton"), y("updateButton"));
-  screen().resize(640, 360);
-  QApplication::processEvents();
-  EXPECT_EQ(y("storeFilterButton"), y("updateButton"));
-  screen().resize(360, 640);
-  QApplication::processEvents();
-  EXPECT_GT(y("storeFilterButton"), y("updateButton"));
 }
 
 }  // namespace

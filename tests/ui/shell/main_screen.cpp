@@ -1,6 +1,8 @@
 #include "tests/ui/shell/main_screen.h"
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTimer>
 #include <QTreeWidgetItemIterator>
 #include <limits>
@@ -235,6 +237,28 @@ std::shared_ptr<SeenBox> MainScreenTest::AnswerNext(QMessageBox::StandardButton 
 
 void MainScreenTest::InNextDialog(std::function<void(QWidget&)> work) {
   dialog_watch_ = std::make_unique<DialogWatch>(std::move(work));
+}
+
+std::shared_ptr<bool> MainScreenTest::WatchForDialog() {
+  auto opened = std::make_shared<bool>(false);
+  InNextDialog([opened](QWidget& dialog) {
+    *opened = true;
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  return opened;
+}
+
+void MainScreenTest::Type(QWidget& dialog, const char* field, const char* text) {
+  auto* edit = dialog.findChild<QLineEdit*>(QString::fromLatin1(field));
+  ASSERT_NE(edit, nullptr) << field;
+  edit->selectAll();
+  QTest::keyClicks(edit, QString::fromLatin1(text));
+}
+
+void MainScreenTest::Click(QWidget& dialog, const char* button_name) {
+  auto* wanted = dialog.findChild<QPushButton*>(QString::fromLatin1(button_name));
+  ASSERT_NE(wanted, nullptr) << button_name;
+  QTest::mouseClick(wanted, Qt::LeftButton);
 }
 
 DialogWatch::DialogWatch(std::function<void(QWidget&)> work) : work_(std::move(work)) {

@@ -104,6 +104,12 @@ class MainScreenTest : public testing::Test {
   /// Lets something be done in the next modal dialog, once it is shown.
   void InNextDialog(std::function<void(QWidget&)> work);
 
+  /// Cancels the next dialog; the value tells whether one opened.
+  std::shared_ptr<bool> WatchForDialog();
+  /// In a dialog: puts a text into a field by keys, or clicks a button.
+  static void Type(QWidget& dialog, const char* field, const char* text);
+  static void Click(QWidget& dialog, const char* button_name);
+
   ZoneGuard zone_{"UTC"};
   FixedClock clock_{kNow};
   TempFolder folder_;

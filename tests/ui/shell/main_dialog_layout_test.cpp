@@ -1,0 +1,116 @@
+// The main screen's window: size, arrangement, order of its controls.
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QScreen>
+
+#include "tests/support/form_check.h"
+#include "tests/support/small_screen.h"
+#include "tests/ui/shell/main_screen.h"
+
+namespace brovanta::test {
+namespace {
+
+using testing::ElementsAre;
+
+using MainDialogLayoutTest = MainScreenTest;
+
+TEST_F(MainDialogLayoutTest, WindowCanBeMinimizedAndMaximizedAndStartsAtItsSize) {
+  Open();
+  EXPECT_TRUE(screen().windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+  EXPECT_TRUE(screen().windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+  EXPECT_TRUE(screen().windowFlags().testFlag(Qt::WindowCloseButtonHint));
+  EXPECT_EQ(screen().size(), QSize(360, 640));
+  EXPECT_EQ(screen().windowTitle().toStdString(), "Brovanta");
+}
+
+TEST_F(MainDialogLayoutTest, FillsASmallScreen) {
+  if (!OnSmallScreen()) {
+    EXPECT_EQ(RunOnSmallScreen("MainDialogLayoutTest.FillsASmallScreen"), 0);
+    return;
+  }
+  Open();
+  EXPECT_TRUE(screen().isFullScreen());
+  EXPECT_EQ(screen().size(), screen().screen()->size());
+}
+
+TEST_F(MainDialogLayoutTest, TabKeyWalksTheControlsFromTopToBottom) {
+  Open();
+  Find<QTabBar>("tabBar").setFocus();
+  std::vector<std::string> order;
+  for (int i = 0; i < 8; ++i) {
+    order.push_back(QApplication::focusWidget()->objectName().toStdString());
+    Press(Qt::Key_Tab);
+  }
+  EXPECT_THAT(
+      order, ElementsAre("tabBar", "viewModeButton", "periodHeadingButton", "updateButton",
+                         "storeFilterButton", "categoryFilterButton", "recordTree", "toolsButton"));
+}
+
+TEST_F(MainDialogLayoutTest, EveryControlFitsEachScreenSizeAndLargePrint) {
+  AddRecurring("Sourdough bread", kToday, kDaily, 0, 1);
+  AddProduct("Whole milk, 1 l", kToday, "Fresh & Co");
+  AddRecurring("M\xFCsli, 750 g", kToday - 2 * kOneDay, kWeekly, 1, 4);
+  AddProduct("Batteries of a long name that does not fit a row", kToday - 5 * kOneDay,
+             "Electro Hall at the old harbour");
+  Open();
+  ChooseView(kWeeklyView);
+  Select("Whole milk, 1 l");
+  for (const int scale : {1, 2}) {
+    QFont font = screen().font();
+    font.setPixelSize(QFontInfo(font).pixelSize() * scale);
+    screen().setFont(font);
+    for (const QSize size : ScreenSizes()) {
+      screen().resize(size);
+      QApplication::processEvents();
+      ASSERT_EQ(screen().size(), size);
+      EXPECT_EQ(Clipped(&screen()), "") << size.width() << " wide, print " << scale;
+      EXPECT_GE(tree().height(), 90);
+      SavePicture(&screen(), QStringLiteral("main_screen_print_%1").arg(scale));
+    }
+  }
+}
+
+TEST_F(MainDialogLayoutTest, CalendarFitsEachScreenSize) {
+  Open();
+  for (const QSize size : ScreenSizes()) {
+    screen().resize(size);
+    QTest::mouseClick(&button("periodHeadingButton"), Qt::LeftButton);
+    QApplication::processEvents();
+    const auto& calendar = Find<QWidget>("calendar");
+    EXPECT_TRUE(
+        screen().rect().contains(QRect(calendar.mapTo(&screen(), QPoint(0, 0)), calendar.size())));
+    SavePicture(&screen(), QStringLiteral("main_screen_calendar"));
+    Press(Qt::Key_Escape);
+  }
+}
+
+TEST_F(MainDialogLayoutTest, ScreenReadersHearTheRows) {
+  AddProduct("Milk", kToday - 2 * kOneDay, "Corner Shop");
+  Open();
+  QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&tree());
+  ASSERT_NE(list, nullptr);
+  std::vector<std::string> heard;
+  for (int i = 0; i < list->childCount(); ++i) {
+    heard.push_back(list->child(i)->text(QAccessible::Name).toStdString());
+  }
+  EXPECT_THAT(heard,
+              testing::IsSupersetOf({"Thursday 11/19/2026", "Milk, Corner Shop, 2 days overdue"}));
+}
+
+TEST_F(MainDialogLayoutTest, LowWideScreenPutsPeriodAndFiltersInOneLine) {
+  Open();
+  const auto y = [this](const char* name) {
+    return Find<QWidget>(name).mapTo(&screen(), QPoint(0, 0)).y();
+  };
+  EXPECT_GT(y("storeFilterButton"), y("updateButton"));
+  screen().resize(640, 360);
+  QApplication::processEvents();
+  EXPECT_EQ(y("storeFilterButton"), y("updateButton"));
+  screen().resize(360, 640);
+  QApplication::processEvents();
+  EXPECT_GT(y("storeFilterButton"), y("updateButton"));
+}
+
+}  // namespace
+}  // namespace brovanta::test
