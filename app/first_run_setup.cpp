@@ -38,7 +38,7 @@ void StoreMissing(const RegistryStore& store, const char* name, const std::strin
   auto key = RegistryKey::Create(store, kProgramKey);
   // Without a place for settings the program runs on its defaults, and asks again at the next
   // start.
-  if (key) key->SetText(name, value);
+  if (key) static_cast<void>(key->SetText(name, value));
 }
 
 }  // namespace

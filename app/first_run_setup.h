@@ -26,6 +26,6 @@ void SetUpUpdateServer(const platform::RegistryStore& store);
 
 /// Puts an empty list in the place of every name list that is missing; never touches one that is
 /// there. False when one could not be written.
-bool SeedNameLists(const std::string& folder);
+[[nodiscard]] bool SeedNameLists(const std::string& folder);
 
 }  // namespace brovanta

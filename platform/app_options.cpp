@@ -41,14 +41,14 @@ std::optional<double> TaxFromValue(const RegistryValue& value) {
 void SaveText(RegistryKey& key, const char* name, const std::string& text) {
   const auto wide = Utf8ToUtf16(text);
   if (!wide) return;
-  key.SetText(name, Utf16ToUtf8(CutUtf16(*wide, AppOptions::kTextLength)));
+  (void)key.SetText(name, Utf16ToUtf8(CutUtf16(*wide, AppOptions::kTextLength)));
 }
 
 }  // namespace
 
 AppOptions::AppOptions(const platform::RegistryStore& store, std::string key_path)
     : store_(store), key_path_(std::move(key_path)) {
-  load();
+  (void)load();  // without stored settings the defaults stand
 }
 
 int AppOptions::load() {
@@ -65,7 +65,7 @@ int AppOptions::save() {
   if (!key) return -1;
   SaveText(*key, "Country", country_);
   SaveText(*key, "ZipCode", zip_code_);
-  key->Set("Tax", TaxValue(tax_));
+  (void)key->Set("Tax", TaxValue(tax_));
   return 0;
 }
 

@@ -22,12 +22,12 @@ class AppOptions {
   /// Reads "Country", "ZipCode" and "Tax"; a value that is missing or too large leaves its field as
   /// it was, and so does a tax that has not eight bytes or is not finite. 0, or -1 when the key
   /// cannot be opened.
-  int load();
+  [[nodiscard]] int load();
 
   /// Writes the three values, country and zip code cut to what can be read back; the fields keep
   /// what they hold. 0, or -1 when the key can neither be opened nor created; the results of the
   /// single writes are not looked at.
-  int save();
+  [[nodiscard]] int save();
 
   /// Sales tax in percent. A reference to it may be held as long as this object lives.
   [[nodiscard]] const double& tax() const { return tax_; }

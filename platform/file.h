@@ -91,7 +91,7 @@ class File {
 [[nodiscard]] bool ReplaceFile(const std::string& path, std::span<const std::byte> bytes);
 
 /// Removes the file at the documented path; true when nothing stands there any more.
-bool RemoveFile(const std::string& path);
+[[nodiscard]] bool RemoveFile(const std::string& path);
 
 /// Renames within a folder, documented paths; what stood at `to` is gone then.
 [[nodiscard]] bool RenameFile(const std::string& from, const std::string& to);

@@ -65,7 +65,7 @@ bool PutAside(const std::string& path, const std::string& bytes) {
   File file;
   if (!file.Open(aside, File::Mode::kCreateNew)) return false;
   if (file.WriteAt(0, AsBytes(bytes)) && file.Sync()) return true;
-  RemoveFile(aside);
+  (void)RemoveFile(aside);
   return false;
 }
 

@@ -58,7 +58,7 @@ class RegistryKey {
 
   /// Writes the value, replacing one of the same name; the file is replaced whole. False when it
   /// could not be written, or the name has a control character; the old file stays.
-  bool Set(std::string_view name, const RegistryValue& value);
+  [[nodiscard]] bool Set(std::string_view name, const RegistryValue& value);
 
   /// Text value of at most `max_bytes` of UTF-16 with terminator, as UTF-8. Nothing when it is
   /// missing, not a REG_SZ, or larger. Half a surrogate pair becomes U+FFFD.
@@ -67,7 +67,7 @@ class RegistryKey {
 
   /// Writes a REG_SZ from UTF-8: (code units + 1) x 2 bytes. False as Set, and for a text that is
   /// not well-formed.
-  bool SetText(std::string_view name, std::string_view utf8);
+  [[nodiscard]] bool SetText(std::string_view name, std::string_view utf8);
 
  private:
   RegistryKey(std::string file_path, std::string key_path);

@@ -15,7 +15,7 @@ class SearchManager {
   /// Builds the three paths in the installation folder (UTF-8), each at most 249 bytes and in the
   /// documented form. A base of one byte or none is not used: the paths are then bare names.
   /// Returns 0.
-  int SetSearchFolder(const std::string& base_path);
+  [[nodiscard]] int SetSearchFolder(const std::string& base_path);
 
   [[nodiscard]] const std::string& index_path() const { return index_path_; }
   [[nodiscard]] const std::string& configuration_path() const { return configuration_path_; }

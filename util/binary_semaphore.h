@@ -21,7 +21,7 @@ class BinarySemaphore {
   [[nodiscard]] int Wait(std::uint32_t milliseconds);
 
   /// Gives the unit back. 0, or -1 when the count already is at its maximum.
-  int Release();
+  [[nodiscard]] int Release();
 
  private:
   std::mutex mutex_;

@@ -24,7 +24,7 @@ class FeedFixture : public DiscountListFixture {
   /// The coupon that a feed with these fields alone leaves, as it stands in the file.
   DiscountRecord One(const std::string& fields) {
     const std::string start = "<CP><ID>9</ID><SR>1</SR><NM>Soap</NM><SI>7</SI><CI>8</CI>";
-    platform::RemoveFile(folder_.File("discount.dat"));
+    EXPECT_TRUE(platform::RemoveFile(folder_.File("discount.dat")));
     EXPECT_EQ(Coupons(start + fields + "</CP>"), 0);
     const auto record = list_.Read(9, 1);
     EXPECT_TRUE(record) << fields;

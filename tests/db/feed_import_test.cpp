@@ -115,7 +115,7 @@ TEST_F(FeedImportTest, TextsAreCutToTheirFields) {
 
 TEST_F(FeedImportTest, LongCouponNamesAreCutAt49) {
   for (const std::size_t size : {49U, 50U, 500U}) {
-    platform::RemoveFile(folder_.File("discount.dat"));
+    ASSERT_TRUE(platform::RemoveFile(folder_.File("discount.dat")));
     ASSERT_EQ(
         Coupons("<CP><ID>9</ID><NM>" + std::string(size, 'n') + "</NM><SI>1</SI><CI>1</CI></CP>"),
         0);
@@ -246,7 +246,7 @@ TEST_F(FeedImportTest, FeedCutAnywhereImportsTheWholeSpansBeforeTheCut) {
   const std::string second = "<CP><ID>2</ID><NM>b</NM><SI>1</SI><CI>1</CI></CP>";
   const std::string whole = first + second;
   for (std::size_t size = 0; size <= whole.size(); ++size) {
-    platform::RemoveFile(folder_.File("discount.dat"));
+    ASSERT_TRUE(platform::RemoveFile(folder_.File("discount.dat")));
     ASSERT_EQ(Coupons(whole.substr(0, size)), 0);
     Ids expected;
     if (size >= first.size()) expected.push_back(1);

@@ -126,7 +126,7 @@ TEST_F(UpdateSequenceTest, ConfigurationIsCopiedByteForByte) {
 }
 
 TEST_F(UpdateSequenceTest, ConfigurationThatWasMissingIsMade) {
-  platform::RemoveFile(folder_.File("webspider.xml"));
+  ASSERT_TRUE(platform::RemoveFile(folder_.File("webspider.xml")));
   ASSERT_EQ(Run(), 0);
   EXPECT_EQ(Text("webspider.xml"), GoodConfiguration());
 }
@@ -205,7 +205,7 @@ TEST_F(UpdateSequenceTest, FeedThatCannotBeReadHasTheLineOfItsStep) {
     job.download = [&, inner = job.download](const std::string& url, const std::string& path,
                                              const std::atomic<std::int32_t>& flag) {
       const std::int32_t code = inner(url, path, flag);
-      if (url.find(what) != std::string::npos) platform::RemoveFile(path);
+      if (url.find(what) != std::string::npos) EXPECT_TRUE(platform::RemoveFile(path));
       return code;
     };
     host_.lines_.clear();
