@@ -1,6 +1,7 @@
 #include "db/name_list.h"
 
 #include <limits>
+#include <span>
 #include <utility>
 
 #include "db/error_codes.h"
@@ -8,6 +9,7 @@
 #include "db/record_format.h"
 #include "db/unit_of_work.h"
 #include "platform/file.h"
+#include "platform/text_file.h"
 #include "util/little_endian.h"
 
 namespace brovanta {
@@ -22,18 +24,14 @@ void AppendWord(std::vector<std::byte>& bytes, std::uint32_t word) {
 
 // Notes a copy of the file under the first free name.
 int NoteCopy(UnitOfWork& work, const std::string& path) {
-  platform::File file;
-  if (!file.Open(path, platform::File::Mode::kRead)) return ERR_OPEN;
-  const std::int64_t size = file.Size();
-  if (size < 0) return ERR_IO;
-  std::vector<std::byte> bytes(static_cast<std::size_t>(size));
-  if (file.ReadAt(0, bytes) != size) return ERR_IO;
+  std::string bytes;
+  if (const int code = platform::ReadWholeFile(path, bytes); code != 0) return code;
   std::string copy = path + ".bad";
   for (int number = 2; platform::FileExists(copy); ++number) {
     if (number > kBadNamesTried) return ERR_OPEN;
     copy = path + ".bad" + std::to_string(number);
   }
-  work.Replace(std::move(copy), bytes);
+  work.Replace(std::move(copy), std::as_bytes(std::span(bytes)));
   return 0;
 }
 

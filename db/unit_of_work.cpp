@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "db/error_codes.h"
+#include "platform/text_file.h"
 
 namespace brovanta {
 
@@ -64,13 +65,12 @@ int UnitOfWork::SaveOldBytes(const Change& change, Undo& undo) {
 
 int UnitOfWork::SaveOldFile(const std::string& path, Undo& undo) const {
   if (!platform::FileExists(path)) return 0;
-  platform::File file;
-  if (!file.Open(path, platform::File::Mode::kRead)) return ERR_OPEN;
-  const std::int64_t size = file.Size();
-  if (size < 0) return ERR_IO;
-  undo.old_size = size;
-  undo.old_bytes.resize(static_cast<std::size_t>(size));
-  return file.ReadAt(0, undo.old_bytes) == size ? 0 : ERR_IO;
+  std::string text;
+  if (const int code = platform::ReadWholeFile(path, text); code != 0) return code;
+  const std::span<const std::byte> bytes = std::as_bytes(std::span(text));
+  undo.old_size = static_cast<std::int64_t>(bytes.size());
+  undo.old_bytes.assign(bytes.begin(), bytes.end());
+  return 0;
 }
 
 int UnitOfWork::CarryOut(const Change& change) {

@@ -31,7 +31,7 @@ int ReadWholeFile(const std::string& path, std::string& bytes) {
   if (!file.Open(path, File::Mode::kRead)) return ERR_OPEN;
   const std::int64_t size = file.Size();
   if (size < 0) return ERR_FORMAT;
-  if (!Resize(bytes, size)) return ERR_IO;
+  if (size > kLargestWholeFile || !Resize(bytes, size)) return ERR_IO;
   if (file.Read(std::as_writable_bytes(std::span(bytes))) != size) {
     bytes.clear();
     return ERR_IO;

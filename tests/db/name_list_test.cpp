@@ -9,6 +9,7 @@
 
 #include "db/error_codes.h"
 #include "platform/file.h"
+#include "platform/text_file.h"
 #include "tests/db/raw_files.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/write_limit.h"
@@ -248,6 +249,15 @@ TEST_F(NameListTest, EveryKindOfDamageIsKeptAside) {
     ASSERT_EQ(folder_.Read(kept), kinds[i]) << i;
     ASSERT_EQ(list.Load(path_), 0) << i;
   }
+}
+
+TEST_F(NameListTest, AnEnormousForeignFileIsNotReplaced) {
+  ASSERT_EQ(Load(Hex("01 02 03 04")), ERR_FORMAT);
+  std::filesystem::resize_file(folder_.File("store.lst"), platform::kLargestWholeFile + 1);
+  list_.Insert(Item(2, "b"));
+  EXPECT_EQ(list_.Save(path_), ERR_IO);
+  EXPECT_EQ(std::filesystem::file_size(folder_.File("store.lst")), platform::kLargestWholeFile + 1);
+  EXPECT_FALSE(std::filesystem::exists(folder_.File("store.lst.bad")));
 }
 
 TEST_F(NameListTest, AFailedSaveLeavesTheFileAndNothingBesideIt) {

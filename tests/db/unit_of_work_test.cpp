@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "db/error_codes.h"
+#include "platform/text_file.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/write_limit.h"
 
@@ -110,6 +111,18 @@ TEST_F(UnitOfWorkTest, OverlappingChangesArePutBackToTheFirstState) {
     EXPECT_EQ(work.Commit(), ERR_IO);
   }
   EXPECT_EQ(folder_.ReadText("a.dat"), "0123456789");
+}
+
+TEST_F(UnitOfWorkTest, AFileTooLargeToBePutBackIsNotReplaced) {
+  folder_.WriteText("a.dat", "0123456789");
+  folder_.WriteText("b.lst", "old");
+  std::filesystem::resize_file(folder_.File("b.lst"), platform::kLargestWholeFile + 1);
+  UnitOfWork work;
+  work.Write(Adopt(work, "a.dat"), 0, Hex("41"));
+  work.Replace(Path("b.lst"), Hex("42"));
+  EXPECT_EQ(work.Commit(), ERR_IO);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "0123456789");
+  EXPECT_EQ(std::filesystem::file_size(folder_.File("b.lst")), platform::kLargestWholeFile + 1);
 }
 
 TEST_F(UnitOfWorkTest, AFailurePutsReplacementsBack) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "platform/file.h"
 #include "tests/support/temp_folder.h"
 #include "util/error_codes.h"
@@ -59,6 +61,13 @@ TEST_F(TextFileTest, FileThatSomebodyElseHoldsDoesNotOpen) {
   EXPECT_EQ(Read(folder_.File("feed")), ERR_OPEN);
   holder.Close();
   EXPECT_EQ(Read(folder_.File("feed")), 0);
+}
+
+TEST_F(TextFileTest, EnormousFileIsNotRead) {
+  folder_.WriteText("feed", "text");
+  std::filesystem::resize_file(folder_.File("feed"), kLargestWholeFile + 1);
+  EXPECT_EQ(Read(folder_.File("feed")), ERR_IO);
+  EXPECT_EQ(text_, "");
 }
 
 TEST_F(TextFileTest, FileIsClosedAgain) {
