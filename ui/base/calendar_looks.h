@@ -1,12 +1,12 @@
-// The looks that every calendar of the program shares, dropped down or not.
+// The looks that every month calendar of the program has.
 #pragma once
 
 class QCalendarWidget;
 
 namespace brovanta {
 
-/// English names, weeks from Sunday without numbers, week-ends in the colour of other days and
-/// the program's own arrows, with names for a screen reader.
-void SetUpCalendarLooks(QCalendarWidget& calendar);
+/// English names and digits whatever the user's locale, as in the rest of the program; week from
+/// Sunday, dates that a stamp can hold, weekends like other days, own arrows.
+void DressCalendar(QCalendarWidget& calendar);
 
 }  // namespace brovanta

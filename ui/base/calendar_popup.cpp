@@ -29,9 +29,7 @@ CalendarPopup::CalendarPopup(QCalendarWidget& calendar, QWidget& screen)
   auto* layout = new QVBoxLayout(frame_);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&calendar);
-  SetUpCalendarLooks(calendar);
-  calendar.setDateEditEnabled(false);
-  calendar.setDateRange(FirstPickableDate(), LastPickableDate());
+  DressCalendar(calendar);
   calendar.setSelectedDate(TodayDate());
   calendar.show();
   hide();
@@ -56,9 +54,15 @@ void CalendarPopup::Open(const QWidget& anchor) {
   calendar_.setFocus(Qt::PopupFocusReason);
 }
 
-QDate CalendarPopup::date() const { return calendar_.selectedDate(); }
+QDate CalendarPopup::date() const { return isHidden() ? calendar_.selectedDate() : date_before_; }
 
-void CalendarPopup::SetDate(QDate date) { calendar_.setSelectedDate(date); }
+void CalendarPopup::SetDate(QDate date) {
+  if (isHidden()) {
+    calendar_.setSelectedDate(date);
+  } else {
+    date_before_ = date;
+  }
+}
 
 void CalendarPopup::Place() {
   setGeometry(screen_.rect());

@@ -23,8 +23,10 @@ class CalendarPopup : public QWidget {
   /// Opens with the calendar below the anchor, as far as there is room.
   void Open(const QWidget& anchor);
 
+  /// The chosen date. While the calendar is open it is the one from before, wherever the arrow keys
+  /// have gone.
   [[nodiscard]] QDate date() const;
-  /// Selects a date without Chosen().
+  /// Sets the chosen date without Chosen(); in an open calendar nothing moves.
   void SetDate(QDate date);
 
  Q_SIGNALS:

@@ -2,14 +2,14 @@
 
 #include <QCalendarWidget>
 #include <QDateEdit>
+#include <QLocale>
 
 #include "ui/base/calendar_looks.h"
 #include "ui/base/period.h"
 
 namespace brovanta {
-
 namespace {
-constexpr QSize kFingerSize{308, 296};  // every day a finger wide and high
+constexpr QSize kFingerSize{300, 280};  // dates a finger wide, on the narrowest screen as well
 }  // namespace
 
 DateStamp StampOfPickedDay(QDate date) {
@@ -19,11 +19,13 @@ DateStamp StampOfPickedDay(QDate date) {
 }
 
 void SetUpDateField(QDateEdit& field) {
+  // Digits and names of the program, whatever the user's locale.
+  field.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
   field.setCalendarPopup(true);
   field.setDateRange(FirstPickableDate(), LastPickableDate());
   field.setDisplayFormat(QStringLiteral("MM/dd/yyyy"));
   field.setDate(TodayDate());
-  SetUpCalendarLooks(*field.calendarWidget());
+  DressCalendar(*field.calendarWidget());
   field.calendarWidget()->setMinimumSize(kFingerSize);
 }
 

@@ -12,40 +12,46 @@
 namespace brovanta {
 namespace {
 
-TEST(CalendarLooksTest, WeeksStartOnSundayWithoutNumbers) {
+TEST(CalendarLooksTest, MonthsAreEnglishWhateverTheLocale) {
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::German, QLocale::Austria));
   QCalendarWidget calendar;
-  SetUpCalendarLooks(calendar);
+  calendar.setCurrentPage(2026, 1);
+  DressCalendar(calendar);
+  QLocale::setDefault(before);
+  const auto* month = calendar.findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"));
+  ASSERT_NE(month, nullptr);
+  EXPECT_EQ(month->text().toStdString(), "January");
+}
+
+TEST(CalendarLooksTest, WeekStartsOnSundayAndWeekendsLookLikeOtherDays) {
+  QCalendarWidget calendar;
+  DressCalendar(calendar);
   EXPECT_EQ(calendar.firstDayOfWeek(), Qt::Sunday);
   EXPECT_EQ(calendar.verticalHeaderFormat(), QCalendarWidget::NoVerticalHeader);
-}
-
-TEST(CalendarLooksTest, NamesAreEnglishWhateverTheUsersLocale) {
-  const QLocale before;
-  QLocale::setDefault(QLocale(QLocale::German));
-  QCalendarWidget calendar;
-  SetUpCalendarLooks(calendar);
-  EXPECT_EQ(calendar.locale().language(), QLocale::English);
-  QLocale::setDefault(before);
-}
-
-TEST(CalendarLooksTest, WeekEndsHaveTheColorOfOtherDays) {
-  QCalendarWidget calendar;
-  SetUpCalendarLooks(calendar);
   for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
     EXPECT_EQ(calendar.weekdayTextFormat(day).foreground().color(), theme::kText);
   }
 }
 
-TEST(CalendarLooksTest, ArrowsHaveAPictureANameAndAToolTip) {
+TEST(CalendarLooksTest, OnlyDatesThatAStampCanHoldArePickable) {
   QCalendarWidget calendar;
-  SetUpCalendarLooks(calendar);
-  for (const char* const name : {"qt_calendar_prevmonth", "qt_calendar_nextmonth"}) {
-    const auto* arrow = calendar.findChild<QToolButton*>(QLatin1String(name));
-    ASSERT_NE(arrow, nullptr) << name;
-    EXPECT_FALSE(arrow->icon().isNull());
-    EXPECT_FALSE(arrow->accessibleName().isEmpty());
-    EXPECT_EQ(arrow->toolTip(), arrow->accessibleName());
-  }
+  DressCalendar(calendar);
+  EXPECT_EQ(calendar.minimumDate(), QDate(1970, 1, 2));
+  EXPECT_EQ(calendar.maximumDate(), QDate(2038, 1, 18));
+}
+
+TEST(CalendarLooksTest, ArrowsHaveNamesAndPictures) {
+  QCalendarWidget calendar;
+  DressCalendar(calendar);
+  const auto* before = calendar.findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"));
+  const auto* after = calendar.findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"));
+  ASSERT_NE(before, nullptr);
+  ASSERT_NE(after, nullptr);
+  EXPECT_EQ(before->accessibleName().toStdString(), "Month before");
+  EXPECT_EQ(after->toolTip().toStdString(), "Month after");
+  EXPECT_FALSE(before->icon().isNull());
+  EXPECT_NE(before->icon().pixmap(16, 16).toImage(), after->icon().pixmap(16, 16).toImage());
 }
 
 }  // namespace

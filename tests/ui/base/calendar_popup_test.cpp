@@ -178,5 +178,20 @@ TEST_F(CalendarPopupTest, SettingADateSendsNothing) {
   EXPECT_EQ(spy_->count(), 0);
 }
 
+TEST_F(CalendarPopupTest, ArrowKeysMoveNoDateBeforeOneIsChosen) {
+  popup_->Open(anchor_);
+  QTest::keyClick(Days(), Qt::Key_Left);
+  EXPECT_EQ(popup_->date(), QDate(2026, 11, 21));
+}
+
+TEST_F(CalendarPopupTest, DateSetWhileItIsOpenIsTheOneThatEscapeComesBackTo) {
+  popup_->Open(anchor_);
+  popup_->SetDate({2026, 11, 22});
+  EXPECT_EQ(popup_->date(), QDate(2026, 11, 22));
+  EXPECT_EQ(calendar_->selectedDate(), QDate(2026, 11, 21));
+  QTest::keyClick(Days(), Qt::Key_Escape);
+  EXPECT_EQ(popup_->date(), QDate(2026, 11, 22));
+}
+
 }  // namespace
 }  // namespace brovanta

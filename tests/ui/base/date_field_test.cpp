@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QCalendarWidget>
 #include <QDateEdit>
+#include <QLocale>
 #include <QTest>
 
 #include "tests/support/fixed_clock.h"
@@ -50,6 +52,28 @@ TEST(DateFieldTest, ADateCanBeTyped) {
   field.setFocus(Qt::TabFocusReason);
   QTest::keyClicks(&field, QStringLiteral("02282027"));
   EXPECT_EQ(field.date(), QDate(2027, 2, 28));
+}
+
+// A German locale would name the months in German, an Arabic one write digits of its own.
+TEST(DateFieldTest, TheUsersLocaleChangesNeitherTheDigitsNorTheCalendar) {
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+  {
+    const test::FixedClock clock(kNow);
+    QDateEdit field;
+    SetUpDateField(field);
+    EXPECT_EQ(field.text().toStdString(), "11/21/2026");
+    EXPECT_EQ(field.calendarWidget()->locale().language(), QLocale::English);
+    EXPECT_EQ(field.calendarWidget()->firstDayOfWeek(), Qt::Sunday);
+  }
+  QLocale::setDefault(before);
+}
+
+TEST(DateFieldTest, TheCalendarBelowHasDatesAFingerWide) {
+  QDateEdit field;
+  SetUpDateField(field);
+  EXPECT_GE(field.calendarWidget()->minimumWidth(), 7 * 40);
+  EXPECT_LE(field.calendarWidget()->minimumWidth(), 320);
 }
 
 TEST(DateFieldTest, ADateOutsideTheRangeIsNotAccepted) {

@@ -103,6 +103,28 @@ TEST_F(DayWatchTest, OtherDateThanTodayStaysWithItsSelection) {
   EXPECT_EQ(Text("periodHeadingButton"), "Nov 19, 2026");
 }
 
+TEST_F(DayWatchTest, DateLeftInAnOpenCalendarDoesNotHoldTheOldDay) {
+  Open();
+  QTest::mouseClick(&button("periodHeadingButton"), Qt::LeftButton);
+  Press(Qt::Key_Left);
+  clock_.Set(kNextNoon);
+  MinutePasses();
+  EXPECT_EQ(Text("periodHeadingButton"), "Nov 22, 2026");
+  Press(Qt::Key_Escape);
+  ChooseView(kDailyView);  // computed anew from the calendar's date
+  EXPECT_EQ(Text("periodHeadingButton"), "Nov 22, 2026");
+}
+
+TEST_F(DayWatchTest, DateCanStillBeChosenInACalendarThatWasOpenAtMidnight) {
+  Open();
+  QTest::mouseClick(&button("periodHeadingButton"), Qt::LeftButton);
+  Press(Qt::Key_Left);
+  clock_.Set(kNextNoon);
+  MinutePasses();
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Text("periodHeadingButton"), "Nov 20, 2026");
+}
+
 TEST_F(DayWatchTest, ClosedScreenWatchesNoMore) {
   Open();
   screen().close();
