@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QKeySequence>
 #include <QMenu>
+#include <QTextDocument>
 #include <QToolButton>
 #include <array>
 
@@ -127,7 +128,9 @@ void CommandBar::ShowFindText(const QString& text) {
 
 QString CommandBar::TipFor(const QString& name, int menu_command) const {
   const QKeySequence keys = action(menu_command)->shortcut();
-  return QStringLiteral("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText));
+  const QString tip = QStringLiteral("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText));
+  // A find text may look like markup, and would be taken for it.
+  return Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
 }
 
 }  // namespace brovanta

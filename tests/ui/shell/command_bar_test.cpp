@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocument>
 #include <QToolButton>
 
 #include "ui/base/color_button.h"
@@ -118,6 +119,14 @@ TEST_F(CommandBarTest, FindTextShowsOnTheFindButton) {
   bar_.ShowFindText(QString());
   EXPECT_EQ(find->accessibleName().toStdString(), "Find");
   EXPECT_EQ(find->icon().pixmap(24, 24).toImage(), quiet);
+}
+
+TEST_F(CommandBarTest, FindTextThatLooksLikeMarkupIsShownAsItStands) {
+  bar_.ShowFindText(QStringLiteral("<b>milk</b>"));
+  EXPECT_EQ(Tools().at(4)->accessibleName().toStdString(), "Find: <b>milk</b>");
+  QTextDocument shown;
+  shown.setHtml(Tools().at(4)->toolTip());
+  EXPECT_EQ(shown.toPlainText().toStdString(), "Find: <b>milk</b> (Ctrl+F)");
 }
 
 TEST_F(CommandBarTest, FitsANarrowScreenInLargePrint) {
