@@ -22,6 +22,14 @@ bool IsSmallScreen(const QScreen* screen) {
   return qMin(size.width(), size.height()) < kSmallScreenSide;
 }
 
+bool EnterPressesFocusedButton(const QDialog& dialog, const QKeyEvent& event) {
+  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  auto* button = qobject_cast<QAbstractButton*>(dialog.focusWidget());
+  if (!enter || button == nullptr || !button->isEnabled()) return false;
+  if (!event.isAutoRepeat()) button->click();
+  return true;
+}
+
 ModalDialog::ModalDialog(QWidget* parent, int cancel_result)
     : QDialog(parent), cancel_result_(cancel_result) {
   setModal(true);
@@ -58,14 +66,7 @@ void ModalDialog::Prepare() {
 }
 
 void ModalDialog::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  auto* button = qobject_cast<QAbstractButton*>(focusWidget());
-  if (enter && button != nullptr && button->isEnabled()) {
-    // QDialog would press the default button instead: OK for an Enter on Cancel.
-    button->click();
-    return;
-  }
-  QDialog::keyPressEvent(event);
+  if (!EnterPressesFocusedButton(*this, *event)) QDialog::keyPressEvent(event);
 }
 
 void ModalDialog::resizeEvent(QResizeEvent* event) {

@@ -42,6 +42,11 @@ class ModalDialog : public QDialog {
   bool prepared_ = false;
 };
 
+/// For a dialog's keyPressEvent: Enter presses the button of the dialog that has the focus, where
+/// QDialog would press the default one. Whether it was such a key on such a button; a key held down
+/// presses once.
+bool EnterPressesFocusedButton(const QDialog& dialog, const QKeyEvent& event);
+
 /// Whether the screen is a handheld's: its shorter side is under 600 logical pixels.
 [[nodiscard]] bool IsSmallScreen(const QScreen* screen);
 

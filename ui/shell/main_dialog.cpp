@@ -224,6 +224,7 @@ void MainDialog::closeEvent(QCloseEvent* event) {
 }
 
 void MainDialog::keyPressEvent(QKeyEvent* event) {
+  if (EnterPressesFocusedButton(*this, *event)) return;
   // QDialog would press a default button on Enter and reject on Escape.
   const int key = event->key();
   if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) {

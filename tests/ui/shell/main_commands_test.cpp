@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "platform/file.h"
 #include "tests/ui/shell/main_screen.h"
 
 namespace brovanta::test {
@@ -234,6 +235,49 @@ TEST_F(MainCommandsTest, KeysRunTheCommands) {
   Press(Qt::Key_Delete);
   EXPECT_EQ(deletion->text, "Do you want to permanently delete the selected product?");
   EXPECT_THAT(StoredNames(kProductKind), IsEmpty());
+}
+
+TEST_F(MainCommandsTest, EnterOnAToolRunsItsCommandOnce) {
+  Open();
+  auto* tool = dialog_->findChild<QToolButton*>(QStringLiteral("tool%1").arg(kToolFind));
+  ASSERT_NE(tool, nullptr);
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+    tool->setFocus(Qt::TabFocusReason);
+    const auto opened = WatchForDialog();
+    Press(key);
+    EXPECT_TRUE(*opened);
+  }
+}
+
+TEST_F(MainCommandsTest, ClosingTheProgramWhileADialogIsOpenChangesNothing) {
+  const std::string typed = "Typed but not saved";
+  for (const int command : {kToolAdd, kToolEdit, kToolDelete, kToolPurchase, kToolFind}) {
+    if (command == kToolAdd) AddProduct("Milk", kToday);
+    Open();
+    Select("Milk");
+    InNextDialog([&typed](QWidget& dialog) {
+      if (auto* field = dialog.findChild<QLineEdit*>()) {
+        QTest::keyClicks(field, QString::fromStdString(typed));
+      }
+      QApplication::closeAllWindows();  // what the end of the desktop does
+    });
+    Tool(command);
+    EXPECT_FALSE(screen().isVisible()) << command;
+    EXPECT_EQ(screen().database(), nullptr) << command;
+    EXPECT_THAT(StoredNames(kProductKind), ElementsAre("Milk")) << command;
+    EXPECT_FALSE(platform::FileExists(folder_.File("purchase.dat"))) << command;
+  }
+}
+
+TEST_F(MainCommandsTest, ClosingTheProgramUnderAMessageOfADialogEndsAllThree) {
+  Open();
+  InNextDialog([this](QWidget& dialog) {
+    InNextDialog([](QWidget&) { QApplication::closeAllWindows(); });
+    Click(dialog, "okButton");  // refused: there is no name
+  });
+  Tool(kToolAdd);
+  EXPECT_FALSE(screen().isVisible());
+  EXPECT_EQ(screen().database(), nullptr);
 }
 
 TEST_F(MainCommandsTest, DeleteWithoutASelectedRecordAsksNothing) {
