@@ -205,7 +205,9 @@ TEST_F(UpdateSequenceTest, FeedThatCannotBeReadHasTheLineOfItsStep) {
     job.download = [&, inner = job.download](const std::string& url, const std::string& path,
                                              const std::atomic<std::int32_t>& flag) {
       const std::int32_t code = inner(url, path, flag);
-      if (url.find(what) != std::string::npos) EXPECT_TRUE(platform::RemoveFile(path));
+      if (url.find(what) != std::string::npos) {
+        EXPECT_TRUE(platform::RemoveFile(path));
+      }
       return code;
     };
     host_.lines_.clear();
