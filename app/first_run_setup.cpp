@@ -55,13 +55,13 @@ std::string SetUpUserData(const RegistryStore& store, const std::string& default
   folder.resize(std::min(folder.size(), kLongestPath));
   if (folder == default_folder) {
     // What goes wrong here, the screens report when they open their files.
-    static_cast<void>(MakeFolder(folder));
+    static_cast<void>(platform::CreateFolder(folder));
   }
   return folder;
 }
 
 std::string SetUpThrowAwayFolder(std::string& folder) {
-  if (!MakeFolder(folder)) {
+  if (!platform::CreateFolder(folder)) {
     return "cannot make the folder '" + folder + "': " + std::strerror(errno);
   }
   folder = CanonicalFolder(folder);

@@ -3,15 +3,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <climits>
 #include <cstdlib>
 
 namespace brovanta {
 
 namespace {
-
-constexpr mode_t kForOneUser = 0700;
 
 /// The folder that the variable names, or one in the home folder. By the convention, a relative
 /// value is as good as none.
@@ -35,17 +31,6 @@ std::string UserRegistryFile() {
 
 std::string UserDataFolder() {
   return ConventionalFolder("XDG_DATA_HOME", "/.local/share") + "/brovanta";
-}
-
-bool MakeFolder(const std::string& path) {
-  for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
-    const std::string part = path.substr(0, end);
-    if (mkdir(part.c_str(), kForOneUser) != 0 && errno != EEXIST && !IsFolder(part)) return false;
-    if (end == std::string::npos) break;
-  }
-  if (IsFolder(path)) return true;
-  errno = ENOTDIR;
-  return false;
 }
 
 std::string CanonicalFolder(const std::string& path) {

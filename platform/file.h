@@ -97,7 +97,7 @@ class File {
 [[nodiscard]] bool RenameFile(const std::string& from, const std::string& to);
 
 /// Makes the folder at the documented path and those above it that are missing, for their owner
-/// alone (0700). True when the folder stands, new or not.
+/// alone (0700). True when the folder stands, new or not; otherwise errno says why.
 [[nodiscard]] bool CreateFolder(const std::string& path);
 
 }  // namespace brovanta::platform

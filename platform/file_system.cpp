@@ -104,12 +104,16 @@ bool CreateFolder(const std::string& path) {
   std::string native = NativePath(path);
   while (native.size() > 1 && native.back() == '/') native.pop_back();
   struct stat status {};
-  if (stat(native.c_str(), &status) == 0) return S_ISDIR(status.st_mode);
+  if (stat(native.c_str(), &status) == 0) {
+    if (S_ISDIR(status.st_mode)) return true;
+    errno = ENOTDIR;
+    return false;
+  }
   const std::string above = FolderOf(native);
   if (native.empty() || (above != native && !CreateFolder(above))) return false;
   if (mkdir(native.c_str(), S_IRWXU) == 0) return true;
   // Somebody else may have been faster.
-  return stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  return errno == EEXIST && stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 }  // namespace brovanta::platform

@@ -1,9 +1,7 @@
 #include "app/user_folders.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
-#include <cerrno>
 #include <filesystem>
 
 #include "tests/support/temp_folder.h"
@@ -37,12 +35,6 @@ class Variable {
   std::optional<std::string> old_;
 };
 
-mode_t ModeOf(const std::string& path) {
-  struct stat status {};
-  EXPECT_EQ(stat(path.c_str(), &status), 0);
-  return status.st_mode & 0777U;
-}
-
 TEST(UserFoldersTest, FollowTheDesktopsVariables) {
   const Variable config("XDG_CONFIG_HOME", "/tmp/c");
   const Variable data("XDG_DATA_HOME", "/tmp/d");
@@ -56,33 +48,6 @@ TEST(UserFoldersTest, LieInTheHomeFolderWithoutTheVariables) {
   const Variable data("XDG_DATA_HOME", "relative/is/ignored");
   EXPECT_EQ(UserRegistryFile(), "/home/me/.config/brovanta/registry.reg");
   EXPECT_EQ(UserDataFolder(), "/home/me/.local/share/brovanta");
-}
-
-TEST(UserFoldersTest, FoldersAreMadeForOneUserAloneWithAllAboveThem) {
-  const test::TempFolder folder;
-  const std::string deep = folder.File("a/b/c");
-  EXPECT_TRUE(MakeFolder(deep));
-  EXPECT_EQ(ModeOf(deep), 0700U);
-  EXPECT_EQ(ModeOf(folder.File("a")), 0700U);
-  EXPECT_TRUE(MakeFolder(deep));
-  EXPECT_TRUE(MakeFolder(deep + "/"));
-}
-
-TEST(UserFoldersTest, AnExistingFolderKeepsItsPermissions) {
-  const test::TempFolder folder;
-  fs::create_directory(folder.File("a"));
-  fs::permissions(folder.File("a"), fs::perms(0755));
-  EXPECT_TRUE(MakeFolder(folder.File("a")));
-  EXPECT_EQ(ModeOf(folder.File("a")), 0755U);
-}
-
-TEST(UserFoldersTest, AFileInTheWayIsReported) {
-  const test::TempFolder folder;
-  folder.WriteText("file", "");
-  EXPECT_FALSE(MakeFolder(folder.File("file")));
-  EXPECT_EQ(errno, ENOTDIR);
-  EXPECT_FALSE(MakeFolder(folder.File("file/below")));
-  EXPECT_FALSE(MakeFolder(""));
 }
 
 TEST(UserFoldersTest, ALinkAndItsFolderHaveOneName) {

@@ -2,6 +2,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 
@@ -137,10 +138,19 @@ TEST_F(FileSystemTest, CreateFolderMakesWhatIsMissingForItsOwnerAlone) {
   EXPECT_TRUE(std::filesystem::is_directory(Path("a/c")));
 }
 
+TEST_F(FileSystemTest, CreateFolderLeavesTheOneThatIsThere) {
+  std::filesystem::create_directory(Path("a"));
+  std::filesystem::permissions(Path("a"), std::filesystem::perms(0755));
+  EXPECT_TRUE(CreateFolder(Path("a")));
+  EXPECT_EQ(Permissions("a"), 0755u);
+}
+
 TEST_F(FileSystemTest, CreateFolderFailsWhereAFileStands) {
   folder_.WriteText("data", "x");
   EXPECT_FALSE(CreateFolder(Path()));
+  EXPECT_EQ(errno, ENOTDIR);
   EXPECT_FALSE(CreateFolder(Path("data/below")));
+  EXPECT_EQ(errno, ENOTDIR);
   EXPECT_FALSE(CreateFolder(""));
 }
 
