@@ -1,8 +1,11 @@
 #include "app/first_run_setup.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "app/user_folders.h"
 #include "db/name_list.h"
@@ -41,6 +44,15 @@ void StoreMissing(const RegistryStore& store, const char* name, const std::strin
   if (key) static_cast<void>(key->SetText(name, value));
 }
 
+/// The native path of a documented one; the working folder will be another one soon.
+std::string AbsoluteFolder(const std::string& path) {
+  const std::string native = platform::NativePath(path);
+  if (native.empty()) return native;
+  std::error_code error;
+  const std::filesystem::path absolute = std::filesystem::absolute(native, error);
+  return error ? native : absolute.string();
+}
+
 }  // namespace
 
 void SetUpUpdateServer(const RegistryStore& store) {
@@ -51,7 +63,9 @@ std::string SetUpUserData(const RegistryStore& store, const std::string& default
   StoreMissing(store, kInstallPath, default_folder);
   SetUpUpdateServer(store);
   std::string folder = default_folder;
-  if (IsThere(store, kInstallPath)) folder = Stored(store, kInstallPath).value_or(std::string());
+  if (IsThere(store, kInstallPath)) {
+    folder = AbsoluteFolder(Stored(store, kInstallPath).value_or(std::string()));
+  }
   folder.resize(std::min(folder.size(), kLongestPath));
   if (folder == default_folder) {
     // What goes wrong here, the screens report when they open their files.
@@ -61,11 +75,15 @@ std::string SetUpUserData(const RegistryStore& store, const std::string& default
 }
 
 std::string SetUpThrowAwayFolder(std::string& folder) {
+  folder = platform::NativePath(folder);
   if (!platform::CreateFolder(folder)) {
     return "cannot make the folder '" + folder + "': " + std::strerror(errno);
   }
   folder = CanonicalFolder(folder);
   if (!IsWritableFolder(folder)) return "cannot write in the folder '" + folder + "'";
+  if (folder.find('\\') != std::string::npos) {
+    return "the name of the folder '" + folder + "' has a backslash";  // it parts names in paths
+  }
   if (folder.size() > kLongestFolder) {
     return "the name of the folder '" + folder + "' is too long (at most 220 bytes)";
   }

@@ -12,8 +12,8 @@ inline constexpr const char* kDefaultUpdateServer = "http://localhost:8427";
 
 /// Writes "InstallPath" (the default folder) and "UpdateServer" where they are missing, and makes
 /// the default folder when it is the one in use: a folder chosen by hand that is gone, on a card
-/// that is not in its slot, is not made anew. Returns the data folder; the default one where the
-/// settings can be neither read nor written.
+/// that is not in its slot, is not made anew. Returns the data folder, native and absolute (or ""
+/// where the settings say so); the default one where the settings can be neither read nor written.
 [[nodiscard]] std::string SetUpUserData(const platform::RegistryStore& store,
                                         const std::string& default_folder);
 

@@ -62,6 +62,16 @@ TEST_F(FirstRunSetupTest, AnEmptyPathInTheSettingsStaysTheWorkingFolder) {
   EXPECT_EQ(SetUpUserData(store_, default_folder_), "");
 }
 
+TEST_F(FirstRunSetupTest, AStoredPathMayHaveBackslashes) {
+  Store("InstallPath", "\\media\\card\\");
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), "/media/card/");
+}
+
+TEST_F(FirstRunSetupTest, ARelativePathStaysTrueWhenTheWorkingFolderChanges) {
+  Store("InstallPath", "card/lists");
+  EXPECT_EQ(SetUpUserData(store_, default_folder_), fs::current_path() / "card/lists");
+}
+
 TEST_F(FirstRunSetupTest, AChosenFolderThatIsGoneIsNotMadeAnew) {
   Store("InstallPath", folder_.File("card"));
   EXPECT_EQ(SetUpUserData(store_, default_folder_), folder_.File("card"));
@@ -118,6 +128,19 @@ TEST_F(FirstRunSetupTest, AThrowAwayFolderIsMadeAndNamedInFull) {
   EXPECT_EQ(SetUpThrowAwayFolder(folder), "");
   EXPECT_EQ(folder, CanonicalFolder(folder_.File("a/b")));
   EXPECT_TRUE(fs::is_directory(folder));
+}
+
+TEST_F(FirstRunSetupTest, AThrowAwayFolderMayBeGivenWithBackslashes) {
+  std::string folder = folder_.path() + "\\a\\b";
+  EXPECT_EQ(SetUpThrowAwayFolder(folder), "");
+  EXPECT_EQ(folder, CanonicalFolder(folder_.File("a/b")));
+}
+
+TEST_F(FirstRunSetupTest, AThrowAwayFolderBehindABackslashInANameIsReported) {
+  fs::create_directory(folder_.File("odd\\name"));
+  fs::create_symlink(folder_.File("odd\\name"), folder_.File("link"));
+  std::string folder = folder_.File("link");
+  EXPECT_THAT(SetUpThrowAwayFolder(folder), testing::HasSubstr("backslash"));
 }
 
 TEST_F(FirstRunSetupTest, AThrowAwayFolderThatCannotBeMadeIsReported) {
