@@ -39,6 +39,17 @@ TEST_F(AppOptionsTest, WithoutAKeyTheDefaultsHold) {
   EXPECT_EQ(options.load(), -1);
 }
 
+TEST_F(AppOptionsTest, LoadingWithoutAKeyKeepsTheValuesHeld) {
+  AppOptions options = Fresh();
+  options.set_country("Canada");
+  options.set_zip_code("K1A 0B1");
+  options.set_tax(5.5);
+  EXPECT_EQ(options.load(), -1);
+  EXPECT_EQ(options.country(), "Canada");
+  EXPECT_EQ(options.zip_code(), "K1A 0B1");
+  EXPECT_EQ(options.tax(), 5.5);
+}
+
 TEST_F(AppOptionsTest, WhatIsSavedIsThereAtTheNextStart) {
   AppOptions options = Fresh();
   options.set_country("\xC3\x96sterreich");
