@@ -78,7 +78,7 @@ TEST(SearchManagerTest, LoadedCategoriesAndAgentsAreWalkedInTheOrderOfTheFile) {
   const test::TempFolder folder;
   folder.WriteText("webspider.xml", SmallConfiguration());
   SearchManager manager;
-  manager.SetSearchFolder(folder.path());
+  EXPECT_EQ(manager.SetSearchFolder(folder.path()), 0);
   ASSERT_EQ(manager.LoadAgentConfiguration(manager.configuration_path()), 0);
   EXPECT_EQ(manager.CategoryCount(), 2U);
   for (int walk = 0; walk < 2; ++walk) {
