@@ -48,7 +48,6 @@ class MainDialog : public QDialog {
   [[nodiscard]] int list_id() const { return state_.list_id; }
   [[nodiscard]] int view_mode() const;
 
- public Q_SLOTS:
   /// Does nothing: only closing the window ends the program.
   void reject() override;
   void done(int result) override;
