@@ -46,7 +46,7 @@ void StoreMissing(const RegistryStore& store, const char* name, const std::strin
 
 /// The native path of a documented one; the working folder will be another one soon.
 std::string AbsoluteFolder(const std::string& path) {
-  const std::string native = platform::NativePath(path);
+  std::string native = platform::NativePath(path);
   if (native.empty()) return native;
   std::error_code error;
   const std::filesystem::path absolute = std::filesystem::absolute(native, error);
