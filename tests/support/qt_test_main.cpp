@@ -6,11 +6,6 @@
 
 #include "ui/base/theme.h"
 
-// Read by the leak checker: the toolkit keeps a few bytes for every area that is scrolled by
-// finger.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() { return "leak:QScroller::grabGesture\n"; }
-
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
