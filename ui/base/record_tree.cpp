@@ -64,8 +64,9 @@ QTreeWidgetItem* RecordTree::Caret() const {
 }
 
 void RecordTree::focusInEvent(QFocusEvent* event) {
-  // QAbstractItemView would take the first row as its current one.
-  QAbstractScrollArea::focusInEvent(event);
+  QTreeWidget::focusInEvent(event);
+  // The base takes the first row as its current one, and the next arrow key would pass it over.
+  if (Caret() == nullptr) selectionModel()->clearCurrentIndex();
   viewport()->update();
 }
 
