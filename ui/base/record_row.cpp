@@ -42,6 +42,10 @@ QString RecurrenceWords(int purchase_kind, int every, int day_value) {
   }
 }
 
+bool IsRecurring(int purchase_kind) {
+  return purchase_kind == kDaily || purchase_kind == kWeekly || purchase_kind == kMonthly;
+}
+
 HeadingRow::HeadingRow(const QString& words, int blanks)
     : QTreeWidgetItem(kHeadingRow), words_(words), blanks_(blanks) {}
 

@@ -23,7 +23,7 @@ struct RowDetail {
   QString note = {};                  ///< fixed words, or
   bool shows_due = false;             ///< words for `due` as of the day on which they are read
   DateStamp due = kNoDate;            ///< kNoDate = no words
-  std::uint16_t recurrence_kind = 0;  ///< a product's schedule fields; kind 0 or 1 = no mark
+  std::uint16_t recurrence_kind = 0;  ///< a product's schedule fields; marked if it recurs
   std::uint16_t every = 0;
   std::uint16_t day_value = 0;
 };
@@ -39,6 +39,9 @@ struct DetailWords {
 
 /// "daily", "every 3 days", "weekly", "every 2 months", "yearly"; empty for what does not recur.
 [[nodiscard]] QString RecurrenceWords(int purchase_kind, int every, int day_value);
+
+/// Whether a product of this kind comes again: daily, weekly or monthly.
+[[nodiscard]] bool IsRecurring(int purchase_kind);
 
 /// Types of the rows, as QTreeWidgetItem::type() gives them.
 inline constexpr int kHeadingRow = QTreeWidgetItem::UserType + 1;
@@ -66,7 +69,7 @@ class RecordRow : public QTreeWidgetItem {
   [[nodiscard]] QVariant data(int column, int role) const override;
   [[nodiscard]] const TreeItemInfo& info() const { return info_; }
   [[nodiscard]] const RowDetail& detail() const { return detail_; }
-  [[nodiscard]] bool recurring() const { return detail_.recurrence_kind > 1; }
+  [[nodiscard]] bool recurring() const { return IsRecurring(detail_.recurrence_kind); }
 
   /// The second line as of today.
   [[nodiscard]] DetailWords Words() const;

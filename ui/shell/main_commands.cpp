@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "db/schedule.h"
 #include "ui/base/message_box.h"
 #include "ui/base/modal_dialog.h"
 #include "ui/base/record_tree.h"
@@ -16,10 +15,6 @@ namespace {
 
 /// What stands for the result of a dialog that a list or a record does not have.
 constexpr int kNoDialog = ModalDialog::kCancelled;
-
-bool Recurring(int purchase_kind) {
-  return purchase_kind == kDaily || purchase_kind == kWeekly || purchase_kind == kMonthly;
-}
 
 }  // namespace
 
@@ -116,7 +111,7 @@ void MainCommands::Delete() {
 }
 
 void MainCommands::DeleteProduct(const TreeItemInfo& selected) {
-  if (!Recurring(selected.purchaseType)) {
+  if (!IsRecurring(selected.purchaseType)) {
     if (Confirm(QStringLiteral("Do you want to permanently delete the selected product?"))) {
       MarkProduct(kProductKind, selected.id, kProductDelete);
     }

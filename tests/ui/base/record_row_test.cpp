@@ -74,6 +74,16 @@ TEST_F(RecordRowTest, RowWithoutStoreAndDateSaysItsNameOnly) {
   EXPECT_FALSE(row.recurring());
 }
 
+TEST_F(RecordRowTest, OnlyAScheduleThatComesAgainIsMarked) {
+  for (const std::uint16_t kind : {kDaily, kWeekly, kMonthly}) {
+    EXPECT_TRUE(RecordRow({.id = 1}, {.recurrence_kind = kind}).recurring()) << kind;
+  }
+  for (const int kind : {0, 1, 5, 65535}) {  // above 4 only in a damaged file
+    const auto stored = static_cast<std::uint16_t>(kind);
+    EXPECT_FALSE(RecordRow({.id = 1}, {.recurrence_kind = stored}).recurring()) << kind;
+  }
+}
+
 TEST_F(RecordRowTest, WordsFollowTheClock) {
   const RecordRow row({.id = 1}, {.shows_due = true, .due = kNoon});
   EXPECT_EQ(row.Words().text.toStdString(), "due today");
