@@ -60,12 +60,12 @@ TEST(RecordsTest, ListItemIsReadByteByByte) {
 
 TEST(RecordsTest, ReservedAndPaddingBytesAreIgnoredOnReadingAndWrittenAsZero) {
   Bytes discount = test::GoldenDiscountBytes();
-  for (const std::size_t at : {0, 3, 4, 7, 398, 399}) discount[at] = std::byte{0xEE};
+  for (const std::size_t at : {0U, 3U, 4U, 7U, 398U, 399U}) discount[at] = std::byte{0xEE};
   EXPECT_EQ(DecodeDiscount(std::span<const std::byte, 400>(discount)), test::GoldenDiscount());
 
   Bytes product = test::GoldenProductBytes();
   for (const std::size_t at :
-       {0, 7, 322, 323, 342, 343, 358, 359, 376, 379, 388, 436, 439, 449, 455}) {
+       {0U, 7U, 322U, 323U, 342U, 343U, 358U, 359U, 376U, 379U, 388U, 436U, 439U, 449U, 455U}) {
     product[at] = std::byte{0xEE};
   }
   const ProductRecord record = DecodeProduct(std::span<const std::byte, 456>(product));
