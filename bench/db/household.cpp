@@ -88,7 +88,7 @@ std::vector<DiscountRecord> MakeDiscounts() {
   std::vector<DiscountRecord> discounts(kRecords);
   for (std::size_t i = 0; i < kRecords; ++i) {
     DiscountRecord& discount = discounts[i];
-    const std::int64_t day_of_arrival = static_cast<std::int64_t>(i) * 3650 / kRecords - 3650;
+    const std::int64_t day_of_arrival = static_cast<std::int64_t>(i * 3650 / kRecords) - 3650;
     discount.Id = static_cast<std::int32_t>(i + 2);
     discount.Name.Assign(dice.Name());
     discount.Product.Assign(dice.Name());
