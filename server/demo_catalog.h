@@ -1,0 +1,28 @@
+// The invented stores, categories and products of the demonstration.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace brovanta::server {
+
+struct DemoProduct {
+  std::string_view name;
+  int category = 0;  ///< its id, 1 to 20
+  int cents = 0;     ///< what it usually costs
+};
+
+inline constexpr std::size_t kDemoStoreCount = 30;
+inline constexpr std::size_t kDemoCategoryCount = 20;
+
+/// The names of ids 1, 2, 3 and so on. All texts of the catalogue are UTF-8 and pass the text
+/// rules.
+[[nodiscard]] const std::array<std::string_view, kDemoStoreCount>& DemoStores();
+[[nodiscard]] const std::array<std::string_view, kDemoCategoryCount>& DemoCategories();
+
+/// Five products of each category.
+[[nodiscard]] std::span<const DemoProduct> DemoProducts();
+
+}  // namespace brovanta::server

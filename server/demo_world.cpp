@@ -1,0 +1,113 @@
+#include "server/demo_world.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "server/coupon_words.h"
+#include "server/demo_catalog.h"
+#include "server/demo_shop.h"
+#include "util/number.h"
+
+namespace brovanta::server {
+namespace {
+
+// Pseudo-random numbers that are the same on every machine and with every library.
+class Dice {
+ public:
+  explicit Dice(std::uint64_t seed) : state_(seed) {}
+
+  // 0 to sides - 1.
+  int Roll(int sides) {
+    state_ = state_ * 6364136223846793005u + 1442695040888963407u;
+    return static_cast<int>((state_ >> 33u) % static_cast<std::uint64_t>(sides));
+  }
+
+ private:
+  std::uint64_t state_;
+};
+
+std::vector<Row<ListEntry>> Entries(std::span<const std::string_view> names) {
+  std::vector<Row<ListEntry>> rows;
+  for (const std::string_view name : names) {
+    const std::int32_t id = static_cast<std::int32_t>(rows.size()) + 1;
+    rows.push_back({0, {id, std::string(name)}});
+  }
+  return rows;
+}
+
+// A fifth to a half of the price, in steps of five cents: people do not print odd amounts.
+std::string Amount(Dice& dice, int cents) {
+  const int steps = cents * (20 + dice.Roll(31)) / 100 / 5;
+  return FormatTwoDecimals(std::max(steps, 1) * 5 / 100.0);
+}
+
+std::string Description(Dice& dice, const Coupon& coupon, std::string_view store) {
+  const std::string at(store);
+  switch (coupon.type) {
+    case CouponType::kInternetCode:
+      return "Enter the code SAVE" + std::to_string(1000 + dice.Roll(9000)) +
+             " when you order from " + at + ". One use for each household.";
+    case CouponType::kStoreCoupon:
+      return "Show this page at the checkout of " + at + ". Not together with other offers.";
+    case CouponType::kMailInRebate:
+      return "Keep the receipt from " + at +
+             " and send it in with the label. The rebate comes by mail within six weeks.";
+  }
+  return {};
+}
+
+// Most offers run now, some have just ended, some start soon, a few have no dates at all.
+void SetDates(Dice& dice, Day today, Coupon& coupon) {
+  if (dice.Roll(20) == 0) return;
+  const Day start = DaysLater(today, dice.Roll(36) - 25);
+  coupon.start_date = start;
+  if (dice.Roll(15) == 0) return;
+  coupon.end_date = DaysLater(start, 6 + dice.Roll(45));
+}
+
+Coupon MakeCoupon(Dice& dice, Day today, CouponSource source, std::int32_t id) {
+  const auto products = DemoProducts();
+  const DemoProduct& product =
+      products[static_cast<std::size_t>(dice.Roll(static_cast<int>(products.size())))];
+  Coupon coupon;
+  coupon.source = source;
+  coupon.id = id;
+  coupon.product = product.name;
+  coupon.category_id = product.category;
+  coupon.store_id = 1 + dice.Roll(static_cast<int>(kDemoStoreCount));
+  coupon.type = TypeFromNumber(1 + dice.Roll(3)).value_or(CouponType::kStoreCoupon);
+  // A rebate is money back.
+  const bool percent = coupon.type != CouponType::kMailInRebate && dice.Roll(2) == 0;
+  coupon.value_type = percent ? ValueType::kPercent : ValueType::kAmount;
+  coupon.value = percent ? std::to_string(5 * (1 + dice.Roll(8))) : Amount(dice, product.cents);
+  coupon.name = ValueInWords(coupon) + " " + coupon.product;
+  coupon.description =
+      Description(dice, coupon, DemoStores()[static_cast<std::size_t>(coupon.store_id) - 1]);
+  SetDates(dice, today, coupon);
+  return coupon;
+}
+
+}  // namespace
+
+Import DemoWorld(Day today) {
+  Import world;
+  world.stores = Entries(DemoStores());
+  world.categories = Entries(DemoCategories());
+  world.agents = DemoAgentFile();
+  Dice dice(static_cast<std::uint64_t>(std::chrono::sys_days(today).time_since_epoch().count()));
+  auto& coupons = world.coupons.emplace();
+  for (std::int32_t id = 1; id <= kDemoCouponCount; ++id) {
+    coupons.push_back({0, MakeCoupon(dice, today, CouponSource::kCoupon, id)});
+  }
+  for (std::int32_t id = 1; id <= kDemoDealCount; ++id) {
+    coupons.push_back({0, MakeCoupon(dice, today, CouponSource::kDeal, id)});
+  }
+  return world;
+}
+
+}  // namespace brovanta::server
