@@ -1,0 +1,140 @@
+#include "server/http_server.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <exception>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "server/request_log.h"
+
+namespace brovanta::server {
+namespace {
+
+constexpr int kPauseMilliseconds = 100;
+
+// The library's request handling without its sockets and threads.
+class Engine final : public httplib::Server {
+ public:
+  Engine(const HttpHandler& handler, const LogSink& log) {
+    set_pre_routing_handler(
+        [&handler](const httplib::Request& request, httplib::Response& response) {
+          Answer(handler, request, response);
+          return HandlerResponse::Handled;
+        });
+    set_logger([this, &log](const httplib::Request& request, const httplib::Response& response) {
+      log(RequestLine(
+          {remote_, request.method, request.target, response.status, response.body.size()}));
+    });
+  }
+
+  void Process(ConnectionStream& stream, std::string remote) {
+    remote_ = std::move(remote);
+    bool client_closes = false;
+    // Whole answers only: pieces of a file are of no use to anyone here.
+    process_request(stream, true, client_closes,
+                    [](httplib::Request& request) { request.ranges.clear(); });
+  }
+
+ private:
+  static void Answer(const HttpHandler& handler, const httplib::Request& request,
+                     httplib::Response& response) {
+    HttpAnswer answer = handler({request.method, request.target, request.get_header_value("Host")});
+    response.status = answer.status;
+    response.set_header("Accept-Ranges", "none");
+    response.set_header("Cache-Control", "no-store");
+    response.set_header("X-Content-Type-Options", "nosniff");
+    response.set_header("Content-Security-Policy", "default-src 'none'; style-src 'unsafe-inline'");
+    if (answer.status == 405) response.set_header("Allow", "GET, HEAD");
+    response.set_content(answer.body, answer.content_type);
+  }
+
+  std::string remote_;
+};
+
+constexpr std::string_view kBadRequest =
+    "HTTP/1.1 400 Bad Request\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
+
+}  // namespace
+
+std::unique_ptr<HttpServer> HttpServer::Start(Listener listener, std::vector<HttpHandler> handlers,
+                                              LogSink log, const ConnectionLimits& limits,
+                                              std::string& error) {
+  UniqueFd stop(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+  if (!stop.valid()) {
+    error = std::generic_category().message(errno);
+    return nullptr;
+  }
+  return std::unique_ptr<HttpServer>(new HttpServer(std::move(listener), std::move(stop),
+                                                    std::move(handlers), std::move(log), limits));
+}
+
+HttpServer::HttpServer(Listener listener, UniqueFd stop, std::vector<HttpHandler> handlers,
+                       LogSink log, const ConnectionLimits& limits)
+    : listener_(std::move(listener)),
+      stop_(std::move(stop)),
+      log_(std::move(log)),
+      limits_(limits),
+      handlers_(std::move(handlers)) {
+  threads_.reserve(handlers_.size());
+  for (const HttpHandler& handler : handlers_) {
+    threads_.emplace_back([this, &handler] { Serve(handler); });
+  }
+}
+
+HttpServer::~HttpServer() {
+  const std::uint64_t one = 1;
+  // Only a full counter could refuse it, and then the threads end as well.
+  static_cast<void>(!write(stop_.get(), &one, sizeof(one)));
+  for (std::thread& thread : threads_) thread.join();
+}
+
+void HttpServer::Serve(const HttpHandler& handler) {
+  Engine engine(handler, log_);
+  while (WaitForConnection()) {
+    const UniqueFd socket(
+        accept4(listener_.socket.get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+    if (!socket.valid()) {
+      // Another thread may have been quicker; anything else is shortage, which passes.
+      if (errno != EAGAIN && errno != EWOULDBLOCK) PauseAfterFailure();
+      continue;
+    }
+    const std::string remote = RemoteEndpoint(socket.get()).host;
+    ConnectionStream stream(socket.get(), stop_.get(), limits_);
+    try {
+      engine.Process(stream, remote);
+    } catch (const std::exception& failure) {
+      log_(RequestLine({remote, "", "", 500, 0}) + " " + failure.what());
+      continue;
+    }
+    if (!stream.answered() && stream.cut_off()) {
+      static_cast<void>(stream.write(kBadRequest.data(), kBadRequest.size()));
+      log_(RequestLine({remote, "", "", 400, 0}));
+    }
+    if (stream.answered()) stream.FinishSending();
+  }
+}
+
+bool HttpServer::WaitForConnection() const {
+  for (;;) {
+    std::array<pollfd, 2> watched = {pollfd{listener_.socket.get(), POLLIN, 0},
+                                     pollfd{stop_.get(), POLLIN, 0}};
+    const int result = poll(watched.data(), watched.size(), -1);
+    if (watched[1].revents != 0) return false;
+    if (result > 0) return true;
+    if (errno != EINTR) PauseAfterFailure();
+  }
+}
+
+void HttpServer::PauseAfterFailure() const {
+  pollfd stop{stop_.get(), POLLIN, 0};
+  static_cast<void>(poll(&stop, 1, kPauseMilliseconds));
+}
+
+}  // namespace brovanta::server
