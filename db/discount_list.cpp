@@ -18,9 +18,6 @@ namespace {
 
 namespace layout = discount_layout;
 
-// What is added to the type in a slot that the search filled.
-constexpr std::uint16_t kFoundByProduct = 100;
-
 bool HasKey(const DiscountRecord& record, std::int32_t id, std::int16_t source) {
   return record.Id == id && record.Source == source;
 }
@@ -186,6 +183,26 @@ std::optional<DiscountRecord> DiscountList::Read(std::int32_t id, std::int16_t s
   const LocatedRecord<DiscountFormat> located = Locate(database_.paths().discount, id, source);
   if (located.code != 0) return std::nullopt;
   return DecodeDiscount(located.bytes);
+}
+
+std::optional<DiscountRecord> DiscountList::ReadLinked(const AppliedDiscount& slot) const {
+  std::optional<DiscountRecord> found;
+  RecordScanner<DiscountFormat> scan;
+  if (slot.Type < 1 || scan.Open(database_.paths().discount) != 0) return found;
+  const bool by_search = slot.Source == 0 && slot.Type > kFoundByProduct;
+  while (scan.Next()) {
+    const RecordSpan<DiscountFormat> record = scan.bytes();
+    if (record[layout::kDeleted] != std::byte{0} ||
+        NumberAt<std::uint32_t>(record, layout::kId) != slot.Id) {
+      continue;
+    }
+    if (NumberAt<std::int16_t>(record, layout::kSource) == slot.Source) {
+      return DecodeDiscount(record);
+    }
+    const auto type = NumberAt<std::int16_t>(record, layout::kType);
+    if (!found && by_search && type == slot.Type - kFoundByProduct) found = DecodeDiscount(record);
+  }
+  return found;
 }
 
 const DiscountRecord* DiscountList::Find(std::int32_t id, std::int16_t source) const {

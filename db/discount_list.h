@@ -55,6 +55,9 @@ struct MaxDiscountIds {
   std::int32_t source_2 = 0;
 };
 
+/// What is added to the type in a slot that the search filled.
+inline constexpr std::int16_t kFoundByProduct = 100;
+
 /// Actions of DiscountList::Mark.
 inline constexpr int kMarkDeleted = 1;
 inline constexpr int kMarkFlagged = 2;
@@ -92,6 +95,12 @@ class DiscountList {
 
   /// One record straight from the file, deleted ones included; nothing when absent or unreadable.
   [[nodiscard]] std::optional<DiscountRecord> Read(std::int32_t id, std::int16_t source) const;
+
+  /// The discount that a product's slot links, straight from the file: the live record with the
+  /// slot's `Id` and `Source`, else, for a slot that the search filled (`Source` 0, `Type` above
+  /// kFoundByProduct), the first live one with its `Id` and the `Type` that was found. Nothing when
+  /// it is gone or cannot be read, and for a `Type` below 1, which is an empty slot.
+  [[nodiscard]] std::optional<DiscountRecord> ReadLinked(const AppliedDiscount& slot) const;
 
   /// The record with this key in the list, or nullptr.
   [[nodiscard]] const DiscountRecord* Find(std::int32_t id, std::int16_t source) const;
