@@ -57,6 +57,12 @@ std::optional<Period> PeriodOf(QDate date, int view_mode) {
   }
 }
 
+QString PeriodWords(int view_mode) {
+  if (view_mode == kDailyView) return QStringLiteral("on this day");
+  return view_mode == kWeeklyView ? QStringLiteral("in this week")
+                                  : QStringLiteral("in this month");
+}
+
 QDate FirstPickableDate() { return {1970, 1, 2}; }
 
 QDate LastPickableDate() { return {2038, 1, 18}; }

@@ -26,6 +26,9 @@ struct Period {
 /// day's year only.
 [[nodiscard]] std::optional<Period> PeriodOf(QDate date, int view_mode);
 
+/// "on this day", "in this week", "in this month".
+[[nodiscard]] QString PeriodWords(int view_mode);
+
 /// The dates that can be picked: every local time of these fits a DateStamp and none is "no date".
 [[nodiscard]] QDate FirstPickableDate();
 [[nodiscard]] QDate LastPickableDate();

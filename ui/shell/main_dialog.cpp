@@ -9,6 +9,7 @@
 #include "ui/base/message_box.h"
 #include "ui/base/modal_dialog.h"
 #include "ui/base/period_selector.h"
+#include "ui/base/row_layout.h"
 #include "ui/base/wide_text.h"
 #include "ui/shell/day_watch.h"
 #include "ui/shell/list_filters.h"
@@ -24,20 +25,6 @@ constexpr QSize kSmallestWindow{240, 280};
 constexpr int kUpdatePicture = 156;
 constexpr QSize kUpdatePictureSize{20, 20};
 constexpr QSize kThirdPictureSize{32, 32};
-
-/// The width that a line of controls wants when they stand side by side.
-int WidthInARow(const QLayout& line) {
-  const QMargins margins = line.contentsMargins();
-  int wanted = margins.left() + margins.right() + line.spacing() * (line.count() - 1);
-  for (int i = 0; i < line.count(); ++i) wanted += line.itemAt(i)->sizeHint().width();
-  return wanted;
-}
-
-/// Side by side, or one below the other.
-void SetInARow(QBoxLayout& line, bool in_a_row) {
-  const auto direction = in_a_row ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
-  if (line.direction() != direction) line.setDirection(direction);
-}
 
 }  // namespace
 

@@ -1,36 +1,15 @@
 #include "ui/shell/tree_fillers.h"
 
-#include <QHash>
-
 #include "platform/file.h"
 #include "ui/base/date_headings.h"
-#include "ui/base/discount_words.h"
+#include "ui/base/discount_tree.h"
 #include "ui/base/period.h"
 #include "ui/base/record_tree.h"
+#include "ui/base/store_names.h"
 #include "ui/base/wide_text.h"
 
 namespace brovanta {
 namespace {
-
-/// The store names as wide text, each converted once.
-class StoreNames {
- public:
-  explicit StoreNames(const NameList& stores) : stores_(stores) {}
-
-  QString Of(std::uint32_t id) {
-    if (id == 0) return {};
-    const auto known = names_.constFind(id);
-    if (known != names_.constEnd()) return *known;
-    const ListItem* item = stores_.Find(static_cast<std::int32_t>(id));
-    QString name = item != nullptr ? WideText(item->Name.view()) : QString();
-    names_.insert(id, name);
-    return name;
-  }
-
- private:
-  const NameList& stores_;
-  QHash<std::uint32_t, QString> names_;
-};
 
 QString BoughtWords(DateStamp bought) {
   const CalendarTime time = CalendarFromStamp(bought);
@@ -60,12 +39,6 @@ const std::string& ListFile(const MainState& state) {
   return state.filter.kind == kPurchaseKind ? paths.purchase : paths.product;
 }
 
-QString PeriodWords(int view_mode) {
-  if (view_mode == kDailyView) return QStringLiteral("on this day");
-  return view_mode == kWeeklyView ? QStringLiteral("in this week")
-                                  : QStringLiteral("in this month");
-}
-
 }  // namespace
 
 int FillProducts(RecordTree& tree, MainState& state) {
@@ -90,23 +63,7 @@ int FillProducts(RecordTree& tree, MainState& state) {
 }
 
 int FillCoupons(RecordTree& tree, MainState& state) {
-  tree.ClearRows();
-  DiscountList& discounts = state.database->discounts();
-  const DiscountFilter query = AsDiscountFilter(state.filter);
-  if (const int code = discounts.Load(&query); code != 0) return code;
-  DateHeadings headings;
-  StoreNames stores(state.database->stores());
-  for (const DiscountRecord* record = discounts.First(); record != nullptr;
-       record = discounts.Next()) {
-    headings.Add(record->Stamp,
-                 {.id = record->Id,
-                  .purchaseType = record->Source,
-                  .name = WideText(record->Name.view()),
-                  .storeName = stores.Of(record->StoreId)},
-                 {.note = DiscountWords(*record)});
-  }
-  tree.SetRows(headings.Take());
-  return 0;
+  return FillDiscountTree(tree, *state.database, AsDiscountFilter(state.filter));
 }
 
 int FillWebSearches(RecordTree& tree, MainState&) {

@@ -117,5 +117,11 @@ TEST_F(PeriodTest, CalendarValueOfADateIsItsMidnight) {
   EXPECT_EQ(time, (CalendarTime{.year = 2026, .month = 11, .day_of_week = 0, .day = 15}));
 }
 
+TEST_F(PeriodTest, AViewModeHasItsWords) {
+  EXPECT_EQ(PeriodWords(kDailyView), QStringLiteral("on this day"));
+  EXPECT_EQ(PeriodWords(kWeeklyView), QStringLiteral("in this week"));
+  EXPECT_EQ(PeriodWords(kMonthlyView), QStringLiteral("in this month"));
+}
+
 }  // namespace
 }  // namespace brovanta

@@ -1,0 +1,34 @@
+#include "ui/base/row_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <QWidget>
+
+namespace brovanta {
+namespace {
+
+class Block : public QWidget {
+ public:
+  [[nodiscard]] QSize sizeHint() const override { return {30, 10}; }
+};
+
+TEST(RowLayoutTest, TheWidthInARowCountsMarginsAndGaps) {
+  QWidget window;
+  QVBoxLayout line(&window);
+  line.setContentsMargins(1, 9, 2, 9);
+  line.setSpacing(5);
+  for (int i = 0; i < 3; ++i) line.addWidget(new Block);
+  EXPECT_EQ(WidthInARow(line), 1 + 30 + 5 + 30 + 5 + 30 + 2);
+}
+
+TEST(RowLayoutTest, ALineIsARowOrAColumn) {
+  QWidget window;
+  QVBoxLayout line(&window);
+  SetInARow(line, true);
+  EXPECT_EQ(line.direction(), QBoxLayout::LeftToRight);
+  SetInARow(line, false);
+  EXPECT_EQ(line.direction(), QBoxLayout::TopToBottom);
+}
+
+}  // namespace
+}  // namespace brovanta
