@@ -8,9 +8,9 @@
 
 namespace brovanta {
 
-// Shows the message and leads the user to what it speaks of; always false.
+// Shows the message and leads the user to the field it speaks of, if any; always false.
 bool DiscountDialog::Refuse(const char* message, QWidget* field) {
-  form_->tabBar->setCurrentIndex(0);
+  if (field != nullptr) form_->tabBar->setCurrentIndex(0);
   ShowMessage(this, QLatin1String(message));
   if (field != nullptr) field->setFocus();
   return false;
