@@ -15,6 +15,9 @@ class MessageAnswers : public QObject {
   explicit MessageAnswers(QList<QMessageBox::StandardButton> answers = {});
   ~MessageAnswers() override;
 
+  /// Answers the next box with this button, before the given ones.
+  void AnswerNext(QMessageBox::StandardButton answer) { answers_.prepend(answer); }
+
   /// The boxes' texts in the order of their appearance.
   [[nodiscard]] const QStringList& texts() const { return texts_; }
   [[nodiscard]] const QStringList& captions() const { return captions_; }

@@ -1,10 +1,12 @@
 #include "tests/ui/product/form_test.h"
 
 #include <QApplication>
+#include <QMenu>
 #include <QTest>
 
 #include "tests/support/form_check.h"
 #include "tests/support/framed_file.h"
+#include "ui/base/color_button.h"
 
 namespace brovanta::test {
 
@@ -77,6 +79,21 @@ void FormTest::Choose(const char* name, const QString& item) {
 }
 
 void FormTest::Press(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
+
+void FormTest::ChooseInMenu(const char* button_name, const QString& text) {
+  auto* button = Find<ColorButton>(button_name);
+  QTest::mouseClick(button, Qt::LeftButton);
+  QMenu* menu = button->menu();
+  ASSERT_NE(menu, nullptr) << button_name;
+  ASSERT_TRUE(menu->isVisible()) << button_name;
+  for (QAction* action : menu->actions()) {
+    if (action->text() != text) continue;
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    QCoreApplication::sendPostedEvents();  // entries that open dialogs do so once the menu is gone
+    return;
+  }
+  ADD_FAILURE() << "no entry " << text.toStdString();
+}
 
 std::string FormTest::Messages() const {
   return answers_.texts().join(QLatin1Char('\n')).toStdString();

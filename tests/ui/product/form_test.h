@@ -54,6 +54,9 @@ class FormTest : public QObject, public testing::Test {
   void Choose(const char* name, const QString& item);  ///< by keyboard
   void Press(const char* name);                        ///< a click on any widget
   void PressOk() { Press("okButton"); }
+  /// Presses a button that drops a menu down and clicks an entry. What the entry opens is done when
+  /// this returns.
+  void ChooseInMenu(const char* button_name, const QString& text);
 
   /// The boxes that came, one text per line.
   [[nodiscard]] std::string Messages() const;

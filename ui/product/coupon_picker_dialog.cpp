@@ -1,0 +1,218 @@
+#include "ui/product/coupon_picker_dialog.h"
+
+#include <QTimer>
+
+#include "ui/base/discount_tree.h"
+#include "ui/base/filter_menu.h"
+#include "ui/base/message_box.h"
+#include "ui/base/period_selector.h"
+#include "ui/base/row_layout.h"
+#include "ui/product/discount_dialog.h"
+#include "ui/product/find_dialog.h"
+#include "ui_coupon_picker.h"
+
+namespace brovanta {
+namespace {
+
+constexpr HeadingBlanks kPickerBlanks{.unknown_date = 60, .without_change = 60};
+constexpr qsizetype kFirstCutCoupon = 20;
+constexpr qsizetype kKeptOfCoupon = 17;
+constexpr qsizetype kFirstCutStore = 9;
+constexpr qsizetype kKeptOfStore = 6;
+
+QString CutFrom(const QString& name, qsizetype first_cut, qsizetype kept) {
+  return name.size() < first_cut ? name : name.left(kept) + QLatin1String("..");
+}
+
+}  // namespace
+
+CouponPickerDialog::CouponPickerDialog(ShoppingDatabase& database, const std::string& update_server,
+                                       QWidget* parent)
+    : ModalDialog(parent),
+      database_(database),
+      update_server_(update_server),
+      form_(std::make_unique<Ui::PickerForm>()) {
+  form_->setupUi(this);
+  form_->headingFrame->SetLines(LinedFrame::Lines::kAround);
+  form_->periodHeadingButton->SetAlignment(ColorButton::kPictureCentered, false);
+  // The line that controls share on a wide screen must not keep the window from getting narrow.
+  layout()->setSizeConstraint(QLayout::SetNoConstraint);
+  period_ = std::make_unique<PeriodSelector>(*form_->viewModeButton, *form_->periodHeadingButton,
+                                             *form_->calendar, *this);
+  stores_ = std::make_unique<NameFilter>(*form_->storeFilterButton, kStoreCommands,
+                                         QStringLiteral("All Stores"), ColorButton::kPictureLeft);
+  categories_ =
+      std::make_unique<NameFilter>(*form_->categoryFilterButton, kCategoryCommands,
+                                   QStringLiteral("All Categories"), ColorButton::kPictureRight);
+  Connect();
+  period_->UpdatePeriod();
+  TakePeriod();
+  if (ResetAndFill() != 0) {
+    QTimer::singleShot(0, this, &CouponPickerDialog::ReportReadError);  // the dialog is open then
+  }
+  form_->recordTree->setFocus();
+}
+
+CouponPickerDialog::~CouponPickerDialog() {
+  period_.reset();  // both work on controls of the form
+  form_->recordTree->disconnect(this);
+}
+
+void CouponPickerDialog::Connect() {
+  connect(period_.get(), &PeriodSelector::PeriodChosen, this, &CouponPickerDialog::OnPeriodChosen);
+  connect(stores_.get(), &NameFilter::Chosen, this, &CouponPickerDialog::OnFilterChosen);
+  connect(categories_.get(), &NameFilter::Chosen, this, &CouponPickerDialog::OnFilterChosen);
+  connect(form_->recordTree, &RecordTree::CaretChanged, this, &CouponPickerDialog::OnCaretChanged);
+  connect(form_->recordTree, &RecordTree::RecordChosen, this, &CouponPickerDialog::Select);
+  connect(form_->pickerBar, &PickerBar::CommandChosen, this, &CouponPickerDialog::RunCommand);
+  connect(form_->selectButton, &QPushButton::clicked, this, &CouponPickerDialog::Select);
+  connect(form_->cancelButton, &QPushButton::clicked, this, &CouponPickerDialog::reject);
+}
+
+void CouponPickerDialog::TakePeriod() {
+  filter_.valid_on = period_->period().start;
+  filter_.started_since = period_->period().end;  // as the main screen's coupons are queried
+}
+
+int CouponPickerDialog::Fill() {
+  const DiscountTreeLook look{
+      .blanks = kPickerBlanks,
+      .coupon_name =
+          [](const QString& name) { return CutFrom(name, kFirstCutCoupon, kKeptOfCoupon); },
+      .store_name =
+          [](const QString& name) { return CutFrom(name, kFirstCutStore, kKeptOfStore); }};
+  const int code = FillDiscountTree(*form_->recordTree, database_, filter_, look);
+  form_->recordTree->SetEmptyText(code != 0
+                                      ? tr("The coupons could not be read")
+                                      : tr("No coupons %1").arg(PeriodWords(period_->view_mode())));
+  OnCaretChanged();  // a rebuilt tree has no caret, and an empty one sends no signal
+  return code;
+}
+
+void CouponPickerDialog::FillOrReport() {
+  if (Fill() != 0) ReportReadError();
+}
+
+int CouponPickerDialog::ResetAndFill() {
+  filter_.store_id = 0;
+  filter_.category_id = 0;
+  filter_.text.clear();
+  stores_->Reset();
+  categories_->Reset();
+  const int code = Fill();
+  stores_->BuildMenu(database_.discounts().StoresWithDiscounts());
+  categories_->BuildMenu(database_.discounts().CategoriesWithDiscounts());
+  return code;
+}
+
+void CouponPickerDialog::FullRefresh() {
+  if (ResetAndFill() != 0) ReportReadError();
+}
+
+void CouponPickerDialog::ReportReadError() {
+  ShowMessage(this, QStringLiteral("There was an error while reading the database."));
+}
+
+void CouponPickerDialog::OnPeriodChosen() {
+  TakePeriod();
+  FullRefresh();
+}
+
+void CouponPickerDialog::OnFilterChosen(int command) {
+  const bool category = command >= kCategoryCommands;
+  const int first = category ? kCategoryCommands : kStoreCommands;
+  const auto id = static_cast<std::uint32_t>(command - first);
+  (category ? filter_.category_id : filter_.store_id) = id;
+  FillOrReport();
+  if (category) {
+    categories_->ShowChoice(command, database_.categories());
+  } else {
+    stores_->ShowChoice(command, database_.stores());
+  }
+}
+
+void CouponPickerDialog::OnCaretChanged() {
+  const bool coupon = form_->recordTree->CaretInfo() != nullptr;
+  form_->pickerBar->action(kPickerEdit)->setEnabled(coupon);
+  form_->pickerBar->action(kPickerDelete)->setEnabled(coupon);
+}
+
+void CouponPickerDialog::RunCommand(int command) {
+  switch (command) {
+    case kPickerNew:
+      return NewCoupon();
+    case kPickerEdit:
+      return EditCoupon();
+    case kPickerDelete:
+      return DeleteCoupon();
+    case kPickerFind:
+      return FindCoupon();
+    default:
+      return;
+  }
+}
+
+void CouponPickerDialog::NewCoupon() {
+  DiscountDialog dialog(nullptr, kNewDiscountMode, database_, update_server_, this);
+  if (dialog.exec() == kCompleted) FullRefresh();
+}
+
+const DiscountRecord* CouponPickerDialog::Selected() const {
+  const TreeItemInfo* info = form_->recordTree->CaretInfo();
+  if (info == nullptr) return nullptr;
+  return database_.discounts().Find(info->id, info->purchaseType);
+}
+
+void CouponPickerDialog::EditCoupon() {
+  const DiscountRecord* record = Selected();
+  if (record == nullptr) return;
+  DiscountDialog dialog(record, kEditDiscountMode, database_, update_server_, this);
+  if (dialog.exec() == kCompleted) FullRefresh();
+}
+
+void CouponPickerDialog::DeleteCoupon() {
+  const TreeItemInfo* info = form_->recordTree->CaretInfo();
+  if (info == nullptr) return;
+  const TreeItemInfo coupon = *info;
+  const QString question = QStringLiteral("Do you want to permanently delete the selected coupon?");
+  if (AskYesNo(this, question) != Answer::kYes) return;
+  // The rebuilt tree shows the outcome.
+  static_cast<void>(database_.discounts().Mark(coupon.id, coupon.purchaseType, kMarkDeleted));
+  FullRefresh();
+}
+
+void CouponPickerDialog::FindCoupon() {
+  std::optional<std::string> current;
+  if (!filter_.text.empty()) current = filter_.text;
+  FindTextDialog dialog(this, current);
+  if (dialog.exec() != kCompleted) return;
+  filter_.text = dialog.find_text().value_or(std::string());
+  FillOrReport();
+}
+
+void CouponPickerDialog::Select() {
+  if (form_->recordTree->selectedItems().isEmpty()) {
+    ShowMessage(this, QStringLiteral("You must first select a coupon from the list to apply to "
+                                     "the current product."));
+    return;
+  }
+  const DiscountRecord* record = Selected();
+  if (record == nullptr) {
+    ShowMessage(this, QStringLiteral("There was an error while applying the selected coupon to "
+                                     "the current product."));
+    return;
+  }
+  picked_ = {static_cast<std::uint32_t>(record->Id), record->Source, record->Type};
+  done(kCompleted);
+}
+
+void CouponPickerDialog::resizeEvent(QResizeEvent* event) {
+  ModalDialog::resizeEvent(event);
+  const int selectors = WidthInARow(*form_->periodLayout) + WidthInARow(*form_->filterLayout);
+  const bool low = height() < width();  // the list gets the height
+  SetInARow(*form_->selectorLayout, low && selectors <= width());
+  SetInARow(*form_->filterLayout, WidthInARow(*form_->filterLayout) <= width());
+  SetInARow(*form_->bottomLayout, low);
+}
+
+}  // namespace brovanta
