@@ -21,15 +21,13 @@ constexpr int kNotesTab = 1;
 }  // namespace
 
 ProductDialog::ProductDialog(const double& default_tax, const ProductRecord* record, int mode,
-                             ShoppingDatabase& database, QWidget* parent)
+                             ShoppingDatabase& database, const std::string& update_server,
+                             QWidget* parent)
     : ModalDialog(parent),
       mode_(mode),
       database_(database),
       form_(std::make_unique<Ui::ProductForm>()) {
-  if (record != nullptr) {
-    record_ = *record;
-    slots_ = record->Discounts;
-  }
+  if (record != nullptr) record_ = *record;
   form_->setupUi(this);
   if (mode_ == kPurchaseMode) setWindowTitle(tr("Purchase"));
   InsertTabs();
@@ -41,7 +39,7 @@ ProductDialog::ProductDialog(const double& default_tax, const ProductRecord* rec
   } else {
     form_->taxEdit->setText(WideText(FormatTwoDecimals(default_tax)));
   }
-  SetUpCoupons();
+  SetUpCoupons(update_server);
   SetUpInput();
 }
 
@@ -91,13 +89,14 @@ void ProductDialog::SetUpInput() {
   form_->productNameEdit->setFocus();
 }
 
-void ProductDialog::SetUpCoupons() {
+void ProductDialog::SetUpCoupons(const std::string& update_server) {
+  const CouponButtons buttons{
+      .slots = {form_->couponSlotButton1, form_->couponSlotButton2, form_->couponSlotButton3,
+                form_->couponSlotButton4, form_->couponSlotButton5},
+      .search = form_->findDiscountsButton};
   coupons_ = std::make_unique<CouponRow>(
-      std::array<ColorButton*, kSlotCount>{form_->couponSlotButton1, form_->couponSlotButton2,
-                                           form_->couponSlotButton3, form_->couponSlotButton4,
-                                           form_->couponSlotButton5},
-      form_->findDiscountsButton, this);
-  for (std::size_t slot = 0; slot < kSlotCount; ++slot) coupons_->DrawSlot(slot, slots_[slot]);
+      buttons, record_ ? record_->Discounts : DiscountSlots(), database_, update_server,
+      [this] { return ReadForSearch(); }, this);
 }
 
 void ProductDialog::ShowRecord() {

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "db/shopping_database.h"
 #include "ui/base/modal_dialog.h"
@@ -27,16 +28,17 @@ class ProductDialog : public ModalDialog {
 
  public:
   /// `default_tax` is filled into a new product. `record` is the record to edit, nullptr for a new
-  /// one; it is copied. The database is borrowed and outlives the dialog.
+  /// one; it is copied. The database is borrowed and outlives the dialog. `update_server` is for
+  /// the coupons that are opened from here.
   ProductDialog(const double& default_tax, const ProductRecord* record, int mode,
-                ShoppingDatabase& database, QWidget* parent);
+                ShoppingDatabase& database, const std::string& update_server, QWidget* parent);
   ~ProductDialog() override;
 
  private:
   void InsertTabs();
   void FillLists();
   void SetUpInput();
-  void SetUpCoupons();
+  void SetUpCoupons(const std::string& update_server);
   void ShowRecord();
   void ShowSchedule();
   void ShowDateField();
@@ -47,7 +49,10 @@ class ProductDialog : public ModalDialog {
 
   [[nodiscard]] int SelectedType() const;
   void Accept();
+  bool HasName();
+  [[nodiscard]] std::string Notes() const;
   bool ReadName(ProductFields& fields);
+  [[nodiscard]] std::optional<ProductFields> ReadForSearch();
   void ReadNumbers(ProductFields& fields) const;
   bool ReadReferences(ProductFields& fields);
   bool ReadSchedule(ProductFields& fields);
@@ -57,7 +62,6 @@ class ProductDialog : public ModalDialog {
   std::optional<ProductRecord> record_;
   int mode_;
   ShoppingDatabase& database_;
-  DiscountSlots slots_{};
   std::unique_ptr<Ui::ProductForm> form_;
   std::unique_ptr<CouponRow> coupons_;
 };

@@ -3,6 +3,7 @@
 #include "ui/base/message_box.h"
 #include "ui/base/notes_field.h"
 #include "ui/base/wide_text.h"
+#include "ui/product/coupon_row.h"
 #include "ui/product/product_dialog.h"
 #include "ui/product/product_numbers.h"
 #include "ui/product/purchase_type.h"
@@ -28,20 +29,38 @@ void ProductDialog::Accept() {
   if (!ReadName(fields)) return;
   ReadNumbers(fields);
   if (!ReadReferences(fields) || !ReadSchedule(fields)) return;
-  fields.notes = NotesText(*form_->notesEdit, record_ ? record_->Notes.view() : std::string_view());
+  fields.notes = Notes();
   if (record_) fields.short_text = record_->ShortText.view();
-  fields.discounts = slots_;
+  fields.discounts = coupons_->slots();
   if (Save(fields)) done(kCompleted);
 }
 
+// What the search for discounts goes by; a long name is cut without a message.
+std::optional<ProductFields> ProductDialog::ReadForSearch() {
+  ProductFields fields;
+  if (!HasName() || !ReadReferences(fields)) return std::nullopt;
+  fields.name = NarrowText(form_->productNameEdit->text()).substr(0, kNameSize);
+  fields.notes = Notes();
+  return fields;
+}
+
+bool ProductDialog::HasName() {
+  if (!form_->productNameEdit->text().isEmpty()) return true;
+  return Refuse("The product name can not be empty.", form_->productNameEdit);
+}
+
 bool ProductDialog::ReadName(ProductFields& fields) {
+  if (!HasName()) return false;
   const QString name = form_->productNameEdit->text();
-  if (name.isEmpty()) return Refuse("The product name can not be empty.", form_->productNameEdit);
   if (name.size() > kNameLimit) {
     return Refuse("The product name has more than 50 characters.", form_->productNameEdit);
   }
   fields.name = NarrowText(name).substr(0, kNameSize);
   return true;
+}
+
+std::string ProductDialog::Notes() const {
+  return NotesText(*form_->notesEdit, record_ ? record_->Notes.view() : std::string_view());
 }
 
 void ProductDialog::ReadNumbers(ProductFields& fields) const {

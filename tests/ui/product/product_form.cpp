@@ -3,7 +3,7 @@
 namespace brovanta::test {
 
 int ProductFormTest::Run(const ProductRecord* record, int mode, const Act& act) {
-  ProductDialog dialog(tax_, record, mode, database_, nullptr);
+  ProductDialog dialog(tax_, record, mode, database_, "http://server:8427", nullptr);
   return RunDialog(dialog, act);
 }
 
