@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <memory>
 
+#include "app/first_run_setup.h"
 #include "db/shopping_database.h"
 #include "platform/app_options.h"
 #include "search/search_manager.h"
@@ -27,6 +28,7 @@ bool Application::InitInstance() {
   AppOptions options(store_, AppOptions::kKeyPath);
   MainDialog dialog(options, std::make_unique<ShoppingDatabase>(),
                     std::make_unique<SearchManager>(), data_folder_);
+  dialog.SetUpdateServer(UpdateServer(store_));
   main_window_ = &dialog;
   dialog.exec();
   return false;

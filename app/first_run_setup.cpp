@@ -59,6 +59,10 @@ void SetUpUpdateServer(const RegistryStore& store) {
   StoreMissing(store, kUpdateServer, kDefaultUpdateServer);
 }
 
+std::string UpdateServer(const RegistryStore& store) {
+  return Stored(store, kUpdateServer).value_or(kDefaultUpdateServer);
+}
+
 std::string SetUpUserData(const RegistryStore& store, const std::string& default_folder) {
   StoreMissing(store, kInstallPath, default_folder);
   SetUpUpdateServer(store);

@@ -24,6 +24,9 @@ inline constexpr const char* kDefaultUpdateServer = "http://localhost:8427";
 /// Writes "UpdateServer" where it is missing.
 void SetUpUpdateServer(const platform::RegistryStore& store);
 
+/// The stored "UpdateServer", the default one where it is missing or cannot be read.
+[[nodiscard]] std::string UpdateServer(const platform::RegistryStore& store);
+
 /// Puts an empty list in the place of every name list that is missing; never touches one that is
 /// there. False when one could not be written.
 [[nodiscard]] bool SeedNameLists(const std::string& folder);

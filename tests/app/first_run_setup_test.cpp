@@ -57,6 +57,12 @@ TEST_F(FirstRunSetupTest, StoredValuesAreNeverWrittenOver) {
   EXPECT_FALSE(fs::exists(default_folder_));
 }
 
+TEST_F(FirstRunSetupTest, TheUpdateServerIsTheStoredOneElseTheDefault) {
+  EXPECT_EQ(UpdateServer(store_), "http://localhost:8427");
+  Store("UpdateServer", "http://update.example:80");
+  EXPECT_EQ(UpdateServer(store_), "http://update.example:80");
+}
+
 TEST_F(FirstRunSetupTest, AnEmptyPathInTheSettingsStaysTheWorkingFolder) {
   Store("InstallPath", "");
   EXPECT_EQ(SetUpUserData(store_, default_folder_), "");

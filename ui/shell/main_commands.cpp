@@ -5,6 +5,7 @@
 #include "ui/base/message_box.h"
 #include "ui/base/modal_dialog.h"
 #include "ui/base/record_tree.h"
+#include "ui/product/discount_dialog.h"
 #include "ui/product/find_dialog.h"
 #include "ui/product/product_dialog.h"
 #include "ui/shell/command_bar.h"
@@ -56,9 +57,18 @@ void MainCommands::Add() {
 }
 
 int MainCommands::RunAddDialog() {
-  if (state_.list_id != kProductsList) return kNoDialog;
-  ProductDialog dialog(state_.options.tax(), nullptr, kProductMode, *state_.database, &window_);
-  return dialog.exec();
+  switch (state_.list_id) {
+    case kProductsList:
+      return ProductDialog(state_.options.tax(), nullptr, kProductMode, *state_.database,
+                           state_.update_server, &window_)
+          .exec();
+    case kCouponsList:
+      return DiscountDialog(nullptr, kNewDiscountMode, *state_.database, state_.update_server,
+                            &window_)
+          .exec();
+    default:
+      return kNoDialog;
+  }
 }
 
 void MainCommands::Edit() {
@@ -71,6 +81,8 @@ int MainCommands::RunEditDialog(const TreeItemInfo& selected) {
   switch (state_.list_id) {
     case kProductsList:
       return EditProduct(selected.id, kProductMode);
+    case kCouponsList:
+      return EditCoupon(selected.id, selected.purchaseType);
     case kPurchasesList:
       return EditProduct(selected.id, kPurchaseMode);
     default:
@@ -82,7 +94,16 @@ int MainCommands::EditProduct(std::int32_t id, int mode) {
   const ProductRecord* found = state_.database->products().Find(id);
   if (found == nullptr) return kNoDialog;
   const ProductRecord record = *found;  // the list's own goes when the dialog saves
-  ProductDialog dialog(state_.options.tax(), &record, mode, *state_.database, &window_);
+  ProductDialog dialog(state_.options.tax(), &record, mode, *state_.database, state_.update_server,
+                       &window_);
+  return dialog.exec();
+}
+
+int MainCommands::EditCoupon(std::int32_t id, std::int16_t source) {
+  const DiscountRecord* record = state_.database->discounts().Find(id, source);
+  if (record == nullptr) return kNoDialog;
+  DiscountDialog dialog(record, kEditDiscountMode, *state_.database, state_.update_server,
+                        &window_);
   return dialog.exec();
 }
 

@@ -37,6 +37,7 @@ class MainCommands {
   int RunAddDialog();
   int RunEditDialog(const TreeItemInfo& selected);
   int EditProduct(std::int32_t id, int mode);
+  int EditCoupon(std::int32_t id, std::int16_t source);
 
   void DeleteProduct(const TreeItemInfo& selected);
   bool Confirm(const QString& question);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "db/shopping_database.h"
 #include "platform/app_options.h"
@@ -18,6 +19,7 @@ struct MainState {
   std::unique_ptr<SearchManager> searches;     ///< likewise
   RecordFilter filter;
   int list_id = kProductsList;
+  std::string update_server = "http://localhost:8427";  ///< serves the coupons' pages
 };
 
 }  // namespace brovanta

@@ -1,0 +1,93 @@
+// Add and Edit on the coupons tab.
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+
+#include "tests/ui/shell/main_screen.h"
+#include "ui/shell/main_commands.h"
+
+namespace brovanta::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::UnorderedElementsAre;
+
+QStringList opened;
+
+bool NoteAddress(const QString& address) {
+  opened.append(address);
+  return true;
+}
+
+void ChooseFirst(QWidget& dialog, const char* box) {
+  QTest::keyClick(dialog.findChild<QComboBox*>(QLatin1String(box)), Qt::Key_Down);
+}
+
+class MainCommandsCouponsTest : public MainScreenTest {};
+
+TEST_F(MainCommandsCouponsTest, AddMakesACouponAndResetsTheFilters) {
+  AddCoupon("Old", 0, 0, "Corner");
+  Open();
+  ChooseTab(1);
+  ChooseFilter("storeFilterButton", "Corner");
+  InNextDialog([](QWidget& dialog) {
+    Type(dialog, "couponNameEdit", "New");
+    ChooseFirst(dialog, "typeBox");
+    ChooseFirst(dialog, "valueTypeBox");
+    Click(dialog, "okButton");
+  });
+  Tool(kToolAdd);
+  EXPECT_EQ(Text("storeFilterButton"), "All Stores");
+  EXPECT_THAT(StoredCoupons(), UnorderedElementsAre("Old", "New"));
+}
+
+TEST_F(MainCommandsCouponsTest, EditOpensTheCouponOfItsSource) {
+  AddCoupon("First", 0, 0, "", "", 1);
+  AddCoupon("Second", 0, 0, "", "", 2);
+  Open();
+  ChooseTab(1);
+  Select("Second");
+  InNextDialog([](QWidget& dialog) {
+    Type(dialog, "couponNameEdit", "Changed");
+    ChooseFirst(dialog, "typeBox");  // that of the stored one is none of the list's
+    Click(dialog, "okButton");
+  });
+  Tool(kToolEdit);
+  EXPECT_THAT(StoredCoupons(), UnorderedElementsAre("First", "Changed"));
+}
+
+TEST_F(MainCommandsCouponsTest, CancelledDialogsChangeNothing) {
+  AddCoupon("Old", 0, 0, "Corner");
+  Open();
+  ChooseTab(1);
+  ChooseFilter("storeFilterButton", "Corner");
+  Select("Old");
+  for (const int command : {kToolAdd, kToolEdit}) {
+    InNextDialog([](QWidget& dialog) { Click(dialog, "cancelButton"); });
+    Tool(command);
+    EXPECT_EQ(Text("storeFilterButton"), "Corner");
+    EXPECT_NE(tree().CaretInfo(), nullptr);
+  }
+  EXPECT_THAT(StoredCoupons(), ElementsAre("Old"));
+}
+
+TEST_F(MainCommandsCouponsTest, ThePageOfACouponIsOnTheGivenServer) {
+  const WebAddressHandler before = SetWebAddressHandler(&NoteAddress);
+  opened.clear();
+  AddCoupon("Deal", 0, 0, "", "", 2);
+  Open();
+  screen().SetUpdateServer("http://update.example:80");
+  ChooseTab(1);
+  Select("Deal");
+  InNextDialog([](QWidget& dialog) {
+    Click(dialog, "viewButton");
+    Click(dialog, "cancelButton");
+  });
+  Tool(kToolEdit);
+  SetWebAddressHandler(before);
+  EXPECT_EQ(opened.join(QLatin1Char(' ')).toStdString(),
+            "http://update.example:80/coupons/deal.aspx?srcId=2");
+}
+
+}  // namespace
+}  // namespace brovanta::test
