@@ -26,6 +26,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     const std::string& argument = arguments[i];
     if (argument == "--version") {
       line.action = CommandLine::Action::kShowVersion;
+    } else if (argument == "--show-update-server") {
+      line.action = CommandLine::Action::kShowServer;
     } else if (argument == "--help" || argument == "-h") {
       line.action = CommandLine::Action::kShowHelp;
     } else if (argument == kDataFolder || StartsWith(argument, kDataFolderWithValue)) {
@@ -50,10 +52,11 @@ const char* HelpText() {
   return "Usage: brovanta [OPTION]\n"
          "A shopping planner: lists, purchases and coupons.\n"
          "\n"
-         "  --data-folder DIR  work in the folder DIR, with settings of its own; the folder is\n"
-         "                     made when it is missing, and nothing else is touched\n"
-         "  --version          print the version and end\n"
-         "  --help             print this help and end\n"
+         "  --data-folder DIR     work in the folder DIR, with settings of its own; the folder is\n"
+         "                        made when it is missing, and nothing else is touched\n"
+         "  --show-update-server  print the address that Update asks, and end\n"
+         "  --version             print the version and end\n"
+         "  --help                print this help and end\n"
          "\n"
          "A second start on the same data shows the window that is open and ends.\n"
          "Exit status: 0 all went well, 1 the data folder cannot be used or the running program\n"

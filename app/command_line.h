@@ -11,6 +11,7 @@ struct CommandLine {
     kRun,          ///< run on the user's data, or on `data_folder` where it is not empty
     kShowVersion,  ///< print the version and end
     kShowHelp,     ///< print the help and end
+    kShowServer,   ///< print the address of the update server and end
     kRefuse,       ///< the arguments make no sense; `problem` says why
   };
   Action action = Action::kRun;

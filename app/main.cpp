@@ -15,6 +15,9 @@ int main(int argc, char** argv) {
     case CommandLine::Action::kShowHelp:
       std::fputs(brovanta::HelpText(), stdout);
       return brovanta::kExitWell;
+    case CommandLine::Action::kShowServer:
+      std::puts(brovanta::ConfiguredUpdateServer(line).c_str());
+      return brovanta::kExitWell;
     case CommandLine::Action::kRefuse:
       std::fprintf(stderr, "brovanta: %s\nTry 'brovanta --help'.\n", line.problem.c_str());
       return brovanta::kExitArguments;

@@ -17,6 +17,7 @@ namespace brovanta {
 
 namespace {
 
+constexpr const char* kRegistryInFolder = "/registry.reg";
 constexpr int kProgramIcon = 128;
 constexpr int kPatience = 5000;
 
@@ -65,6 +66,12 @@ void PrepareToolkit() {
   ApplyTheme(*qApp);
 }
 
+std::string ConfiguredUpdateServer(const CommandLine& line) {
+  const std::string& folder = line.data_folder;
+  return UpdateServer(
+      platform::RegistryStore(folder.empty() ? UserRegistryFile() : folder + kRegistryInFolder));
+}
+
 int RunProgram(const CommandLine& line) {
   if (line.data_folder.empty()) {
     const platform::RegistryStore store(UserRegistryFile());
@@ -76,7 +83,7 @@ int RunProgram(const CommandLine& line) {
     Complain(problem);
     return kExitNoData;
   }
-  const platform::RegistryStore store(folder + "/registry.reg");
+  const platform::RegistryStore store(folder + kRegistryInFolder);
   SetUpUpdateServer(store);
   return RunOn(store, folder);
 }

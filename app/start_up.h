@@ -1,6 +1,8 @@
 // From the arguments to the running program: whose data, whether it is free, what has to be made.
 #pragma once
 
+#include <string>
+
 #include "app/command_line.h"
 
 namespace brovanta {
@@ -14,6 +16,10 @@ inline constexpr int kExitArguments = 2;
 
 /// Sets the running QApplication up for this program: numbers with a point, name, icon and style.
 void PrepareToolkit();
+
+/// The update server that the settings of the user, or of the throw-away folder, name. Changes
+/// nothing.
+[[nodiscard]] std::string ConfiguredUpdateServer(const CommandLine& line);
 
 /// Runs the program on the user's data or the throw-away folder and returns its exit status. What
 /// goes wrong before there is a window is said on the standard error output.

@@ -21,6 +21,13 @@ TEST(CommandLineTest, VersionAndHelpAreAskedFor) {
   EXPECT_EQ(ParseCommandLine({"-h"}).action, Action::kShowHelp);
 }
 
+TEST(CommandLineTest, TheUpdateServerIsAskedForWithOrWithoutAFolder) {
+  EXPECT_EQ(ParseCommandLine({"--show-update-server"}).action, Action::kShowServer);
+  const CommandLine line = ParseCommandLine({"--show-update-server", "--data-folder", "/a"});
+  EXPECT_EQ(line.action, Action::kShowServer);
+  EXPECT_EQ(line.data_folder, "/a");
+}
+
 TEST(CommandLineTest, DataFolderIsTheNextArgumentOrStandsBehindTheEqualsSign) {
   for (const CommandLine& line : {ParseCommandLine({"--data-folder", "/tmp/a b"}),
                                   ParseCommandLine({"--data-folder=/tmp/a b"})}) {
@@ -58,7 +65,8 @@ TEST(CommandLineTest, AWrongArgumentWinsOverHelp) {
 }
 
 TEST(CommandLineTest, HelpNamesEveryOption) {
-  for (const char* const option : {"--data-folder DIR", "--version", "--help"}) {
+  for (const char* const option :
+       {"--data-folder DIR", "--show-update-server", "--version", "--help"}) {
     EXPECT_THAT(HelpText(), HasSubstr(option));
   }
 }

@@ -102,6 +102,21 @@ TEST_F(StartUpTest, HelpIsPrinted) {
   EXPECT_THAT(process.readAllStandardOutput().toStdString(), HasSubstr("Usage: brovanta"));
 }
 
+TEST_F(StartUpTest, TheUpdateServerOfTheSettingsIsPrintedAndNothingIsMade) {
+  environment_.remove(QStringLiteral("QT_QPA_PLATFORM"));
+  const QStringList ask = {QStringLiteral("--show-update-server")};
+  EXPECT_EQ(Run(ask).readAllStandardOutput(), QByteArray("http://localhost:8427\n"));
+  EXPECT_TRUE(fs::is_empty(folder_.File("config")));
+  fs::create_directory(folder_.File("config/brovanta"));
+  folder_.WriteText("config/brovanta/registry.reg",
+                    "Windows Registry Editor Version 5.00\n\n"
+                    "[HKEY_CURRENT_USER\\Software\\Brovanta]\n"
+                    "\"UpdateServer\"=\"http://shop.example\"\n");
+  EXPECT_EQ(Run(ask).readAllStandardOutput(), QByteArray("http://shop.example\n"));
+  EXPECT_EQ(Run(ask + DataFolder()).readAllStandardOutput(), QByteArray("http://localhost:8427\n"));
+  EXPECT_FALSE(fs::exists(folder_.File("throw away")));
+}
+
 TEST_F(StartUpTest, WrongArgumentsEndWithTwoAndAClearWord) {
   QProcess& process = Run({QStringLiteral("--colour")});
   EXPECT_EQ(process.exitCode(), 2);
