@@ -3,17 +3,51 @@
 namespace brovanta::server {
 namespace {
 
-constexpr std::array<std::string_view, kDemoStoreCount> kStores = {
-    "Alder Street Market",    "Beacon Foods",         "Birchwood Grocers",
-    "Blue Awning Bakery",     "Café Bohème",          "Cedar & Sons Hardware",
-    "Clover Dairy Shop",      "Copper Kettle Coffee", "Corner Basket",
-    "Daybreak Supermarket",   "Elm Park Pharmacy",    "Farmgate Direct",
-    "Feather & Fin Pets",     "Field House Organics", "Garden Gate Nursery",
-    "Golden Acre Foods",      "Harbor Fish House",    "Hilltop Wholesale",
-    "Juniper Home Goods",     "Kleine Bäckerei",      "Larkspur Drugstore",
-    "Lighthouse Mart",        "Maple Lane Butchers",  "Millstream Market",
-    "Northgate Paper Supply", "Old Mill Pantry",      "Pinecrest Outlet",
-    "Red Door Delicatessen",  "Sunny Side Produce",   "Willow Creek Co-op"};
+// The set of some categories.
+template <typename... Ids>
+constexpr std::uint32_t Of(Ids... ids) {
+  return ((1u << static_cast<unsigned>(ids)) | ...);
+}
+
+// What every larger food shop has: all but garden and office.
+constexpr std::uint32_t kMarket = Of(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12, 13, 14, 16, 17, 18, 19, 20);
+constexpr std::uint32_t kEverything = kMarket | Of(11, 15);
+constexpr std::uint32_t kPantry = Of(3, 4, 5, 7, 16, 19);
+constexpr std::uint32_t kFarm = Of(8, 10, 14, 20);
+constexpr std::uint32_t kDrugstore = Of(1, 6, 12, 13, 17);
+
+constexpr std::array<DemoStore, kDemoStoreCount> kStores = {{
+    {"Alder Street Market", kMarket},
+    {"Beacon Foods", kMarket},
+    {"Birchwood Grocers", kMarket},
+    {"Blue Awning Bakery", Of(2)},
+    {"Café Bohème", Of(2, 7)},
+    {"Cedar & Sons Hardware", Of(6, 11, 13)},
+    {"Clover Dairy Shop", Of(8)},
+    {"Copper Kettle Coffee", Of(7)},
+    {"Corner Basket", kMarket},
+    {"Daybreak Supermarket", kMarket},
+    {"Elm Park Pharmacy", Of(1, 12, 17)},
+    {"Farmgate Direct", kFarm},
+    {"Feather & Fin Pets", Of(18)},
+    {"Field House Organics", kFarm | kPantry},
+    {"Garden Gate Nursery", Of(11)},
+    {"Golden Acre Foods", kMarket},
+    {"Harbor Fish House", Of(9, 14)},
+    {"Hilltop Wholesale", kEverything},
+    {"Juniper Home Goods", Of(6, 13, 15)},
+    {"Kleine Bäckerei", Of(2)},
+    {"Larkspur Drugstore", kDrugstore},
+    {"Lighthouse Mart", kMarket},
+    {"Maple Lane Butchers", Of(14)},
+    {"Millstream Market", kMarket},
+    {"Northgate Paper Supply", Of(15)},
+    {"Old Mill Pantry", kPantry},
+    {"Pinecrest Outlet", kEverything},
+    {"Red Door Delicatessen", Of(2, 7, 8, 14, 19)},
+    {"Sunny Side Produce", Of(10, 20)},
+    {"Willow Creek Co-op", kMarket},
+}};
 
 constexpr std::array<std::string_view, kDemoCategoryCount> kCategories = {
     "Baby",         "Bakery",        "Beverages",    "Breakfast & Cereal", "Canned Goods",
@@ -76,7 +110,11 @@ constexpr std::array<DemoProduct, kDemoCategoryCount* 5> kProducts = {{
 
 }  // namespace
 
-const std::array<std::string_view, kDemoStoreCount>& DemoStores() { return kStores; }
+bool DemoStore::Sells(int category) const {
+  return (categories & (1u << static_cast<unsigned>(category))) != 0;
+}
+
+const std::array<DemoStore, kDemoStoreCount>& DemoStores() { return kStores; }
 
 const std::array<std::string_view, kDemoCategoryCount>& DemoCategories() { return kCategories; }
 

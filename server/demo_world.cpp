@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,13 +30,9 @@ class Dice {
   std::uint64_t state_;
 };
 
-std::vector<Row<ListEntry>> Entries(std::span<const std::string_view> names) {
-  std::vector<Row<ListEntry>> rows;
-  for (const std::string_view name : names) {
-    const std::int32_t id = static_cast<std::int32_t>(rows.size()) + 1;
-    rows.push_back({0, {id, std::string(name)}});
-  }
-  return rows;
+void Append(std::vector<Row<ListEntry>>& rows, std::string_view name) {
+  const std::int32_t id = static_cast<std::int32_t>(rows.size()) + 1;
+  rows.push_back({0, {id, std::string(name)}});
 }
 
 // A fifth to a half of the price, in steps of five cents: people do not print odd amounts.
@@ -61,6 +56,14 @@ std::string Description(Dice& dice, const Coupon& coupon, std::string_view store
   return {};
 }
 
+// The id of one of the stores that sell the category.
+std::int32_t RollStore(Dice& dice, int category) {
+  for (;;) {
+    const int index = dice.Roll(static_cast<int>(kDemoStoreCount));
+    if (DemoStores()[static_cast<std::size_t>(index)].Sells(category)) return index + 1;
+  }
+}
+
 // Most offers run now, some have just ended, some start soon, a few have no dates at all.
 void SetDates(Dice& dice, Day today, Coupon& coupon) {
   if (dice.Roll(20) == 0) return;
@@ -79,7 +82,7 @@ Coupon MakeCoupon(Dice& dice, Day today, CouponSource source, std::int32_t id) {
   coupon.id = id;
   coupon.product = product.name;
   coupon.category_id = product.category;
-  coupon.store_id = 1 + dice.Roll(static_cast<int>(kDemoStoreCount));
+  coupon.store_id = RollStore(dice, product.category);
   coupon.type = TypeFromNumber(1 + dice.Roll(3)).value_or(CouponType::kStoreCoupon);
   // A rebate is money back.
   const bool percent = coupon.type != CouponType::kMailInRebate && dice.Roll(2) == 0;
@@ -87,7 +90,7 @@ Coupon MakeCoupon(Dice& dice, Day today, CouponSource source, std::int32_t id) {
   coupon.value = percent ? std::to_string(5 * (1 + dice.Roll(8))) : Amount(dice, product.cents);
   coupon.name = ValueInWords(coupon) + " " + coupon.product;
   coupon.description =
-      Description(dice, coupon, DemoStores()[static_cast<std::size_t>(coupon.store_id) - 1]);
+      Description(dice, coupon, DemoStores()[static_cast<std::size_t>(coupon.store_id) - 1].name);
   SetDates(dice, today, coupon);
   return coupon;
 }
@@ -96,8 +99,10 @@ Coupon MakeCoupon(Dice& dice, Day today, CouponSource source, std::int32_t id) {
 
 Import DemoWorld(Day today) {
   Import world;
-  world.stores = Entries(DemoStores());
-  world.categories = Entries(DemoCategories());
+  auto& stores = world.stores.emplace();
+  for (const DemoStore& store : DemoStores()) Append(stores, store.name);
+  auto& categories = world.categories.emplace();
+  for (const std::string_view name : DemoCategories()) Append(categories, name);
   world.agents = DemoAgentFile();
   Dice dice(static_cast<std::uint64_t>(std::chrono::sys_days(today).time_since_epoch().count()));
   auto& coupons = world.coupons.emplace();

@@ -11,8 +11,8 @@ namespace brovanta::server {
 namespace {
 
 TEST(DemoCatalog, EveryNameMayTravelInAFeed) {
-  for (const std::string_view name : DemoStores()) {
-    EXPECT_EQ(TextProblem(name, kListNameLength), std::nullopt) << name;
+  for (const DemoStore& store : DemoStores()) {
+    EXPECT_EQ(TextProblem(store.name, kListNameLength), std::nullopt) << store.name;
   }
   for (const std::string_view name : DemoCategories()) {
     EXPECT_EQ(TextProblem(name, kListNameLength), std::nullopt) << name;
@@ -23,12 +23,25 @@ TEST(DemoCatalog, EveryNameMayTravelInAFeed) {
 }
 
 TEST(DemoCatalog, NothingComesTwice) {
-  EXPECT_EQ(std::set<std::string_view>(DemoStores().begin(), DemoStores().end()).size(), 30u);
+  std::set<std::string_view> stores;
+  for (const DemoStore& store : DemoStores()) stores.insert(store.name);
+  EXPECT_EQ(stores.size(), 30u);
   EXPECT_EQ(std::set<std::string_view>(DemoCategories().begin(), DemoCategories().end()).size(),
             20u);
   std::set<std::string_view> products;
   for (const DemoProduct& product : DemoProducts()) products.insert(product.name);
   EXPECT_EQ(products.size(), DemoProducts().size());
+}
+
+TEST(DemoCatalog, StoresSellWhatTheirNamesSay) {
+  const DemoStore& bakery = DemoStores()[3];
+  EXPECT_EQ(bakery.name, "Blue Awning Bakery");
+  for (int category = 1; category <= static_cast<int>(kDemoCategoryCount); ++category) {
+    EXPECT_EQ(bakery.Sells(category), category == 2) << category;
+    int stores = 0;
+    for (const DemoStore& store : DemoStores()) stores += store.Sells(category) ? 1 : 0;
+    EXPECT_GE(stores, 3) << category;
+  }
 }
 
 TEST(DemoCatalog, EveryCategoryHasFiveProductsWithPrices) {

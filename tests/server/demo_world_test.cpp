@@ -6,6 +6,7 @@
 
 #include "server/agent_file.h"
 #include "server/coupon_table.h"
+#include "server/demo_catalog.h"
 #include "server/list_table.h"
 #include "tests/server/test_store.h"
 
@@ -49,10 +50,12 @@ TEST_F(StoreTest, TheDemoWorldFillsAnEmptyDatabase) {
   EXPECT_FALSE(store_->IsEmpty());
 }
 
-TEST(DemoWorld, EveryCouponBelongsToAStoreAndACategory) {
+TEST(DemoWorld, EveryCouponIsFromAStoreThatSellsItsCategory) {
   for (const Coupon& coupon : EntriesOf(DemoWorld(kToday).coupons)) {
-    EXPECT_GE(coupon.store_id, 1);
-    EXPECT_LE(coupon.store_id, 30);
+    ASSERT_GE(coupon.store_id, 1);
+    ASSERT_LE(coupon.store_id, 30);
+    const DemoStore& store = DemoStores()[static_cast<std::size_t>(coupon.store_id) - 1];
+    EXPECT_TRUE(store.Sells(coupon.category_id)) << store.name << ": " << coupon.product;
     EXPECT_GE(coupon.category_id, 1);
     EXPECT_LE(coupon.category_id, 20);
   }
