@@ -4,6 +4,9 @@
 #include <httplib.h>
 #include <signal.h>
 
+#include <filesystem>
+#include <system_error>
+
 #include "server/demo_shop.h"
 #include "tests/server/raw_client.h"
 #include "tests/server/server_process.h"
@@ -52,6 +55,13 @@ class RunServerTest : public testing::Test {
   std::string Get(const std::string& target) {
     const auto result = httplib::Client("http://" + address_).Get(target);
     return result ? result->body : "no answer";
+  }
+
+  // Of SQLite's write-ahead log beside the database.
+  std::uintmax_t SizeOfLog() {
+    std::error_code missing;
+    const auto size = std::filesystem::file_size(folder_.File("a.db-wal"), missing);
+    return missing ? 0 : size;
   }
 
   std::string Error() { return folder_.ReadText("error").value_or(""); }
@@ -188,6 +198,44 @@ TEST_F(RunServerTest, AnImportSurvivesAKilledServer) {
   }
   EXPECT_TRUE(folder_.Read("a.db-wal")) << "the import is still in the log beside the database";
   EXPECT_EQ(RunWithData({"export", "stores"}).output, kStores);
+}
+
+// A table that SQLite cannot keep in memory: it starts to write long before the import is whole.
+std::string LargeTable(char letter) {
+  std::string table =
+      "source,id,name,product,description,type,value_type,value,start_date,end_date,store_id,"
+      "category_id\n";
+  for (int id = 1; id <= 12'000; ++id) {
+    table += "coupon," + std::to_string(id) + ",Offer,," + std::string(249, letter) +
+             ",store coupon,amount,1,,,1,1\n";
+  }
+  return table;
+}
+
+TEST_F(RunServerTest, AnImportKilledWhileItWritesLosesNothing) {
+  const std::string old_coupons = LargeTable('o');
+  folder_.WriteText("list.csv", "id,name\n1,Corner Shop\n");
+  folder_.WriteText("old.csv", old_coupons);
+  folder_.WriteText("new.csv", LargeTable('n'));
+  for (const char* list : {"stores", "categories"}) {
+    ASSERT_EQ(RunWithData({"import", list, folder_.File("list.csv")}).status, 0);
+  }
+  int killed = 0;
+  for (int round = 0; round < 10 && killed < 3; ++round) {
+    ASSERT_EQ(RunWithData({"import", "coupons", folder_.File("old.csv")}).status, 0);
+    ServerProcess import(
+        {"--data", folder_.File("a.db"), "import", "coupons", folder_.File("new.csv")},
+        folder_.File("error"));
+    while (!import.Ended() && SizeOfLog() < 500'000) {
+    }
+    import.Signal(SIGKILL);
+    if (import.Wait() != -SIGKILL) continue;  // it was quicker than the look at the file
+    ++killed;
+    EXPECT_GE(SizeOfLog(), 500'000u) << "it had begun to write";
+    EXPECT_EQ(RunWithData({"export", "coupons"}).output, old_coupons);
+    EXPECT_EQ(RunWithData({"export", "stores"}).output, "id,name\n1,Corner Shop\n");
+  }
+  EXPECT_GT(killed, 0);
 }
 
 TEST_F(RunServerTest, AKilledImportBringsAllOrNothing) {
