@@ -1,7 +1,11 @@
 // What is written about the server says what the server does.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "server/command_line.h"
 #include "server/coupon_table.h"
@@ -48,6 +52,37 @@ TEST(ServerPage, TellsEveryColumn) {
     const std::string column = columns.substr(at, end - at);
     EXPECT_THAT(page, HasSubstr(std::string("`").append(column).append("`")));
     at = end + 1;
+  }
+}
+
+// Every line of a block that starts the server with its data.
+std::vector<std::string> CommandsOf(std::string page) {
+  for (std::size_t at = page.find('\\'); at != std::string::npos; at = page.find('\\')) {
+    page.erase(at, 1);  // the manual's hyphens are escaped
+  }
+  constexpr std::string_view kStart = "\nbrovanta-server --data ";
+  std::vector<std::string> commands;
+  for (std::size_t at = page.find(kStart); at != std::string::npos; at = page.find(kStart, at)) {
+    const std::size_t end = page.find('\n', ++at);
+    commands.push_back(page.substr(at, end - at));
+  }
+  return commands;
+}
+
+TEST(ServerDocuments, TheirCommandsAreUnderstood) {
+  for (const char* document : {"README.md", "docs/server.md", "packaging/brovanta-server.1"}) {
+    const auto commands = CommandsOf(Document(document));
+    EXPECT_GE(commands.size(), 5u) << document;
+    for (const std::string& command : commands) {
+      std::vector<std::string_view> words;
+      for (std::string_view rest = command; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(' '), rest.size());
+        if (end > 0) words.push_back(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+      }
+      std::string error;
+      EXPECT_TRUE(ParseCommandLine(std::span(words).subspan(1), error)) << command << ": " << error;
+    }
   }
 }
 
