@@ -3,13 +3,13 @@
 #include <QHBoxLayout>
 #include <QKeySequence>
 #include <QMenu>
-#include <QTextDocument>
 #include <QToolButton>
 #include <array>
 
 #include "ui/base/color_button.h"
 #include "ui/base/icons.h"
 #include "ui/base/theme.h"
+#include "ui/base/tool_tip.h"
 
 namespace brovanta {
 namespace {
@@ -128,9 +128,8 @@ void CommandBar::ShowFindText(const QString& text) {
 
 QString CommandBar::TipFor(const QString& name, int menu_command) const {
   const QKeySequence keys = action(menu_command)->shortcut();
-  const QString tip = QStringLiteral("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText));
-  // A find text may look like markup, and would be taken for it.
-  return Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
+  // A find text may look like markup.
+  return ToolTipText(QStringLiteral("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText)));
 }
 
 }  // namespace brovanta
