@@ -2,11 +2,13 @@
 
 #include <QTimer>
 
+#include "platform/file.h"
 #include "ui/base/discount_tree.h"
 #include "ui/base/filter_menu.h"
 #include "ui/base/message_box.h"
 #include "ui/base/period_selector.h"
 #include "ui/base/row_layout.h"
+#include "ui/base/wide_text.h"
 #include "ui/product/discount_dialog.h"
 #include "ui/product/find_dialog.h"
 #include "ui_coupon_picker.h"
@@ -82,11 +84,23 @@ int CouponPickerDialog::Fill() {
       .store_name =
           [](const QString& name) { return CutFrom(name, kFirstCutStore, kKeptOfStore); }};
   const int code = FillDiscountTree(*form_->recordTree, database_, filter_, look);
-  form_->recordTree->SetEmptyText(code != 0
-                                      ? tr("The coupons could not be read")
-                                      : tr("No coupons %1").arg(PeriodWords(period_->view_mode())));
+  form_->recordTree->SetEmptyText(EmptyWords(code));
+  form_->pickerBar->ShowFindText(WideText(filter_.text));
   OnCaretChanged();  // a rebuilt tree has no caret, and an empty one sends no signal
   return code;
+}
+
+// What the ground of an empty tree says.
+QString CouponPickerDialog::EmptyWords(int code) const {
+  if (code != 0 && platform::FileExists(database_.paths().discount)) {
+    return tr("The coupons could not be read");
+  }
+  const QString period = PeriodWords(period_->view_mode());
+  if (!filter_.text.empty()) {
+    return tr("Nothing found for \"%1\" %2").arg(WideText(filter_.text), period);
+  }
+  const bool narrowed = filter_.store_id != 0 || filter_.category_id != 0;
+  return (narrowed ? tr("Nothing of this choice %1") : tr("No coupons %1")).arg(period);
 }
 
 void CouponPickerDialog::FillOrReport() {

@@ -42,6 +42,7 @@ class CouponPickerDialog : public ModalDialog {
 
   /// Fills the tree; the query's code.
   int Fill();
+  [[nodiscard]] QString EmptyWords(int code) const;
   /// Fills the tree and reports a failure.
   void FillOrReport();
   /// All stores, all categories and no find text, then the tree and the filter menus; the code.

@@ -6,9 +6,13 @@
 #include <array>
 
 #include "ui/base/icons.h"
+#include "ui/base/theme.h"
+#include "ui/base/tool_tip.h"
 
 namespace brovanta {
 namespace {
+
+constexpr int kFindPicture = 2785;
 
 struct Entry {
   int command;
@@ -17,9 +21,10 @@ struct Entry {
   const char* keys;
 };
 
-constexpr std::array kEntries{
-    Entry{kPickerNew, 2771, "New coupon", "Ins"}, Entry{kPickerEdit, 2772, "Edit coupon", "F2"},
-    Entry{kPickerDelete, 2773, "Delete coupon", "Del"}, Entry{kPickerFind, 2785, "Find", "Ctrl+F"}};
+constexpr std::array kEntries{Entry{kPickerNew, 2771, "New coupon", "Ins"},
+                              Entry{kPickerEdit, 2772, "Edit coupon", "F2"},
+                              Entry{kPickerDelete, 2773, "Delete coupon", "Del"},
+                              Entry{kPickerFind, kFindPicture, "Find", "Ctrl+F"}};
 
 constexpr int kPictureSize = 22;
 constexpr int kNarrowest = 34;
@@ -48,7 +53,19 @@ PickerBar::PickerBar(QWidget* parent) : LinedFrame(parent, Lines::kAbove) {
     button->setMinimumWidth(kNarrowest);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     layout->addWidget(button);
+    if (entry.command == kPickerFind) find_button_ = button;
   }
+}
+
+void PickerBar::ShowFindText(const QString& text) {
+  QAction* find = action(kPickerFind);
+  const QString name = text.isEmpty() ? find->text() : find->text() + QStringLiteral(": ") + text;
+  find->setIcon(text.isEmpty()
+                    ? CommandIcon(kFindPicture)
+                    : NamedIcon(QStringLiteral("toolbar_129_%1").arg(kFindPicture), theme::kWarm));
+  find->setToolTip(ToolTipText(
+      name + QStringLiteral(" (%1)").arg(find->shortcut().toString(QKeySequence::PortableText))));
+  find_button_->setAccessibleName(name);
 }
 
 }  // namespace brovanta

@@ -6,6 +6,8 @@
 
 #include "ui/base/lined_frame.h"
 
+class QToolButton;
+
 namespace brovanta {
 
 /// Commands of the coupon picker.
@@ -25,11 +27,15 @@ class PickerBar : public LinedFrame {
   /// nullptr for an unknown number.
   [[nodiscard]] QAction* action(int command) const { return actions_.value(command); }
 
+  /// Shows on the find button that the text narrows the list; an empty text shows the plain button.
+  void ShowFindText(const QString& text);
+
  Q_SIGNALS:
   void CommandChosen(int command);
 
  private:
   QHash<int, QAction*> actions_;
+  QToolButton* find_button_ = nullptr;
 };
 
 }  // namespace brovanta

@@ -194,7 +194,17 @@ TEST_F(CouponPickerCommandsTest, AnUnreadableFileIsReportedOnceTheDialogIsOpen) 
     QTest::qWait(0);
     EXPECT_EQ(Messages(), kReadError);
     EXPECT_EQ(Rows(), "");
+    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("The coupons could not be read"));
     EXPECT_EQ(MenuTexts("storeFilterButton"), "All Stores=10000");
+  });
+}
+
+TEST_F(CouponPickerCommandsTest, AMissingFileIsReportedToo) {
+  Run([&] {
+    QTest::qWait(0);
+    EXPECT_EQ(Messages(), kReadError);
+    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("No coupons on this day"));
+    EXPECT_EQ(Enabled(), "new find");
   });
 }
 

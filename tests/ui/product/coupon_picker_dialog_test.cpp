@@ -178,6 +178,23 @@ TEST_F(CouponPickerDialogTest, ADateDropsFindTextAndFilters) {
   });
 }
 
+TEST_F(CouponPickerDialogTest, AnEmptyListNamesWhatNarrowsIt) {
+  Coupons({{.id = 2, .name = "soap", .end_date = kToday, .store_id = 7, .category_id = 3},
+           {.id = 3, .name = "tea", .end_date = kToday, .store_id = 8, .category_id = 4}});
+  Run([&] {
+    ChooseInMenu("storeFilterButton", QStringLiteral("Corner"));
+    ChooseInMenu("categoryFilterButton", QStringLiteral("R&&D"));
+    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("Nothing of this choice on this day"));
+    FindText(QStringLiteral("%1 zzz"));
+    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("Nothing found for \"%1 zzz\" on this day"));
+    EXPECT_EQ(Find("tool2794")->accessibleName(), QStringLiteral("Find: %1 zzz"));
+    ChooseInMenu("viewModeButton", QStringLiteral("Monthly"));
+    EXPECT_EQ(Find("tool2794")->accessibleName(), QStringLiteral("Find"));
+    PickDate(QDate(2026, 12, 5));
+    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("No coupons in this month"));
+  });
+}
+
 TEST_F(CouponPickerDialogTest, EditAndDeleteAreForCouponRows) {
   Coupons({{.id = 2, .name = "soap"}});
   Run([&] {

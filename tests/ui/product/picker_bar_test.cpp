@@ -44,5 +44,19 @@ TEST_F(PickerBarTest, KeysWorkWhileTheirCommandIsEnabled) {
   EXPECT_EQ(chosen_, (QList<int>{2791, 2792, 2794}));
 }
 
+TEST_F(PickerBarTest, AFindTextShowsOnItsButton) {
+  auto* button = bar_.findChild<QToolButton*>(QStringLiteral("tool2794"));
+  const auto picture = [&] { return button->icon().pixmap(22, 22).toImage(); };
+  const QImage plain = picture();
+  bar_.ShowFindText(QStringLiteral("soap %1"));
+  EXPECT_EQ(button->accessibleName(), QStringLiteral("Find: soap %1"));
+  EXPECT_EQ(button->toolTip(), QStringLiteral("Find: soap %1 (Ctrl+F)"));
+  EXPECT_NE(picture(), plain);
+  bar_.ShowFindText(QString());
+  EXPECT_EQ(button->accessibleName(), QStringLiteral("Find"));
+  EXPECT_EQ(button->toolTip(), QStringLiteral("Find (Ctrl+F)"));
+  EXPECT_EQ(picture(), plain);
+}
+
 }  // namespace
 }  // namespace brovanta
