@@ -8,6 +8,7 @@
 #include "ui/base/color_button.h"
 #include "ui/base/discount_words.h"
 #include "ui/base/message_box.h"
+#include "ui/base/tool_tip.h"
 #include "ui/base/wide_text.h"
 #include "ui/product/coupon_picker_dialog.h"
 #include "ui/product/discount_dialog.h"
@@ -15,7 +16,7 @@
 namespace brovanta {
 namespace {
 
-constexpr QSize kPictureSize{24, 24};
+constexpr QSize kPictureSize{28, 28};
 constexpr int kSearchPicture = 161;
 constexpr int kUnchanged = 0;
 constexpr int kSlots = static_cast<int>(kSlotCount);
@@ -74,6 +75,7 @@ CouponRow::CouponRow(const CouponButtons& buttons, const DiscountSlots& slots,
   connect(buttons_.search, &ColorButton::clicked, this, &CouponRow::Search);
   for (std::size_t slot = 0; slot < kSlotCount; ++slot) {
     SetUpButton(*buttons_.slots[slot]);
+    ShowToolTipOnFocus(buttons_.slots[slot]);
     connect(buttons_.slots[slot], &ColorButton::clicked, this, [this, slot] { PressSlot(slot); });
     DrawSlot(slot, slots_[slot]);
   }
@@ -106,8 +108,10 @@ void CouponRow::DrawSlot(std::size_t slot, const AppliedDiscount& discount) {
 // All of them: a discount that was edited may be linked more than once.
 void CouponRow::DescribeSlots() {
   for (std::size_t slot = 0; slot < kSlotCount; ++slot) {
-    buttons_.slots[slot]->setToolTip(
-        tr("Coupon %1: %2").arg(slot + 1).arg(Description(slots_[slot])));
+    const QString words =
+        tr("Coupon %1: ").arg(slot + 1) + Description(slots_[slot]);  // a name may hold a "%1"
+    buttons_.slots[slot]->setToolTip(ToolTipText(words));
+    buttons_.slots[slot]->setAccessibleName(words);
   }
 }
 

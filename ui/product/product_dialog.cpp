@@ -5,6 +5,7 @@
 #include "ui/base/color_button.h"
 #include "ui/base/date_field.h"
 #include "ui/base/input_panel.h"
+#include "ui/base/lined_frame.h"
 #include "ui/base/notes_field.h"
 #include "ui/base/wide_text.h"
 #include "ui/product/coupon_row.h"
@@ -90,6 +91,8 @@ void ProductDialog::SetUpInput() {
 }
 
 void ProductDialog::SetUpCoupons(const std::string& update_server) {
+  form_->slotsFrame->SetLines(LinedFrame::Lines::kAround);
+  form_->searchFrame->SetLines(LinedFrame::Lines::kAround);
   const CouponButtons buttons{
       .slots = {form_->couponSlotButton1, form_->couponSlotButton2, form_->couponSlotButton3,
                 form_->couponSlotButton4, form_->couponSlotButton5},

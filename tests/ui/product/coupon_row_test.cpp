@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QMenu>
 #include <QTest>
+#include <QToolTip>
 #include <QWidget>
 
 #include "tests/ui/product/discount_form.h"
@@ -95,6 +96,31 @@ TEST_F(CouponRowTest, AFilledSlotSaysWhichCouponItHoldsAndHowItCame) {
   EXPECT_EQ(Tip(2), "Coupon 3: Caf\u00E9 week, 20% off, until 11/22/2026, found by the search");
   EXPECT_EQ(Tip(3), "Coupon 4: empty");
   EXPECT_EQ(Tip(4), "Coupon 5: no longer in the database");
+}
+
+TEST_F(CouponRowTest, ANameThatLooksLikeMarkupOrAnArgumentIsSaidAsItStands) {
+  DiscountFields fields;
+  fields.name = "<b>%1</b>";
+  fields.type = 1;
+  fields.value_type = 2;
+  fields.value = 5.0;
+  Stored(9, 1, fields);
+  Make({{{9, 1, 1}}});
+  EXPECT_EQ(buttons_.slots[0]->accessibleName().toStdString(),
+            "Coupon 1: <b>%1</b>, 5.00 off, chosen by you");
+  EXPECT_TRUE(buttons_.slots[0]->toolTip().contains(QStringLiteral("&lt;b&gt;%1")));
+}
+
+TEST_F(CouponRowTest, TheTabKeyShowsWhatASlotHolds) {
+  Stored(9, 1, Full());
+  Make({{{9, 1, 2}}});
+  form_.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+  buttons_.search->setFocus();
+  buttons_.slots[0]->setFocus(Qt::TabFocusReason);
+  EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::isVisible(); }));
+  EXPECT_EQ(QToolTip::text(), buttons_.slots[0]->toolTip());
+  QToolTip::hideText();
 }
 
 TEST_F(CouponRowTest, ASlotOfAFeedTypeBelowOneIsEmpty) {
