@@ -293,12 +293,34 @@ TEST_F(DiscountDialogTest, FitsItsScreens) {
     Run(&record, mode, [&] {
       dialog_->resize(360, 640);
       QTest::qWait(0);
-      QWidget* last = Find(mode == kEditDiscountMode ? "viewButton" : "applyBox");
+      const bool edit = mode == kEditDiscountMode;
+      QWidget* last = Find(edit ? "viewButton" : "endDateEdit");
       // The whole form without scrolling.
-      EXPECT_LE(last->mapTo(dialog_, QPoint(0, last->height())).y(), Find("buttonRow")->y());
+      EXPECT_LE(last->mapTo(dialog_, QPoint(0, last->height())).y(),
+                Find(edit ? "buttonRow" : "applyBox")->y());
     });
   }
   Add([&] { test::SavePicture(dialog_, QStringLiteral("discount_new")); });
+}
+
+// OK without the tick clears a slot that the search filled, so the box must not have to be looked
+// for.
+TEST_F(DiscountDialogTest, TheCheckBoxIsInSightOnEveryScreenAndTab) {
+  const DiscountRecord record = Stored(7, 1, Full());
+  for (const QSize& size : test::ScreenSizes()) {
+    Run(&record, kApplyDiscountMode, [&] {
+      dialog_->resize(size);
+      auto* bar = Find<QTabBar>("tabBar");
+      for (const int tab : {0, 1}) {
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center());
+        QTest::qWait(0);
+        const QWidget* box = Find("applyBox");
+        EXPECT_FALSE(Find("scrollArea")->isAncestorOf(box));
+        EXPECT_EQ(box->visibleRegion().boundingRect(), box->rect());
+        EXPECT_LE(box->mapTo(dialog_, QPoint(0, box->height())).y(), Find("buttonRow")->y());
+      }
+    });
+  }
 }
 
 TEST_F(DiscountDialogTest, TheTabOrderFollowsTheEye) {
