@@ -12,6 +12,48 @@ using test::ReadFramedFile;
 
 QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
 
+void LookAtTheCouponForms(Robot& robot, MainDialog& main, QSize size) {
+  robot.TapTab(main, 1);
+  robot.SelectRow(main, Text("Dairy days"));
+  robot.Picture(main, Text("coupons"));
+  robot.During([&] { robot.TapCommand(main, 2772); },
+               [&](QWidget& dialog) {
+                 dialog.resize(size);
+                 robot.Picture(dialog, Text("coupon"));
+                 robot.TapTab(dialog, 1);
+                 robot.Picture(dialog, Text("coupon_notes"));
+                 robot.Tap(dialog, Text("Cancel"));
+               });
+  robot.TapTab(main, 0);
+}
+
+void LookAtTheCouponRow(Robot& robot, MainDialog& main, QSize size) {
+  robot.ChooseFromMenu(main, 1034, Text("Monthly"));
+  robot.SelectRow(main, Text("Coffee beans"));
+  robot.During([&] { robot.TapCommand(main, 2772); },
+               [&](QWidget& dialog) {
+                 dialog.resize(size);
+                 Settle();
+                 if (QWidget* slot = robot.Control(dialog, 1001)) slot->setFocus();
+                 robot.Picture(dialog, Text("coupon_row"));
+                 robot.During([&] { robot.Tap(dialog, 1002); },
+                              [&](QWidget& form) {
+                                form.resize(size);
+                                robot.Picture(form, Text("coupon_of_a_product"));
+                                robot.Tap(form, Text("Cancel"));
+                              });
+                 robot.During([&] { robot.ChooseFromMenu(dialog, 1003, Text("Select Coupon")); },
+                              [&](QWidget& picker) {
+                                picker.resize(size);
+                                Settle();
+                                robot.SelectRow(picker, Text("Milk rebate"));
+                                robot.Picture(picker, Text("picker"));
+                                robot.Tap(picker, Text("Cancel"));
+                              });
+                 robot.Tap(dialog, Text("Cancel"));
+               });
+}
+
 }  // namespace
 
 void LookAround(Robot& robot, Stage& stage, QSize size) {
@@ -42,6 +84,8 @@ void LookAround(Robot& robot, Stage& stage, QSize size) {
                    robot.Picture(dialog, Text("find"));
                    robot.Tap(dialog, Text("Cancel"));
                  });
+    LookAtTheCouponForms(robot, main, size);
+    LookAtTheCouponRow(robot, main, size);
     robot.Tap(main, 1003);
     robot.Picture(main, Text("calendar"));
     robot.Key(main, Qt::Key_Escape);

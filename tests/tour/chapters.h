@@ -13,6 +13,10 @@ void TypeTheListIn(Robot& robot, Stage& stage);
 /// A week later: overdue rows, filters, find, purchase, edit, delete, the other tabs, the calendar.
 void LiveWithTheList(Robot& robot, Stage& stage);
 
+/// Coupons: made, edited, picked, made on the spot, found, cleared, and one that is gone.
+/// Afterwards the files hold every coupon and link.
+void UseCoupons(Robot& robot, Stage& stage);
+
 /// Another start: everything is still there. Pictures of the screens at this size.
 void LookAround(Robot& robot, Stage& stage, QSize size);
 

@@ -65,6 +65,8 @@ class Robot {
   void Picture(QWidget& window, const QString& name);
   /// Takes a picture of the main screen with the "Tools" menu open over it.
   void PictureOfTools(QWidget& main, const QString& name);
+  /// Takes a picture of the window with the menu of a control open over it.
+  void PictureOfMenu(QWidget& window, int control_id, const QString& name);
 
   /// Notes a failure unless the condition holds.
   void Expect(bool condition, const QString& what);
@@ -77,6 +79,7 @@ class Robot {
   // Runs `trigger`, which opens a popup menu, and `act` on that menu, then closes it.
   bool WithMenu(const std::function<void()>& trigger, const std::function<void(QMenu&)>& act);
   bool TapItem(QMenu& menu, const QString& item);
+  void PictureWithMenu(QWidget& window, QWidget& opener, const QString& name);
   void SavePicture(const QPixmap& picture, const QString& name);
 
   QString picture_folder_;

@@ -99,21 +99,30 @@ void Robot::ChooseTool(QWidget& main, const QString& item) {
 void Robot::PictureOfTools(QWidget& main, const QString& name) {
   QAbstractButton* button = ToolsButton(main);
   Expect(button != nullptr, QStringLiteral("there is no Tools menu"));
-  if (button == nullptr) return;
-  WithMenu([&] { QTest::mouseClick(button, Qt::LeftButton); },
-           [&](QMenu& menu) {
-             const QRect screen(QPoint(0, 0), main.size());
-             const QRect popup(main.mapFromGlobal(menu.pos()), menu.size());
-             QPixmap picture(screen.united(popup).size() * main.devicePixelRatioF());
-             picture.setDevicePixelRatio(main.devicePixelRatioF());
-             picture.fill(Qt::gray);
-             QPainter painter(&picture);
-             painter.translate(-screen.united(popup).topLeft());
-             painter.drawPixmap(screen.topLeft(), main.grab());
-             painter.drawPixmap(popup.topLeft(), menu.grab());
-             painter.end();
-             SavePicture(picture, name);
-           });
+  if (button != nullptr) PictureWithMenu(main, *button, name);
+}
+
+void Robot::PictureOfMenu(QWidget& window, int control_id, const QString& name) {
+  if (QWidget* control = Control(window, control_id)) PictureWithMenu(window, *control, name);
+}
+
+void Robot::PictureWithMenu(QWidget& window, QWidget& opener, const QString& name) {
+  const bool opened =
+      WithMenu([&] { QTest::mouseClick(&opener, Qt::LeftButton); },
+               [&](QMenu& menu) {
+                 const QRect screen(QPoint(0, 0), window.size());
+                 const QRect popup(window.mapFromGlobal(menu.pos()), menu.size());
+                 QPixmap picture(screen.united(popup).size() * window.devicePixelRatioF());
+                 picture.setDevicePixelRatio(window.devicePixelRatioF());
+                 picture.fill(Qt::gray);
+                 QPainter painter(&picture);
+                 painter.translate(-screen.united(popup).topLeft());
+                 painter.drawPixmap(screen.topLeft(), window.grab());
+                 painter.drawPixmap(popup.topLeft(), menu.grab());
+                 painter.end();
+                 SavePicture(picture, name);
+               });
+  Expect(opened, opener.objectName() + QStringLiteral(" dropped no menu"));
 }
 
 }  // namespace brovanta::tour

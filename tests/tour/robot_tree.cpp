@@ -36,6 +36,8 @@ void Robot::TypeDate(QWidget& field, const QDate& date) {
   auto* edit = qobject_cast<QDateEdit*>(&field);
   Expect(edit != nullptr, field.objectName() + QStringLiteral(" is no date field"));
   if (edit == nullptr) return;
+  edit->window()->activateWindow();  // a window manager does so when a message has closed
+  Expect(QTest::qWaitForWindowActive(edit->window()), QStringLiteral("the window takes keys"));
   edit->setFocus(Qt::TabFocusReason);
   QTest::keyClicks(edit, date.toString(QStringLiteral("MMddyyyy")));
   Settle();

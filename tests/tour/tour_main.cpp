@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <clocale>
 #include <cstdio>
 
@@ -16,6 +17,11 @@ namespace {
 
 using brovanta::tour::Robot;
 using brovanta::tour::Stage;
+
+/// The screen of a handheld with fine pixels: the usual one would be too low at twice the scale.
+constexpr const char* kSharpScreen =
+    R"({"screens": [{"name": "handheld", "x": 0, "y": 0, "width": 720, "height": 1280,
+                     "logicalDpi": 96, "dpr": 1}]})";
 
 int Report(const Robot& robot, const QString& chapter) {
   std::printf("%-10s %3d pictures, %4d checks, %zu failures\n", qPrintable(chapter),
@@ -31,11 +37,13 @@ int PlayChapter(const QString& chapter, const QString& folder, const QString& pi
     brovanta::tour::TypeTheListIn(robot, stage);
   } else if (chapter == QStringLiteral("2_life")) {
     brovanta::tour::LiveWithTheList(robot, stage);
-  } else if (chapter == QStringLiteral("3_wide")) {
+  } else if (chapter == QStringLiteral("3_coupons")) {
+    brovanta::tour::UseCoupons(robot, stage);
+  } else if (chapter == QStringLiteral("4_wide")) {
     brovanta::tour::LookAround(robot, stage, QSize(640, 360));
-  } else if (chapter == QStringLiteral("4_small")) {
+  } else if (chapter == QStringLiteral("5_small")) {
     brovanta::tour::LookAround(robot, stage, QSize(320, 480));
-  } else if (chapter == QStringLiteral("5_double")) {
+  } else if (chapter == QStringLiteral("6_double")) {
     brovanta::tour::LookAround(robot, stage, QSize(360, 640));
   } else {
     brovanta::tour::EnterALongList(robot, stage, BROVANTA_REAL_PRODUCTS);
@@ -46,10 +54,18 @@ int PlayChapter(const QString& chapter, const QString& folder, const QString& pi
 // Runs one chapter as a process of its own: a real start, with its own scale.
 int StartChapter(const QString& chapter, const QString& folder, const QString& pictures) {
   QProcess process;
+  QTemporaryFile screens;
   process.setProcessChannelMode(QProcess::ForwardedChannels);
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  if (chapter == QStringLiteral("5_double")) {
+  if (chapter == QStringLiteral("6_double")) {
     environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+    if (screens.open() &&
+        environment.value(QStringLiteral("QT_QPA_PLATFORM")) == QStringLiteral("offscreen")) {
+      screens.write(kSharpScreen);
+      screens.close();
+      environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
+                         QStringLiteral("offscreen:configfile=") + screens.fileName());
+    }
   }
   process.setProcessEnvironment(environment);
   process.start(QCoreApplication::applicationFilePath(),
@@ -68,10 +84,10 @@ int PlayAll(const QString& pictures) {
   for (const QTemporaryDir* folder : {&household, &long_list}) {
     if (!brovanta::SeedNameLists(folder->path().toStdString())) return 2;
   }
-  for (const char* chapter : {"1_list", "2_life", "3_wide", "4_small", "5_double"}) {
+  for (const char* chapter : {"1_list", "2_life", "3_coupons", "4_wide", "5_small", "6_double"}) {
     result |= StartChapter(QString::fromLatin1(chapter), household.path(), pictures);
   }
-  result |= StartChapter(QStringLiteral("6_long"), long_list.path(), pictures);
+  result |= StartChapter(QStringLiteral("7_long"), long_list.path(), pictures);
   return result;
 }
 
