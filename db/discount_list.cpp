@@ -11,6 +11,7 @@
 #include "db/record_file.h"
 #include "db/shopping_database.h"
 #include "db/unit_of_work.h"
+#include "platform/file.h"
 #include "util/date_stamp.h"
 
 namespace brovanta {
@@ -69,6 +70,8 @@ int DiscountList::Load(const DiscountFilter* filter) {
   records_.Sort();
   return scan.code();
 }
+
+bool DiscountList::HasFile() const { return platform::FileExists(database_.paths().discount); }
 
 int DiscountList::ResolveNames(DiscountFields& fields) {
   return database_.ResolveNames(fields.store ? &*fields.store : nullptr,

@@ -72,6 +72,9 @@ class DiscountList {
   /// code of error_codes.h; the records read before an error stay in the list.
   [[nodiscard]] int Load(const DiscountFilter* filter);
 
+  /// False before the first discount: Load fails then as it does for a file that cannot be opened.
+  [[nodiscard]] bool HasFile() const;
+
   /// Writes a new discount; an id of 0 is replaced by the file's next, any other is kept. Resolves
   /// new names first (their ids stand in `fields` afterwards). The new record, or nothing.
   [[nodiscard]] std::optional<DiscountRecord> Add(std::int32_t id, std::int16_t source,

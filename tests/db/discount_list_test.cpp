@@ -95,11 +95,13 @@ TEST_F(DiscountListTest, AnErrorInTheMiddleKeepsTheRecordsBeforeItSorted) {
 
 TEST_F(DiscountListTest, AddMakesTheFileAndItsFirstIdIsTwo) {
   DiscountFields fields = GoldenFields();
+  EXPECT_FALSE(list_.HasFile());
   const auto added = list_.Add(0, 0, fields);
   ASSERT_TRUE(added);
   EXPECT_EQ(added->Id, 2);
   EXPECT_EQ(added->Stamp, kToday);
   EXPECT_EQ(File(), RawRecordFile(2, {StoredBytes(2, 0)}));
+  EXPECT_TRUE(list_.HasFile());
   EXPECT_EQ(Shown(), Ids{2});
   EXPECT_EQ(*list_.First(), *added);
 }

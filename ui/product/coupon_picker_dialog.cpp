@@ -2,7 +2,6 @@
 
 #include <QTimer>
 
-#include "platform/file.h"
 #include "ui/base/discount_tree.h"
 #include "ui/base/filter_menu.h"
 #include "ui/base/message_box.h"
@@ -92,7 +91,7 @@ int CouponPickerDialog::Fill() {
 
 // What the ground of an empty tree says.
 QString CouponPickerDialog::EmptyWords(int code) const {
-  if (code != 0 && platform::FileExists(database_.paths().discount)) {
+  if (code != 0 && database_.discounts().HasFile()) {
     return tr("The coupons could not be read");
   }
   const QString period = PeriodWords(period_->view_mode());
