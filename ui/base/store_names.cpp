@@ -9,7 +9,7 @@ QString StoreNames::Of(std::uint32_t id) {
   const auto known = names_.constFind(id);
   if (known != names_.constEnd()) return *known;
   const ListItem* item = stores_.Find(static_cast<std::int32_t>(id));
-  const QString name = item != nullptr ? WideText(item->Name.view()) : QString();
+  QString name = item != nullptr ? WideText(item->Name.view()) : QString();
   names_.insert(id, name);
   return name;
 }
