@@ -19,6 +19,7 @@ namespace {
 constexpr QSize kPictureSize{28, 28};
 constexpr int kSearchPicture = 161;
 constexpr int kUnchanged = 0;
+constexpr int kFirstPicture = 149;  // stays where a slot opens with a type that has none
 constexpr int kSlots = static_cast<int>(kSlotCount);
 
 bool Empty(const AppliedDiscount& discount) { return discount.Type < 1; }
@@ -76,6 +77,7 @@ CouponRow::CouponRow(const CouponButtons& buttons, const DiscountSlots& slots,
   for (std::size_t slot = 0; slot < kSlotCount; ++slot) {
     SetUpButton(*buttons_.slots[slot]);
     ShowToolTipOnFocus(buttons_.slots[slot]);
+    ShowPicture(*buttons_.slots[slot], kFirstPicture);
     connect(buttons_.slots[slot], &ColorButton::clicked, this, [this, slot] { PressSlot(slot); });
     DrawSlot(slot, slots_[slot]);
   }

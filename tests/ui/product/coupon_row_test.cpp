@@ -80,6 +80,32 @@ TEST_F(CouponRowTest, ATypeBetween6And100KeepsThePicture) {
   }
 }
 
+TEST_F(CouponRowTest, ASlotThatOpensWithSuchATypeLooksFilled) {
+  Make({{{9, 1, 6}, {9, 1, 100}}});
+  for (const std::size_t slot : {0, 1}) {
+    EXPECT_EQ(buttons_.slots[slot]->first_picture(), 149);
+    EXPECT_EQ(buttons_.slots[slot]->menu(), nullptr);
+  }
+  EXPECT_EQ(buttons_.slots[2]->first_picture(), 146);
+}
+
+TEST_F(CouponRowTest, TheButtonsAreWhiteAndNavy) {
+  std::vector<ColorButton*> buttons(buttons_.slots.begin(), buttons_.slots.end());
+  buttons.push_back(buttons_.search);
+  for (ColorButton* button : buttons) {
+    button->resize(44, 40);
+    const QImage image = button->grab().toImage();
+    EXPECT_EQ(image.pixelColor(6, 6), QColor(Qt::white));
+    int navy = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixelColor(x, y) == QColor(0, 0, 128)) ++navy;
+      }
+    }
+    EXPECT_GT(navy, 20);
+  }
+}
+
 TEST_F(CouponRowTest, AFilledSlotSaysWhichCouponItHoldsAndHowItCame) {
   DiscountFields fields = Full();
   fields.value = 20.0;
