@@ -1,6 +1,7 @@
 // The coupon picker: period, filters, rows, shortened texts and its looks.
 #include "ui/product/coupon_picker_dialog.h"
 
+#include <QComboBox>
 #include <QTest>
 
 #include "tests/support/form_check.h"
@@ -149,6 +150,30 @@ TEST_F(CouponPickerDialogTest, FindKeepsTheFilters) {
     EXPECT_EQ(Rows(), "[Unknown date]\nsoap@Corner");
     FindText(QStringLiteral("zzz"), "clearButton");
     EXPECT_EQ(Rows(), "[Unknown date]\nsoap@Corner\ntea@Corner");
+  });
+}
+
+TEST_F(CouponPickerDialogTest, FindStartsWithTheTextInForceAndKeepsBlanks) {
+  Coupons({{.id = 2, .name = "soap"}, {.id = 3, .name = "tea"}});
+  Run([&] {
+    FindText(QStringLiteral("soap"));
+    InNextDialog([&] {
+      EXPECT_EQ(Find<QComboBox>("findTextBox")->currentText(), QStringLiteral("soap"));
+      Press("cancelButton");
+    });
+    Tool(kPickerFind);
+    FindText(QStringLiteral("  "));
+    EXPECT_EQ(database_.discounts().filter().text, "  ");
+    EXPECT_EQ(Rows(), "[Unknown date]\nsoap\ntea");  // no words: everything has them
+  });
+}
+
+TEST_F(CouponPickerDialogTest, ClearWithoutATextStillFillsAnew) {
+  Coupons({{.id = 2, .name = "soap"}});
+  Run([&] {
+    Coupons({{.id = 3, .name = "tea"}});
+    FindText(QString(), "clearButton");
+    EXPECT_EQ(Rows(), "[Unknown date]\ntea");
   });
 }
 

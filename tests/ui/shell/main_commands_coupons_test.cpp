@@ -71,6 +71,34 @@ TEST_F(MainCommandsCouponsTest, CancelledDialogsChangeNothing) {
   EXPECT_THAT(StoredCoupons(), ElementsAre("Old"));
 }
 
+TEST_F(MainCommandsCouponsTest, EditOfACouponThatIsGoneDoesNothing) {
+  AddCoupon("Old", 0, 0);
+  Open();
+  ChooseTab(1);
+  Select("Old");
+  DiscountFilter other;
+  other.text = "bread";
+  ASSERT_EQ(screen().database()->discounts().Load(&other), 0);
+  const auto opened_one = WatchForDialog();
+  Tool(kToolEdit);
+  EXPECT_FALSE(*opened_one);
+  EXPECT_NE(tree().CaretInfo(), nullptr);
+}
+
+TEST_F(MainCommandsCouponsTest, FindLooksForAllWordsInTheName) {
+  AddCoupon("Oat milk week", 0, 0);
+  AddCoupon("Milk", 0, 0);
+  Open();
+  ChooseTab(1);
+  InNextDialog([](QWidget& dialog) {
+    QTest::keyClicks(dialog.findChild<QComboBox*>(QStringLiteral("findTextBox")),
+                     QStringLiteral("MILK oat"));
+    Click(dialog, "findButton");
+  });
+  Tool(kToolFind);
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Oat milk week"));
+}
+
 TEST_F(MainCommandsCouponsTest, ThePageOfACouponIsOnTheGivenServer) {
   const WebAddressHandler before = SetWebAddressHandler(&NoteAddress);
   opened.clear();
