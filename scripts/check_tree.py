@@ -20,7 +20,7 @@ LAYERS = {
     "server": ["util"],
     "ui/base": ["util", "db"],
     "ui/product": ["util", "db", "ui/base"],
-    "ui/shell": ["util", "platform", "db", "search", "ui/base", "ui/product"],
+    "ui/shell": ["util", "platform", "db", "search", "net/update", "ui/base", "ui/product"],
     "app": ["util", "platform", "db", "search", "ui/base", "ui/product", "ui/shell"],
 }
 CORE = ["util", "platform", "net/http", "db", "search", "net/update", "server"]

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kChevron = 14;
 constexpr int kUnderline = 3;
+constexpr int kProgressGroove = 12;
 
 bool IsEnabled(const QStyleOption& option) { return option.state.testFlag(QStyle::State_Enabled); }
 bool HasFocus(const QStyleOption& option) { return option.state.testFlag(QStyle::State_HasFocus); }
@@ -87,6 +88,17 @@ void PaintChevron(QPainter& painter, const QRect& room, bool enabled) {
   place.moveCenter(room.center());
   NamedIcon(QStringLiteral("chevron_down"), enabled ? theme::kNavy : theme::kDisabledText)
       .paint(&painter, place);
+}
+
+/// A rounded groove with the finished part in navy.
+void PaintProgressBar(QPainter& painter, const QStyleOptionProgressBar& bar) {
+  QRect groove(0, 0, bar.rect.width(), kProgressGroove);
+  groove.moveCenter(bar.rect.center());
+  PaintBox(painter, groove, theme::kBar, false, theme::kFieldLine);
+  const int range = bar.maximum - bar.minimum;
+  if (range <= 0 || bar.progress <= bar.minimum) return;
+  groove.setWidth(static_cast<int>(qint64{groove.width()} * (bar.progress - bar.minimum) / range));
+  PaintBox(painter, groove, theme::kNavy, false, theme::kNavy);
 }
 
 void PaintTab(QPainter& painter, const QStyleOption& option) {
@@ -172,6 +184,11 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
       }
       PaintField(*painter, *option);
       return;
+    case CE_ProgressBar: {
+      const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
+      if (bar != nullptr) PaintProgressBar(*painter, *bar);
+      return;
+    }
     case CE_TabBarTabShape:
       PaintTab(*painter, *option);
       return;

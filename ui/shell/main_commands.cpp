@@ -10,6 +10,7 @@
 #include "ui/product/product_dialog.h"
 #include "ui/shell/command_bar.h"
 #include "ui/shell/options_dialog.h"
+#include "ui/shell/update_dialog.h"
 
 namespace brovanta {
 namespace {
@@ -39,6 +40,8 @@ void MainCommands::Run(int command) {
     case kMenuFind:
     case kToolFind:
       return Find();
+    case kMenuUpdate:
+      return Update();
     case kMenuOptions:
       return Options();
     default:
@@ -175,6 +178,22 @@ void MainCommands::Find() {
   if (dialog.exec() != ModalDialog::kCompleted) return;
   state_.filter.find_text = dialog.find_text();
   refresh_(false);
+}
+
+void MainCommands::Update() {
+  UpdateJob job;
+  job.server.address = state_.update_server;
+  job.server.user = UserIdentifier(state_.options.country(), state_.options.zip_code());
+  job.configuration_path = state_.searches->configuration_path();
+  UpdateDialog dialog(*state_.database, std::move(job), &window_);
+  update_ = &dialog;
+  const int result = dialog.exec();
+  update_ = nullptr;
+  if (result == ModalDialog::kCompleted) refresh_(false);
+}
+
+void MainCommands::EndUpdate() {
+  if (update_ != nullptr) update_->done(ModalDialog::kCancelled);
 }
 
 void MainCommands::Options() {

@@ -12,6 +12,7 @@ class QWidget;
 namespace brovanta {
 
 class RecordTree;
+class UpdateDialog;
 
 /// Runs commands on the list that is shown and the tree's selected record. A command that changed
 /// something ends with a refresh, which resets the filters or keeps them.
@@ -25,12 +26,16 @@ class MainCommands {
   /// Runs a command by its number in the menu or the tool bar; an unknown number does nothing.
   void Run(int command);
 
+  /// The window closes: an update that is still open ends, and lets go of the database.
+  void EndUpdate();
+
  private:
   void Add();
   void Edit();
   void Delete();
   void Purchase();
   void Find();
+  void Update();
   void Options();
 
   // Each runs a dialog and returns its result, the cancelled one where there is no such dialog.
@@ -50,6 +55,7 @@ class MainCommands {
   RecordTree& tree_;
   MainState& state_;
   Refresh refresh_;
+  UpdateDialog* update_ = nullptr;  // while it is open
 };
 
 }  // namespace brovanta

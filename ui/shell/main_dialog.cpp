@@ -253,6 +253,7 @@ void MainDialog::PlaceHeading(bool between_the_buttons) {
 
 void MainDialog::DestroyWindow() {
   if (day_watch_ != nullptr) day_watch_->Stop();
+  if (commands_) commands_->EndUpdate();
   state_.database.reset();
   state_.searches.reset();
 }

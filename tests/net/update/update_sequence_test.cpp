@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "platform/file.h"
-#include "tests/net/update/update_fixture.h"
 #include "tests/support/loopback_server.h"
+#include "tests/support/update_fixture.h"
 
 namespace brovanta::test {
 namespace {

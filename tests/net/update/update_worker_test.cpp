@@ -7,14 +7,14 @@
 #include <condition_variable>
 #include <fstream>
 #include <future>
-#include <latch>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
 
-#include "tests/net/update/update_fixture.h"
 #include "tests/support/loopback_server.h"
+#include "tests/support/stuck_download.h"
+#include "tests/support/update_fixture.h"
 
 namespace brovanta::test {
 namespace {
@@ -76,25 +76,6 @@ UpdateView View(const char* text, bool ok, bool cancel, int steps) {
   view.steps_finished = steps;
   return view;
 }
-
-// A download that waits until it is let go, whatever the flag says.
-class StuckDownload {
- public:
-  [[nodiscard]] UpdateJob::Download download(UpdateJob::Download inner = {}) {
-    return [this, inner = std::move(inner)](const std::string& url, const std::string& path,
-                                            const std::atomic<std::int32_t>& flag) {
-      started_.count_down();
-      released_.wait();
-      return inner ? inner(url, path, flag) : HTTP_ERR_CANCELLED;
-    };
-  }
-  void AwaitStart() const { started_.wait(); }
-  void Release() { released_.count_down(); }
-
- private:
-  std::latch started_{1};
-  std::latch released_{1};
-};
 
 class UpdateWorkerTest : public UpdateFixture {
  protected:

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabBar>
@@ -50,6 +51,20 @@ TEST(ProgramStylePaintingTest, ButtonsShowFocusAndPress) {
   EXPECT_EQ(button.grab().toImage().pixelColor(50, 1), theme::kNavy);
   button.setDown(true);
   EXPECT_EQ(button.grab().toImage().pixelColor(50, 6), theme::kSelection);
+}
+
+TEST(ProgramStylePaintingTest, ProgressFillsItsPartOfTheBarInNavy) {
+  QProgressBar bar;
+  bar.setTextVisible(false);
+  bar.setRange(0, 4);
+  bar.resize(400, 20);
+  bar.setValue(0);
+  EXPECT_EQ(PixelAt(bar, 20, 10), theme::kBar);
+  bar.setValue(1);
+  EXPECT_EQ(PixelAt(bar, 50, 10), theme::kNavy);
+  EXPECT_EQ(PixelAt(bar, 110, 10), theme::kBar);
+  bar.setValue(4);
+  EXPECT_EQ(PixelAt(bar, 390, 10), theme::kNavy);
 }
 
 TEST(ProgramStylePaintingTest, TheSelectedTabIsUnderlinedInNavy) {

@@ -1,0 +1,91 @@
+#include "ui/shell/update_dialog.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+#include "ui/base/icons.h"
+#include "ui/base/theme.h"
+#include "ui/base/wide_text.h"
+#include "ui_145_update.h"
+
+namespace brovanta {
+namespace {
+
+constexpr int kPicture = 156;
+constexpr QSize kPictureSize{32, 32};
+constexpr int kWindowWidth = 360;
+
+}  // namespace
+
+UpdateDialog::UpdateDialog(ShoppingDatabase& database, UpdateJob job, QWidget* parent)
+    : ModalDialog(parent), form_(std::make_unique<Ui::UpdateForm>()) {
+  form_->setupUi(this);
+  ShowPicture(NumberedIcon(kPicture));
+  form_->progressBar->setRange(0, kUpdateSteps);
+  form_->okButton->setEnabled(false);
+  form_->cancelButton->setEnabled(false);
+  connect(form_->okButton, &QPushButton::clicked, this, [this] { done(kCancelled); });
+  connect(form_->cancelButton, &QPushButton::clicked, this, &UpdateDialog::Cancel);
+  close_timer_.setSingleShot(true);
+  close_timer_.setInterval(kUpdateCloseDelay);
+  close_timer_.callOnTimeout(
+      this, [this] { done(worker_->view().result == 0 ? kCompleted : kCancelled); });
+  // Queued: the update's thread must never wait for the screen.
+  worker_ =
+      std::make_unique<UpdateWorker>(database, std::move(job), [this](const UpdateView& view) {
+        QMetaObject::invokeMethod(
+            this, [this, view] { Show(view); }, Qt::QueuedConnection);
+      });
+  resize(kWindowWidth, minimumSizeHint().height());
+}
+
+UpdateDialog::~UpdateDialog() {
+  close_timer_.stop();
+  worker_->Leave();
+}
+
+void UpdateDialog::showEvent(QShowEvent* event) {
+  ModalDialog::showEvent(event);
+  if (std::exchange(started_, true)) return;
+  worker_->Start();
+  ShowWhatIsQueued();
+}
+
+void UpdateDialog::reject() {
+  if (form_->cancelButton->isEnabled()) Cancel();
+}
+
+void UpdateDialog::done(int result) {
+  closed_ = true;
+  close_timer_.stop();
+  worker_result_ = worker_->Leave();
+  ModalDialog::done(result);
+}
+
+void UpdateDialog::Cancel() {
+  worker_->Cancel();
+  ShowWhatIsQueued();
+}
+
+void UpdateDialog::ShowPicture(const QIcon& picture) {
+  form_->iconLabel->setPixmap(picture.pixmap(kPictureSize, devicePixelRatioF()));
+}
+
+void UpdateDialog::ShowWhatIsQueued() {
+  QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+}
+
+void UpdateDialog::Show(const UpdateView& view) {
+  if (closed_) return;
+  form_->statusLabel->setText(WideText(view.text));
+  form_->progressBar->setValue(view.steps_finished);
+  form_->okButton->setEnabled(view.ok_enabled);
+  form_->cancelButton->setEnabled(view.cancel_enabled);
+  if (view.ok_enabled) {
+    ShowPicture(NamedIcon(QStringLiteral("warning"), theme::kWarm));
+    form_->okButton->setFocus();
+  }
+  if (view.closes) close_timer_.start();
+}
+
+}  // namespace brovanta
