@@ -41,7 +41,8 @@ class MainDialog : public QDialog {
   /// and find filters and afterwards rebuilds the filter menus. The query's result, 0 = success.
   int RefreshList(bool reset_filters);
 
-  /// Scheme and host of the update server, on which coupons have their pages.
+  /// Scheme and host of the update server, which "Update" asks and on which coupons have their
+  /// pages.
   void SetUpdateServer(const std::string& address) { state_.update_server = address; }
 
   /// nullptr once the window has been closed.

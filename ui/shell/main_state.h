@@ -19,7 +19,8 @@ struct MainState {
   std::unique_ptr<SearchManager> searches;     ///< likewise
   RecordFilter filter;
   int list_id = kProductsList;
-  std::string update_server = "http://localhost:8427";  ///< serves the coupons' pages
+  /// Asked by "Update", has the coupons' pages.
+  std::string update_server = "http://localhost:8427";
 };
 
 }  // namespace brovanta

@@ -37,8 +37,8 @@ class MainCommandsUpdateTest : public MainScreenTest {
           page.resize(std::min(page.size(), page.find('?')));
           if (page == held_) {
             peer.WaitUntilClosed();
-          } else {
-            peer.Send(HttpReply("200 OK", answers_[page]));
+          } else if (const auto answer = answers_.find(page); answer != answers_.end()) {
+            peer.Send(HttpReply("200 OK", answer->second));
           }
         });
     Open();
