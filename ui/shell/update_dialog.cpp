@@ -27,6 +27,7 @@ UpdateDialog::UpdateDialog(ShoppingDatabase& database, UpdateJob job, QWidget* p
   connect(form_->okButton, &QPushButton::clicked, this, [this] { done(kCancelled); });
   connect(form_->cancelButton, &QPushButton::clicked, this, &UpdateDialog::Cancel);
   close_timer_.setSingleShot(true);
+  close_timer_.setTimerType(Qt::PreciseTimer);
   close_timer_.setInterval(kUpdateCloseDelay);
   close_timer_.callOnTimeout(
       this, [this] { done(worker_->view().result == 0 ? kCompleted : kCancelled); });
