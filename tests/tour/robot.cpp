@@ -141,12 +141,16 @@ void Robot::Choose(QWidget& widget, const QString& item) {
   Settle();
 }
 
-void Robot::SavePicture(const QPixmap& picture, const QString& name) {
+QString Robot::PictureFile(const QString& name) {
   ++pictures_;
-  const QString file = QStringLiteral("%1/%2_%3_%4.png")
-                           .arg(picture_folder_, picture_prefix_)
-                           .arg(pictures_, 2, 10, QLatin1Char('0'))
-                           .arg(name);
+  return QStringLiteral("%1/%2_%3_%4.png")
+      .arg(picture_folder_, picture_prefix_)
+      .arg(pictures_, 2, 10, QLatin1Char('0'))
+      .arg(name);
+}
+
+void Robot::SavePicture(const QPixmap& picture, const QString& name) {
+  const QString file = PictureFile(name);
   Expect(picture.save(file), QStringLiteral("cannot write ") + file);
 }
 

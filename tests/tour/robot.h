@@ -68,6 +68,9 @@ class Robot {
   /// Takes a picture of the window with the menu of a control open over it.
   void PictureOfMenu(QWidget& window, int control_id, const QString& name);
 
+  /// The file for a picture that somebody else takes.
+  [[nodiscard]] QString PictureFile(const QString& name);
+
   /// Notes a failure unless the condition holds.
   void Expect(bool condition, const QString& what);
 

@@ -45,6 +45,8 @@ int PlayChapter(const QString& chapter, const QString& folder, const QString& pi
     brovanta::tour::LookAround(robot, stage, QSize(320, 480));
   } else if (chapter == QStringLiteral("6_double")) {
     brovanta::tour::LookAround(robot, stage, QSize(360, 640));
+  } else if (chapter == QStringLiteral("8_update")) {
+    brovanta::tour::BringUpToDate(robot, stage);
   } else {
     brovanta::tour::EnterALongList(robot, stage, BROVANTA_REAL_PRODUCTS);
   }
@@ -79,15 +81,17 @@ int PlayAll(const QString& pictures) {
   QDir().mkpath(pictures);
   QTemporaryDir household;
   QTemporaryDir long_list;
-  if (!household.isValid() || !long_list.isValid()) return 2;
+  QTemporaryDir updated;
+  if (!household.isValid() || !long_list.isValid() || !updated.isValid()) return 2;
   int result = 0;
-  for (const QTemporaryDir* folder : {&household, &long_list}) {
+  for (const QTemporaryDir* folder : {&household, &long_list, &updated}) {
     if (!brovanta::SeedNameLists(folder->path().toStdString())) return 2;
   }
   for (const char* chapter : {"1_list", "2_life", "3_coupons", "4_wide", "5_small", "6_double"}) {
     result |= StartChapter(QString::fromLatin1(chapter), household.path(), pictures);
   }
   result |= StartChapter(QStringLiteral("7_long"), long_list.path(), pictures);
+  result |= StartChapter(QStringLiteral("8_update"), updated.path(), pictures);
   return result;
 }
 
