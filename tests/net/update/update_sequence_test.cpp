@@ -293,6 +293,33 @@ TEST_F(UpdateSequenceTest, WithoutAnotherDownloadItAsksTheServerItself) {
               testing::StartsWith("GET /coupons.aspx?idx=0&edx=0&user=user HTTP/1.1\r\n"));
 }
 
+TEST_F(UpdateSequenceTest, FeedBeyondTheLimitGoesOnWithTheNextUpdate) {
+  std::string feed;
+  for (int id = 1; id <= 4'100; ++id) {
+    std::string coupon =
+        "<CP><ID>" + std::to_string(id) + "</ID><SR>1</SR><SI>7</SI><CI>3</CI><NM>";
+    const std::string end = "</NM></CP>";
+    coupon += std::string(160 - coupon.size() - end.size(), 'n');
+    feed += coupon + end;
+  }
+  const LoopbackServer server(Serving({
+      {"/webspider.xml", HttpReply("200 OK", answers_["/webspider.xml"])},
+      {"/stores.aspx", HttpReply("200 OK", "")},
+      {"/categories.aspx", HttpReply("200 OK", "")},
+      {"/coupons.aspx?idx=0&edx=0&user=user", HttpReply("200 OK", feed)},
+      {"/coupons.aspx?idx=3993&edx=0&user=user", HttpReply("200 OK", feed.substr(3'993 * 160))},
+  }));
+  UpdateJob job = Job();
+  job.server.address = server.Url();
+  job.download = UpdateJob::DownloadFromServer;
+  ASSERT_EQ(RunUpdate(job, host_), 0);
+  // 638,976 bytes arrive: 3,993 whole coupons and the beginning of another.
+  EXPECT_EQ(database_.discounts().MaxIds().source_1, 3'993);
+  ASSERT_EQ(RunUpdate(job, host_), 0);
+  EXPECT_EQ(database_.discounts().MaxIds().source_1, 4'100);
+  EXPECT_EQ(Text("discount.dat").size(), 12U + 4'100 * 404) << "each of them once";
+}
+
 TEST_F(UpdateSequenceTest, RefusalByTheServerEndsItWithTheLineOfTheStep) {
   const LoopbackServer server(Serving({
       {"/webspider.xml", HttpReply("200 OK", answers_["/webspider.xml"])},
