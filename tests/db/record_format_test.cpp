@@ -3,99 +3,23 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <ostream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "db/name_list.h"
 #include "db/record_file.h"
 #include "db/records.h"
+#include "tests/support/format_page.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta {
 namespace {
 
 using test::Bytes;
-
-struct Row {
-  std::string field;
-  std::size_t offset = 0;
-  std::size_t width = 0;
-  std::string type;
-
-  friend bool operator==(const Row&, const Row&) = default;
-  friend std::ostream& operator<<(std::ostream& out, const Row& row) {
-    return out << row.field << " " << row.offset << " " << row.width << " " << row.type;
-  }
-};
-using Rows = std::vector<Row>;
-
-std::vector<std::string> Lines(const std::string& page) {
-  std::ifstream in(std::string(BROVANTA_SOURCE_FOLDER) + "/docs/formats/" + page);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
-}
-
-std::string Trimmed(std::string text) {
-  for (const char drop : {' ', '`'}) {
-    while (!text.empty() && text.front() == drop) text.erase(0, 1);
-    while (!text.empty() && text.back() == drop) text.pop_back();
-  }
-  return text;
-}
-
-// The rows below the heading that start with a field and an offset.
-Rows TableOf(const std::string& page, const std::string& heading) {
-  Rows rows;
-  bool inside = false;
-  for (const std::string& line : Lines(page)) {
-    if (line.starts_with("#")) inside = line == "## " + heading;
-    if (!inside || !line.starts_with("| ")) continue;
-    std::istringstream cells(line.substr(1));
-    std::vector<std::string> texts;
-    for (std::string cell; std::getline(cells, cell, '|');) texts.push_back(Trimmed(cell));
-    if (texts.size() < 4 || texts[0] == "Field") continue;
-    rows.push_back({texts[0], std::stoul(texts[1]), std::stoul(texts[2]), texts[3]});
-  }
-  return rows;
-}
-
-// Every byte is described once.
-void ExpectWithoutGap(const Rows& rows, std::size_t size) {
-  std::size_t next = 0;
-  for (const Row& row : rows) {
-    EXPECT_EQ(row.offset, next) << row.field;
-    next = row.offset + row.width;
-  }
-  EXPECT_EQ(next, size);
-}
-
-// The bytes of the page's example; the offsets at the lines' starts must fit.
-Bytes ExampleOf(const std::string& page) {
-  Bytes bytes;
-  bool inside = false;
-  for (const std::string& line : Lines(page)) {
-    if (line.starts_with("```")) {
-      inside = !inside;
-      continue;
-    }
-    if (!inside) continue;
-    std::istringstream words(line.substr(0, line.find(';')));
-    std::string word;
-    words >> word;
-    EXPECT_EQ(std::stoul(word, nullptr, 16), bytes.size()) << line;
-    while (words >> word) {
-      const std::size_t times = word.find('*');
-      const std::size_t count = times == std::string::npos ? 1 : std::stoul(word.substr(times + 1));
-      bytes.insert(bytes.end(), count,
-                   static_cast<std::byte>(std::stoul(word.substr(0, 2), nullptr, 16)));
-    }
-  }
-  return bytes;
-}
+using test::ExampleOf;
+using test::ExpectWithoutGap;
+using test::Rows;
+using test::TableOf;
 
 const Rows kRecordFileFrame = {{"FILE_MAGIC", 0, kWordSize, "uint32"},
                                {"LastId", kLastIdOffset, kWordSize, "int32"},
