@@ -1,0 +1,299 @@
+#include "search/page_scraper.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/search/agents.h"
+
+namespace brovanta {
+namespace {
+
+using test::Block;
+using test::PlainAgent;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using std::string_literals::operator""s;
+
+std::vector<SearchResultItem> AllItems(std::string_view page, const WebAgent& agent) {
+  std::vector<SearchResultItem> items;
+  PageScraper scraper(page, agent);
+  for (auto item = scraper.FirstItem(); item; item = scraper.NextItem()) items.push_back(*item);
+  return items;
+}
+
+std::vector<std::string> Titles(std::string_view page, const WebAgent& agent) {
+  std::vector<std::string> titles;
+  for (const SearchResultItem& item : AllItems(page, agent)) titles.push_back(*item.Title);
+  return titles;
+}
+
+PageEnd EndOf(std::string_view page, const WebAgent& agent) {
+  PageScraper scraper(page, agent);
+  for (auto item = scraper.FirstItem(); item; item = scraper.NextItem()) {
+  }
+  return scraper.end();
+}
+
+TEST(PageScraperTest, ItemHasAllFields) {
+  const auto items = AllItems(
+      "<i><t> Red <b>Shoe</b></t><x>Size&nbsp;9</x><u>/p/12</u><p>$19.95</p></i>", PlainAgent(7));
+  ASSERT_EQ(items.size(), 1U);
+  EXPECT_EQ(items[0], (SearchResultItem{0, "Red Shoe", "Size 9", "http://shop.example/p/12",
+                                        "Shop 7", 19.95, 0}));
+}
+
+TEST(PageScraperTest, BlocksComeInTheOrderOfThePage) {
+  EXPECT_THAT(Titles("x" + Block("A", "/a", "2") + "y" + Block("B", "/b", "1"), PlainAgent()),
+              ElementsAre("A", "B"));
+}
+
+TEST(PageScraperTest, PageWithoutTheHeaderMarkerYieldsNothing) {
+  WebAgent agent = PlainAgent();
+  agent.EndHeader = "<hr>";
+  EXPECT_THAT(Titles(Block("A", "/a", "2"), agent), IsEmpty());
+  EXPECT_EQ(EndOf(Block("A", "/a", "2"), agent), PageEnd::kNoHeader);
+}
+
+TEST(PageScraperTest, HeaderIsSkippedUpToItsMarker) {
+  WebAgent agent = PlainAgent();
+  agent.EndHeader = "<hr>";
+  EXPECT_THAT(Titles(Block("A", "/a", "2") + "<hr>" + Block("B", "/b", "1"), agent),
+              ElementsAre("B"));
+}
+
+TEST(PageScraperTest, HeaderMarkerHasNoWildcards) {
+  WebAgent agent = PlainAgent();
+  agent.EndHeader = "<h*>";
+  EXPECT_THAT(Titles("<hr>" + Block("A", "/a", "2"), agent), IsEmpty());
+  EXPECT_THAT(Titles("<h*>" + Block("A", "/a", "2"), agent), ElementsAre("A"));
+}
+
+TEST(PageScraperTest, AgentWithoutHeaderMarkerStartsAtThePagesBeginning) {
+  EXPECT_THAT(Titles(Block("A", "/a", "2"), PlainAgent()), ElementsAre("A"));
+  WebAgent agent = PlainAgent();
+  agent.EndHeader = "";
+  EXPECT_THAT(Titles(Block("A", "/a", "2"), agent), ElementsAre("A"));
+}
+
+TEST(PageScraperTest, WildcardOfTheBlockMarkerSwallowsTheAttributes) {
+  WebAgent agent = PlainAgent();
+  agent.StartResult = "<tr*>";
+  agent.EndResult = "</tr>";
+  agent.StartItem = ">";
+  agent.EndItem = "<u>";
+  EXPECT_THAT(Titles("<table><tr class=\"odd\">Soap<u>/1</u></tr><tr>Milk<u>/2</u></tr>", agent),
+              ElementsAre("Soap", "Milk"));
+}
+
+// The end is looked for from the start of the block's first marker, not from behind it.
+TEST(PageScraperTest, MarkersOfABlockMayOverlap) {
+  WebAgent agent = PlainAgent();
+  agent.StartResult = "<i><t>";
+  agent.EndResult = "<t>A</t><u>/a</u>";
+  EXPECT_THAT(Titles("<i><t>A</t><u>/a</u><i><t>A</t><u>/a</u>", agent), ElementsAre("A", "A"));
+}
+
+TEST(PageScraperTest, EqualMarkersGiveTheMarkerAsBlock) {
+  WebAgent agent = PlainAgent();
+  agent.StartResult = agent.EndResult = "<t>A</t><u>/a</u>";
+  EXPECT_THAT(Titles("<t>A</t><u>/a</u>  <t>A</t><u>/a</u>", agent), ElementsAre("A", "A"));
+}
+
+// What the wildcards of EndResult swallow is not part of the block.
+TEST(PageScraperTest, BlockEndsByTheEndMarkersWrittenLength) {
+  WebAgent agent = PlainAgent();
+  agent.EndResult = "<e*>";  // four bytes: "<e c" of "<e class=x>"
+  agent.StartItem = "<i>";
+  agent.EndItem = "<u>";
+  agent.StartURL = "<u>";
+  agent.EndURL = "<e c";
+  EXPECT_THAT(Titles("<i>A<u>/a<e class=x><i>B<u>/b<e class=x>", agent), ElementsAre("A", "B"));
+  agent.EndURL = "<e cl";
+  EXPECT_EQ(EndOf("<i>A<u>/a<e class=x>", agent), PageEnd::kNoUrl);
+}
+
+TEST(PageScraperTest, BlockDoesNotRunPastThePagesEnd) {
+  WebAgent agent = PlainAgent();
+  agent.EndResult = "</i*>";  // five bytes as written, four in the page
+  EXPECT_THAT(Titles(Block("A", "/a", "2"), agent), ElementsAre("A"));
+  EXPECT_THAT(Titles(Block("A", "/a", "2") + Block("B", "/b", "2"), agent), ElementsAre("A"));
+}
+
+TEST(PageScraperTest, BlockOfOneByteOrNoneEndsThePage) {
+  WebAgent agent = PlainAgent();
+  agent.EndResult = "<";
+  EXPECT_EQ(EndOf(Block("A", "/a", "2"), agent), PageEnd::kShortBlock);
+  agent.EndResult = "";
+  EXPECT_EQ(EndOf(Block("A", "/a", "2"), agent), PageEnd::kShortBlock);
+}
+
+TEST(PageScraperTest, MissingBlockMarkerEndsThePage) {
+  EXPECT_EQ(EndOf(Block("A", "/a", "2"), PlainAgent()), PageEnd::kNoStart);
+  EXPECT_EQ(EndOf(Block("A", "/a", "2") + "<i><t>B</t>", PlainAgent()), PageEnd::kNoEnd);
+  EXPECT_EQ(EndOf("", PlainAgent()), PageEnd::kNoStart);
+}
+
+TEST(PageScraperTest, BlockWithEmptyTitleEndsThePage) {
+  const std::string page = Block("A", "/a", "2") + Block("", "/b", "2") + Block("C", "/c", "2");
+  EXPECT_THAT(Titles(page, PlainAgent()), ElementsAre("A"));
+  EXPECT_EQ(EndOf(page, PlainAgent()), PageEnd::kNoTitle);
+}
+
+TEST(PageScraperTest, BlockWithoutLinkEndsThePage) {
+  const std::string page = Block("A", "/a", "2") + "<i><t>B</t></i>" + Block("C", "/c", "2");
+  EXPECT_THAT(Titles(page, PlainAgent()), ElementsAre("A"));
+  EXPECT_EQ(EndOf(page, PlainAgent()), PageEnd::kNoUrl);
+}
+
+TEST(PageScraperTest, AfterTheEndNothingComes) {
+  const std::string page = "<i></i>" + Block("A", "/a", "2");
+  const WebAgent agent = PlainAgent();
+  PageScraper scraper(page, agent);
+  EXPECT_EQ(scraper.FirstItem(), std::nullopt);
+  EXPECT_EQ(scraper.NextItem(), std::nullopt);
+}
+
+// The cut is what counts: a title of tags only is there, and empty when it is cleaned.
+TEST(PageScraperTest, TitleThatIsEmptyOnceCleanedIsATitle) {
+  EXPECT_THAT(Titles(Block("<b></b>", "/a", "2"), PlainAgent()), ElementsAre(""));
+}
+
+TEST(PageScraperTest, DescriptionMayBeMissing) {
+  const auto items = AllItems(Block("A", "/a", "2"), PlainAgent());
+  ASSERT_EQ(items.size(), 1U);
+  EXPECT_EQ(items[0].Text, std::nullopt);
+  WebAgent agent = PlainAgent();
+  agent.EndText.reset();
+  EXPECT_EQ(AllItems("<i><t>A</t><x>a</x><u>/a</u></i>", agent)[0].Text, std::nullopt);
+}
+
+double PriceIn(const std::string& fields, const WebAgent& agent = PlainAgent()) {
+  const auto items = AllItems("<i><t>A</t><u>/a</u>" + fields + "</i>", agent);
+  return items.size() == 1 ? items[0].Price : -1.0;
+}
+
+TEST(PageScraperTest, PromotionWinsOverThePrice) {
+  EXPECT_EQ(PriceIn("<p>19.95</p><o>14.95</o>"), 14.95);
+  EXPECT_EQ(PriceIn("<o>24.95</o><p>19.95</p>"), 24.95);
+}
+
+TEST(PageScraperTest, PromotionOfNothingGivesWayToThePrice) {
+  EXPECT_EQ(PriceIn("<p>19.95</p><o>0.00</o>"), 19.95);
+  EXPECT_EQ(PriceIn("<p>19.95</p><o>now!</o>"), 19.95);
+  EXPECT_EQ(PriceIn("<p>19.95</p><o></o>"), 19.95);
+}
+
+TEST(PageScraperTest, ItemWithoutReadablePriceCostsNothing) {
+  EXPECT_EQ(PriceIn(""), 0.0);
+  EXPECT_EQ(PriceIn("<p>ask us</p>"), 0.0);
+}
+
+TEST(PageScraperTest, PriceNeedsBothOfItsMarkers) {
+  WebAgent agent = PlainAgent();
+  agent.EndPromo.reset();
+  EXPECT_EQ(PriceIn("<p>19.95</p><o>14.95</o>", agent), 19.95);
+  agent.StartPrice.reset();
+  EXPECT_EQ(PriceIn("<p>19.95</p><o>14.95</o>", agent), 0.0);
+}
+
+TEST(PageScraperTest, LinksAreCleanedAndCompleted) {
+  const auto link = [](const std::string& cut) {
+    return *AllItems(Block("A", cut, "1"), PlainAgent()).at(0).Url;
+  };
+  EXPECT_EQ(link("/p/12"), "http://shop.example/p/12");
+  EXPECT_EQ(link(" www.a.example/?x=1&amp;y=2"), "http://www.a.example/?x=1&y=2");
+  EXPECT_EQ(link("https://a.example"), "http://shop.examplehttps://a.example");
+}
+
+TEST(PageScraperTest, PageEndsAtItsFirstZero) {
+  EXPECT_THAT(Titles(Block("A", "/a", "2") + "\0"s + Block("B", "/b", "2"), PlainAgent()),
+              ElementsAre("A"));
+  EXPECT_THAT(Titles("\0"s + Block("B", "/b", "2"), PlainAgent()), IsEmpty());
+}
+
+TEST(PageScraperTest, PageCutAnywhereGivesTheWholeBlocksInFrontOfTheCut) {
+  const std::string block = Block("Soap", "/s", "2.50");
+  const std::string page = block + block + block;
+  for (std::size_t length = 0; length <= page.size(); ++length) {
+    // On the heap and no longer than that, so that a look beyond it is noticed.
+    const std::vector<char> cut(page.begin(), page.begin() + static_cast<std::ptrdiff_t>(length));
+    EXPECT_EQ(AllItems({cut.data(), cut.size()}, PlainAgent()).size(), length / block.size());
+  }
+}
+
+TEST(PageScraperTest, PagesOfMarkersOnlyAndOddMarkersEnd) {
+  const std::string markers = "<i><t></t><u></u><p></p></i>*?*?<i*>";
+  std::string page;
+  for (int i = 0; i < 50; ++i) page += markers.substr(static_cast<std::size_t>(i) % 20);
+  for (const char* start : {"", "*", "?", "**", "*?", "<*", "*<i", "<i>*", "???", "?*?"}) {
+    for (const char* end : {"", "*", "?", "**", "*?", ">*", "*</i>", "</?>", "*>"}) {
+      WebAgent agent = PlainAgent();
+      agent.StartResult = agent.StartItem = agent.StartURL = start;
+      agent.EndResult = agent.EndItem = agent.EndURL = end;
+      // A block is two bytes at least, so that there are no more items than that.
+      EXPECT_LE(AllItems(page, agent).size(), page.size() / 2) << start << " " << end;
+    }
+  }
+}
+
+// An item for every two bytes of the page, behind a start marker that is half as long as the page,
+// and an end marker whose wildcard reaches to the page's end from each of them.
+TEST(PageScraperTest, PagesMadeToBeSlowAreNot) {
+  std::string page;
+  while (page.size() < 100'000) page += "<a";
+  page += "z";
+  WebAgent agent = PlainAgent();
+  agent.StartItem = agent.StartURL = "";
+  agent.EndItem = agent.EndURL = "a";
+  agent.StartResult = page.substr(0, page.size() / 2 / 2 * 2);
+  agent.EndResult = "<a";
+  EXPECT_GT(AllItems(page, agent).size(), 24'000U);
+  agent.StartResult = "<";
+  agent.EndResult = "<*z";
+  agent.EndItem = agent.EndURL = "<a<";
+  agent.StartItem = agent.StartURL = "";
+  agent.EndItem = agent.EndURL = "a";
+  EXPECT_GT(AllItems(page, agent).size(), 24'000U);
+}
+
+TEST(ScrapePageTest, KeepsWhatHasASearchWordAndAPrice) {
+  const std::string page = Block("Red Shoe", "/1", "2") + Block("Hat", "/2", "2") +
+                           Block("Blue shoe", "/3", "0") + Block("Shoe", "/4", "ask") +
+                           Block("SHOELACE", "/5", "0.01");
+  std::vector<std::string> titles;
+  for (const auto& item : ScrapePage(page, PlainAgent(), "shoe")) titles.push_back(*item.Title);
+  EXPECT_THAT(titles, ElementsAre("Red Shoe", "SHOELACE"));
+}
+
+TEST(ScrapePageTest, AnyOfTheWordsIsEnoughInAnyLetterCase) {
+  const std::string page = Block("Red Shoe", "/1", "2");
+  EXPECT_EQ(ScrapePage(page, PlainAgent(), "shoe").size(), 1U);
+  EXPECT_EQ(ScrapePage(page, PlainAgent(), "blue SHOE").size(), 1U);
+  EXPECT_EQ(ScrapePage(page, PlainAgent(), "shoes").size(), 0U);
+}
+
+TEST(ScrapePageTest, WordsOfBlanksKeepNothing) {
+  EXPECT_THAT(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "  "), IsEmpty());
+}
+
+TEST(ScrapePageTest, AgentWithoutNameOrBlockMarkersFindsNothing) {
+  for (const auto text : {&WebAgent::SiteName, &WebAgent::StartResult, &WebAgent::EndResult}) {
+    WebAgent agent = PlainAgent();
+    (agent.*text).reset();
+    EXPECT_THAT(ScrapePage(Block("A", "/1", "2"), agent, "a"), IsEmpty());
+  }
+  WebAgent agent = PlainAgent();
+  agent.StartResult.reset();
+  EXPECT_EQ(EndOf(Block("A", "/1", "2"), agent), PageEnd::kMarkersMissing);
+}
+
+TEST(ScrapePageTest, DroppedItemsDoNotEndThePage) {
+  EXPECT_EQ(ScrapePage(Block("X", "/1", "0") + Block("A", "/2", "2"), PlainAgent(), "a").size(),
+            1U);
+}
+
+}  // namespace
+}  // namespace brovanta
