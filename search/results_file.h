@@ -1,0 +1,22 @@
+// The file with the results of one saved search; docs/formats/search.md describes it.
+#pragma once
+
+#include <string>
+
+#include "search/search_result_list.h"
+
+namespace brovanta {
+
+/// Puts the list into a whole new file at the documented path, in the order of the list and with
+/// the ids as they are; the old file stays when that fails. 0; ERR_OPEN when it cannot be made or
+/// someone else holds the old one; ERR_IO when the old one cannot be kept in case of failure.
+[[nodiscard]] int WriteSearchResults(const SearchResultList& list, const std::string& path);
+
+/// Fills the list from the file, by price. 0; ERR_OPEN; ERR_FORMAT for a wrong magic, and for
+/// anything else than a mark where one should be, the end of the file included; ERR_IO when the
+/// file ends within the numbers of an item. With an error the list is empty: half of a file that is
+/// changed and written back would be the end of the other half. A text with a length below 1 or
+/// beyond the end of the file is missing.
+[[nodiscard]] int ReadSearchResults(SearchResultList& list, const std::string& path);
+
+}  // namespace brovanta
