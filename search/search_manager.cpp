@@ -27,6 +27,7 @@ int SearchManager::SetSearchFolder(const std::string& base_path) {
   index_path_ = Path(prefix, "websearch.dat");
   configuration_path_ = Path(prefix, "webspider.xml");
   results_folder_ = Path(prefix, "WebSearch");
+  saved_searches_.SetPaths(index_path_, results_folder_);
   return 0;
 }
 

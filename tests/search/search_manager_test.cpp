@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "search/agent_fields.h"
+#include "tests/search/recording_window.h"
+#include "tests/search/scripted_shops.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta {
@@ -113,6 +115,59 @@ TEST(SearchManagerTest, LoadingAgainInTheMiddleOfAWalkIsSafe) {
   ASSERT_EQ(manager.LoadAgentConfiguration(path), 0);
   EXPECT_EQ(manager.NextAgent(), nullptr);
   EXPECT_EQ(running->SiteId, 5);
+}
+
+// What the search dialog does each time it opens.
+TEST(SearchManagerTest, ConfigurationMayBeLoadedAnewWhileASearchRuns) {
+  const test::TempFolder folder;
+  const auto configuration = [](const std::string& name) {
+    std::string block = "<WebAgent>";
+    const WebAgent agent = test::ScriptedShops::Agent(1);
+    for (const AgentField& field : kAgentFields) {
+      const auto& text = agent.*field.text;
+      if (text) block.append("<").append(field.name).append(">").append(*text);
+      if (text) block.append("</").append(field.name).append(">");
+    }
+    block.replace(block.find("Shop 1"), 6, name);
+    return block + "<SiteId>1</SiteId></WebAgent>";
+  };
+  const auto shops = std::make_shared<test::ScriptedShops>();
+  shops->Answer(1, test::Block("Soap", "/1", "2"));
+  shops->Hold(1);
+  SearchManager manager(shops->Services());
+  ASSERT_EQ(manager.SetSearchFolder(folder.path()), 0);
+  folder.WriteText("webspider.xml", configuration("Old shop"));
+  ASSERT_EQ(manager.LoadAgentConfiguration(manager.configuration_path()), 0);
+  const auto window = std::make_shared<test::RecordingWindow>();
+  ASSERT_EQ(manager.StartSearch(1, "soap", window), 1);
+  ASSERT_TRUE(shops->WaitForDownloads(1));
+
+  folder.WriteText("webspider.xml", configuration("New shop"));
+  ASSERT_EQ(manager.LoadAgentConfiguration(manager.configuration_path()), 0);
+  EXPECT_EQ(manager.FirstAgent()->SiteName, "New shop");
+  shops->Release();
+  ASSERT_TRUE(window->WaitUntilFinished());
+  EXPECT_EQ(manager.engine().Results().items().at(0).SiteName, "Old shop");
+}
+
+TEST(SearchManagerTest, FinishedSearchIsSavedInTheFolder) {
+  const test::TempFolder folder;
+  const auto shops = std::make_shared<test::ScriptedShops>();
+  SearchManager manager(shops->Services());
+  ASSERT_EQ(manager.SetSearchFolder(folder.path()), 0);
+  EXPECT_EQ(manager.StartSearch(4, "soap", nullptr), 0);
+  const SearchResultList results = manager.engine().Results();
+  EXPECT_EQ(manager.saved_searches().SaveSearch(manager.engine().category_id(),
+                                                manager.engine().words(), &results),
+            2);
+  EXPECT_TRUE(folder.Read("websearch.dat"));
+  EXPECT_TRUE(folder.Read("WebSearch/2.dat"));
+  EXPECT_EQ(manager.saved_searches().searches().at(0).CategoryId, 4);
+}
+
+TEST(SearchManagerTest, StoppingReachesTheRunningSearch) {
+  SearchManager manager;
+  EXPECT_EQ(manager.StopSearch(), 0);
 }
 
 }  // namespace

@@ -1,0 +1,21 @@
+// The address that asks a shop for the search words.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace brovanta {
+
+/// What stands in a FormatString for the search words; its blanks go with it.
+inline constexpr char kKeyword[] = " KEYWORD ";
+
+/// A query address is cut behind this many bytes.
+inline constexpr std::size_t kMaxAddressLength = 249;
+
+/// Puts the words, form-encoded, in the place of the first keyword. 0, AGENT_NO_WORDS for no or
+/// empty words, AGENT_NO_KEYWORD, or AGENT_NO_ENCODING when memory runs out.
+[[nodiscard]] std::int32_t BuildQueryAddress(const std::string& format_string,
+                                             const std::string& words, std::string& address);
+
+}  // namespace brovanta
