@@ -5,18 +5,15 @@
 #include <QTextCharFormat>
 #include <QToolButton>
 
-#include "ui/base/icons.h"
 #include "ui/base/period.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
 namespace {
 
-void DressArrow(QCalendarWidget& calendar, const char* part, const char* picture,
-                const QString& name) {
+void NameArrow(QCalendarWidget& calendar, const char* part, const QString& name) {
   auto* arrow = calendar.findChild<QToolButton*>(QLatin1String(part));
   if (arrow == nullptr) return;
-  arrow->setIcon(NamedIcon(QLatin1String(picture), theme::kNavy));
   arrow->setAccessibleName(name);
   arrow->setToolTip(name);
 }
@@ -34,11 +31,8 @@ void DressCalendar(QCalendarWidget& calendar) {
   weekend.setForeground(theme::kText);
   calendar.setWeekdayTextFormat(Qt::Saturday, weekend);
   calendar.setWeekdayTextFormat(Qt::Sunday, weekend);
-  DressArrow(calendar, "qt_calendar_prevmonth", "chevron_left", QStringLiteral("Month before"));
-  DressArrow(calendar, "qt_calendar_nextmonth", "chevron_right", QStringLiteral("Month after"));
-  if (auto* month = calendar.findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))) {
-    month->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
-  }
+  NameArrow(calendar, "qt_calendar_prevmonth", QStringLiteral("Month before"));
+  NameArrow(calendar, "qt_calendar_nextmonth", QStringLiteral("Month after"));
 }
 
 }  // namespace brovanta

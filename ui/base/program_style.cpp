@@ -134,10 +134,18 @@ int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
 
 QIcon ProgramStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
                                  const QWidget* widget) const {
-  if (picture == SP_MessageBoxQuestion) {
-    return NamedIcon(QStringLiteral("question"), theme::kNavy);
+  switch (picture) {
+    case SP_MessageBoxQuestion:
+      return NamedIcon(QStringLiteral("question"), theme::kNavy);
+    // The base would search the folders of the desktop's icon theme for the arrows of a calendar,
+    // which takes longer than the rest of a screen.
+    case SP_ArrowLeft:
+      return NamedIcon(QStringLiteral("chevron_left"), theme::kNavy);
+    case SP_ArrowRight:
+      return NamedIcon(QStringLiteral("chevron_right"), theme::kNavy);
+    default:
+      return QProxyStyle::standardIcon(picture, option, widget);
   }
-  return QProxyStyle::standardIcon(picture, option, widget);
 }
 
 QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option,

@@ -101,6 +101,12 @@ void PaintProgressBar(QPainter& painter, const QStyleOptionProgressBar& bar) {
   PaintBox(painter, groove, theme::kNavy, false, theme::kNavy);
 }
 
+/// Whether the widget is the name of the month above a calendar. It opens a menu, and the arrow
+/// that would say so does not fit between its letters and the next button.
+bool IsMonthButton(const QWidget* widget) {
+  return widget != nullptr && widget->objectName() == QLatin1String("qt_calendar_monthbutton");
+}
+
 void PaintTab(QPainter& painter, const QStyleOption& option) {
   if (!option.state.testFlag(QStyle::State_Selected)) {
     painter.fillRect(option.rect, theme::kBar);
@@ -222,6 +228,14 @@ void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOption
     painter->setBrush(pressed ? theme::kNavy : theme::kFieldLine);
     painter->drawRoundedRect(QRectF(slider).adjusted(3, 2, -2, -2), 2.5, 2.5);
     painter->restore();
+    return;
+  }
+  if (control == CC_ToolButton && IsMonthButton(widget)) {
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    if (button == nullptr) return;
+    QStyleOptionToolButton plain = *button;
+    plain.features.setFlag(QStyleOptionToolButton::HasMenu, false);
+    QProxyStyle::drawComplexControl(control, &plain, painter, widget);
     return;
   }
   QProxyStyle::drawComplexControl(control, option, painter, widget);
