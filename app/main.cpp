@@ -3,6 +3,7 @@
 
 #include "app/command_line.h"
 #include "app/start_up.h"
+#include "ui/base/warm_up.h"
 
 int main(int argc, char** argv) {
   using brovanta::CommandLine;
@@ -30,7 +31,9 @@ int main(int argc, char** argv) {
   }
   // The arguments are all our own; the toolkit's go by its environment variables.
   int toolkit_argc = argc > 0 ? 1 : 0;
+  brovanta::WarmUp warm_up;
   const QApplication application(toolkit_argc, argv);
+  warm_up.Wait();
   brovanta::PrepareToolkit();
   return brovanta::RunProgram(line);
 }

@@ -1,8 +1,9 @@
 #include "ui/base/theme.h"
 
 #include <QApplication>
-#include <QFontInfo>
+#include <QFont>
 #include <QPalette>
+#include <QScreen>
 
 #include "ui/base/program_style.h"
 
@@ -40,10 +41,20 @@ QPalette ProgramPalette() {
   return palette;
 }
 
+/// The size that was asked for. QFontInfo tells the one that was found, but loads the font for it,
+/// and this one may not be shown at all.
+int PixelsOf(const QFont& font) {
+  constexpr double kPointsPerInch = 72;
+  if (font.pixelSize() > 0) return font.pixelSize();
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  if (screen == nullptr) return 0;
+  return qRound(font.pointSizeF() * screen->logicalDotsPerInchY() / kPointsPerInch);
+}
+
 /// Small system fonts are made for a mouse; what is larger is the person's choice and stays.
 void RaiseFont() {
   QFont font = QApplication::font();
-  const int pixels = QFontInfo(font).pixelSize();
+  const int pixels = PixelsOf(font);
   if (pixels >= theme::kLeastTextPixels || pixels <= 0) return;
   font.setPixelSize(theme::kLeastTextPixels);
   QApplication::setFont(font);

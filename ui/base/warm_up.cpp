@@ -1,0 +1,19 @@
+#include "ui/base/warm_up.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include "util/local_zone.h"
+
+namespace brovanta {
+
+WarmUp::WarmUp()
+    : done_(std::async(std::launch::async | std::launch::deferred, [] {
+        FcInit();
+        static_cast<void>(LocalZone::Current());
+      })) {}
+
+WarmUp::~WarmUp() { Wait(); }
+
+void WarmUp::Wait() { done_.wait(); }
+
+}  // namespace brovanta
