@@ -41,14 +41,17 @@ std::string NarrowToWindows1252(std::u16string_view text) {
 }
 
 std::u16string WidenFromWindows1252(std::string_view text) {
-  std::u16string wide;
-  wide.reserve(text.size());
+  std::u16string wide(text.size(), u'\0');
+  WidenFromWindows1252(text, wide.data());
+  return wide;
+}
+
+void WidenFromWindows1252(std::string_view text, char16_t* wide) {
   for (const char character : text) {
     const unsigned byte = static_cast<unsigned char>(character);
     const bool control = byte >= kFirstControl && byte < kBehindControls;
-    wide += control ? kUpperControls[byte - kFirstControl] : static_cast<char16_t>(byte);
+    *wide++ = control ? kUpperControls[byte - kFirstControl] : static_cast<char16_t>(byte);
   }
-  return wide;
 }
 
 }  // namespace brovanta

@@ -13,4 +13,7 @@ namespace brovanta {
 /// Widens stored bytes; every byte has a counterpart, so that narrowing gives it back.
 [[nodiscard]] std::u16string WidenFromWindows1252(std::string_view text);
 
+/// The same into `wide`, which has room for as many units as the text has bytes.
+void WidenFromWindows1252(std::string_view text, char16_t* wide);
+
 }  // namespace brovanta

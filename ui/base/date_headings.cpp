@@ -16,10 +16,12 @@ QString DayDate(DateStamp stamp) {
 
 }  // namespace
 
-DateHeadings::~DateHeadings() { qDeleteAll(headings_); }
+DateHeadings::~DateHeadings() {
+  qDeleteAll(rows_);
+  qDeleteAll(headings_);
+}
 
 void DateHeadings::Add(DateStamp key, TreeItemInfo info, RowDetail detail) {
-  auto* row = new RecordRow(std::move(info), std::move(detail));
   if (key != previous_key_) {
     OpenHeading(key);
   } else if (heading_ == nullptr) {
@@ -27,17 +29,23 @@ void DateHeadings::Add(DateStamp key, TreeItemInfo info, RowDetail detail) {
     heading_ = new HeadingRow(UnknownDate(), blanks_.without_change);
     headings_.append(heading_);
   }
-  heading_->addChild(row);
+  rows_.append(new RecordRow(std::move(info), std::move(detail)));
 }
 
 void DateHeadings::OpenHeading(DateStamp key) {
+  CloseHeading();
   heading_ = key == kNoDate ? new HeadingRow(UnknownDate(), blanks_.unknown_date)
                             : new HeadingRow(DayDate(key), kDatedHeadingBlanks);
   headings_.append(heading_);
   previous_key_ = key;
 }
 
+void DateHeadings::CloseHeading() {
+  if (heading_ != nullptr) heading_->addChildren(std::exchange(rows_, {}));
+}
+
 QList<QTreeWidgetItem*> DateHeadings::Take() {
+  CloseHeading();
   heading_ = nullptr;
   previous_key_ = -1;
   return std::exchange(headings_, {});

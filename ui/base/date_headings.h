@@ -34,11 +34,13 @@ class DateHeadings {
 
  private:
   void OpenHeading(DateStamp key);
+  void CloseHeading();
 
   HeadingBlanks blanks_;
   DateStamp previous_key_ = -1;
   QTreeWidgetItem* heading_ = nullptr;
   QList<QTreeWidgetItem*> headings_;
+  QList<QTreeWidgetItem*> rows_;  // of the open heading, which takes them all at once
 };
 
 }  // namespace brovanta

@@ -3,7 +3,6 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
-#include <QTreeWidget>
 #include <algorithm>
 
 #include "ui/base/icons.h"
@@ -102,8 +101,9 @@ const RecordDelegate::Look& RecordDelegate::LookFor(const QFont& font) const {
   return look_;
 }
 
-QSize RecordDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  const Look& look = LookFor(option.font);
+QSize RecordDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
+                               const QModelIndex& index) const {
+  const Look& look = LookFor(tree_.font());
   const bool heading = tree_.itemFromIndex(index)->type() == kHeadingRow;
   return {kRowIndent, heading ? look.heading_height : look.row_height};
 }

@@ -4,8 +4,7 @@
 #include <QFont>
 #include <QIcon>
 #include <QStyledItemDelegate>
-
-class QTreeWidget;
+#include <QTreeWidget>
 
 namespace brovanta {
 
@@ -23,6 +22,10 @@ class RecordDelegate : public QStyledItemDelegate {
              const QModelIndex& index) const override;
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                const QModelIndex& index) const override;
+
+  /// The height of each record row and of each heading, in logical pixels.
+  [[nodiscard]] int RowHeight() const { return LookFor(tree_.font()).row_height; }
+  [[nodiscard]] int HeadingHeight() const { return LookFor(tree_.font()).heading_height; }
 
  private:
   /// Fonts and heights that follow from the tree's font.

@@ -57,7 +57,10 @@ QVariant HeadingRow::data(int column, int role) const {
 }
 
 RecordRow::RecordRow(TreeItemInfo info, RowDetail detail)
-    : QTreeWidgetItem(kRecordRow), info_(std::move(info)), detail_(std::move(detail)) {}
+    : QTreeWidgetItem(kRecordRow), info_(std::move(info)), detail_(std::move(detail)) {
+  // What can have no children is not entered into the view's table of expanded rows.
+  setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren);
+}
 
 QVariant RecordRow::data(int column, int role) const {
   static const QString kBlanks(kRecordBlanks, QLatin1Char(' '));

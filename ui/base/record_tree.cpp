@@ -7,13 +7,15 @@
 #include <QScrollBar>
 #include <QScroller>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "ui/base/record_delegate.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
 
-RecordTree::RecordTree(QWidget* parent) : QTreeWidget(parent) {
+RecordTree::RecordTree(QWidget* parent)
+    : QTreeWidget(parent), delegate_(new RecordDelegate(*this)) {
   setColumnCount(1);
   header()->hide();
   setIndentation(0);
@@ -24,7 +26,7 @@ RecordTree::RecordTree(QWidget* parent) : QTreeWidget(parent) {
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTabKeyNavigation(false);
-  setItemDelegate(new RecordDelegate(*this));
+  setItemDelegate(delegate_);
   QScroller::grabGesture(viewport(), QScroller::TouchGesture);
   connect(this, &QTreeWidget::itemSelectionChanged, this, &RecordTree::CaretChanged);
   connect(this, &QTreeWidget::itemDoubleClicked, this, [this](const QTreeWidgetItem* item) {
@@ -68,6 +70,34 @@ void RecordTree::focusInEvent(QFocusEvent* event) {
   // The base takes the first row as its current one, and the next arrow key would pass it over.
   if (Caret() == nullptr) selectionModel()->clearCurrentIndex();
   viewport()->update();
+}
+
+void RecordTree::updateGeometries() {
+  // The base would ask for the height of every single row to find the range of the scroll bar.
+  QScrollBar& bar = *verticalScrollBar();
+  const int position = bar.value();
+  const int end = bar.maximum();
+  {
+    const QSignalBlocker silent(bar);
+    setUniformRowHeights(true);
+    QTreeWidget::updateGeometries();
+    setUniformRowHeights(false);
+    bar.setRange(0, std::max(0, ContentsHeight() - viewport()->height()));
+    bar.setSingleStep(delegate_->RowHeight());
+    bar.setValue(position);
+  }
+  if (bar.maximum() != end) Q_EMIT bar.rangeChanged(0, bar.maximum());
+  if (bar.value() != position) viewport()->update();
+}
+
+int RecordTree::ContentsHeight() const {
+  int height = 0;
+  for (int i = 0; i < topLevelItemCount(); ++i) {
+    const QTreeWidgetItem* heading = topLevelItem(i);
+    height += delegate_->HeadingHeight();
+    if (heading->isExpanded()) height += heading->childCount() * delegate_->RowHeight();
+  }
+  return height;
 }
 
 void RecordTree::keyPressEvent(QKeyEvent* event) {

@@ -8,6 +8,8 @@
 
 namespace brovanta {
 
+class RecordDelegate;
+
 /// At most one row is selected, by the user only: neither the focus nor a rebuild takes one. The
 /// caret is the selected row.
 class RecordTree : public QTreeWidget {
@@ -41,10 +43,13 @@ class RecordTree : public QTreeWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void updateGeometries() override;
 
  private:
   [[nodiscard]] QTreeWidgetItem* Caret() const;
+  [[nodiscard]] int ContentsHeight() const;
 
+  RecordDelegate* delegate_;
   QString empty_text_;
 };
 

@@ -5,7 +5,9 @@
 namespace brovanta {
 
 QString WideText(std::string_view stored) {
-  return QString::fromStdU16String(WidenFromWindows1252(stored));
+  QString wide(static_cast<qsizetype>(stored.size()), Qt::Uninitialized);
+  WidenFromWindows1252(stored, reinterpret_cast<char16_t*>(wide.data()));
+  return wide;
 }
 
 std::string NarrowText(const QString& text) {
