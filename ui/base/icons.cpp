@@ -47,6 +47,11 @@ class SvgEngine : public QIconEngine {
     return Render(size, mode, state);
   }
 
+  /// What window managers are given; each size is drawn when a window opens.
+  QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+    return {{32, 32}, {64, 64}};
+  }
+
   [[nodiscard]] QIconEngine* clone() const override { return new SvgEngine(file_, off_, on_); }
 
  private:
@@ -87,11 +92,14 @@ QIcon IconFromFile(const QString& path, const QColor& off, const QColor& on) {
 
 QIcon NumberedIcon(int number) {
   RegisterPictures();
-  const QDir folder(kFolder);
+  static const QStringList kFiles = QDir(kFolder).entryList(QDir::Files, QDir::Name);
   for (const char* const kind : {"icon", "bitmap"}) {
-    const QStringList found =
-        folder.entryList({QStringLiteral("%1_%2_*.svg").arg(QLatin1String(kind)).arg(number)});
-    if (!found.isEmpty()) return IconFromFile(kFolder + found.first(), theme::kNavy, theme::kNavy);
+    const QString start = QStringLiteral("%1_%2_").arg(QLatin1String(kind)).arg(number);
+    for (const QString& file : kFiles) {
+      if (file.startsWith(start)) {
+        return IconFromFile(kFolder + file, theme::kNavy, theme::kNavy);
+      }
+    }
   }
   return {};
 }

@@ -3,8 +3,10 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShortcut>
+#include <future>
 #include <utility>
 
+#include "ui/base/date_headings.h"
 #include "ui/base/icons.h"
 #include "ui/base/message_box.h"
 #include "ui/base/modal_dialog.h"
@@ -28,6 +30,13 @@ constexpr QSize kThirdPictureSize{32, 32};
 
 }  // namespace
 
+/// Today's products, read while the window is being built.
+struct MainDialog::FirstRows {
+  ProductFilter query;
+  DateHeadings headings;
+  std::future<int> code;  // behind what it writes to, since it waits for the end when it goes
+};
+
 MainDialog::MainDialog(AppOptions& options, std::unique_ptr<ShoppingDatabase> database,
                        std::unique_ptr<SearchManager> searches, const std::string& data_folder,
                        QWidget* parent)
@@ -37,6 +46,9 @@ MainDialog::MainDialog(AppOptions& options, std::unique_ptr<ShoppingDatabase> da
              .searches = std::move(searches),
              .filter = {}},
       form_(std::make_unique<Ui::MainForm>()) {
+  static_cast<void>(state_.database->Open(data_folder));
+  static_cast<void>(state_.searches->SetSearchFolder(data_folder));
+  BeginFirstRows();
   form_->setupUi(this);
   SetUpWindow();
   commands_ =
@@ -46,8 +58,6 @@ MainDialog::MainDialog(AppOptions& options, std::unique_ptr<ShoppingDatabase> da
   form_->updateButton->SetPictures(kUpdatePicture, kUpdatePictureSize, kUpdatePicture,
                                    kUpdatePictureSize, 0, kThirdPictureSize);
   form_->updateButton->SetAlignment(ColorButton::kPictureRight, false);
-  static_cast<void>(state_.database->Open(data_folder));
-  static_cast<void>(state_.searches->SetSearchFolder(data_folder));
   period_ = new PeriodSelector(*form_->viewModeButton, *form_->periodHeadingButton,
                                *form_->calendar, *this);
   filters_ = new ListFilters(*form_->storeFilterButton, *form_->categoryFilterButton, state_, this);
@@ -141,6 +151,30 @@ int MainDialog::RefreshList(bool reset_filters) {
   return code;
 }
 
+void MainDialog::BeginFirstRows() {
+  first_rows_ = std::make_unique<FirstRows>();
+  const auto period = PeriodOf(TodayDate(), kDailyView);
+  if (period) {
+    state_.filter.period_start = period->start;
+    state_.filter.period_end = period->end;
+  }
+  first_rows_->query = AsProductFilter(state_.filter);
+  // Where no thread can be had, the rows are read when they are asked for.
+  first_rows_->code = std::async(
+      std::launch::async | std::launch::deferred, [&rows = *first_rows_, &state = state_] {
+        return ReadProductRows(*state.database, rows.query, rows.headings);
+      });
+}
+
+int MainDialog::ShowFirstRows() {
+  const std::unique_ptr<FirstRows> rows = std::move(first_rows_);
+  const int code = rows->code.get();
+  const bool same_day = rows->query.from == state_.filter.period_start;
+  if (!same_day) return FillProducts(*form_->recordTree, state_);  // midnight came in between
+  if (code == 0) form_->recordTree->SetRows(rows->headings.Take());
+  return code;
+}
+
 int MainDialog::Fill() {
   int code = 0;
   switch (state_.list_id) {
@@ -151,7 +185,7 @@ int MainDialog::Fill() {
       code = FillWebSearches(*form_->recordTree, state_);
       break;
     default:
-      code = FillProducts(*form_->recordTree, state_);
+      code = first_rows_ ? ShowFirstRows() : FillProducts(*form_->recordTree, state_);
       break;
   }
   form_->recordTree->SetEmptyText(EmptyListWords(state_, view_mode(), code));

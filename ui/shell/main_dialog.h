@@ -63,6 +63,8 @@ class MainDialog : public QDialog {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  struct FirstRows;
+
   void SetUpWindow();
   void ArrangeSelectors();
   void PlaceHeading(bool between_the_buttons);
@@ -74,9 +76,12 @@ class MainDialog : public QDialog {
   void OnCaretChanged();
   void OnDayChanged(QDate before);
   int Fill();
+  void BeginFirstRows();
+  int ShowFirstRows();
   void DestroyWindow();
 
   MainState state_;
+  std::unique_ptr<FirstRows> first_rows_;  // until they are shown
   std::unique_ptr<Ui::MainForm> form_;
   PeriodSelector* period_ = nullptr;
   ListFilters* filters_ = nullptr;

@@ -41,14 +41,12 @@ const std::string& ListFile(const MainState& state) {
 
 }  // namespace
 
-int FillProducts(RecordTree& tree, MainState& state) {
-  tree.ClearRows();
-  ProductList& products = state.database->products();
-  const ProductFilter query = AsProductFilter(state.filter);
+int ReadProductRows(ShoppingDatabase& database, const ProductFilter& query,
+                    DateHeadings& headings) {
+  ProductList& products = database.products();
   if (const int code = products.Load(&query); code != 0) return code;
   const bool purchases = query.kind == kPurchaseKind;
-  DateHeadings headings;
-  StoreNames stores(state.database->stores());
+  StoreNames stores(database.stores());
   for (const ProductRecord* record = products.First(); record != nullptr;
        record = products.Next()) {
     headings.Add(purchases ? record->StartDate : record->NextDate,
@@ -58,8 +56,15 @@ int FillProducts(RecordTree& tree, MainState& state) {
                   .storeName = stores.Of(record->StoreId)},
                  purchases ? PurchaseDetail(*record) : ProductDetail(*record));
   }
-  tree.SetRows(headings.Take());
   return 0;
+}
+
+int FillProducts(RecordTree& tree, MainState& state) {
+  tree.ClearRows();
+  DateHeadings headings;
+  const int code = ReadProductRows(*state.database, AsProductFilter(state.filter), headings);
+  if (code == 0) tree.SetRows(headings.Take());
+  return code;
 }
 
 int FillCoupons(RecordTree& tree, MainState& state) {
