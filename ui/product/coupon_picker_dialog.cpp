@@ -136,12 +136,13 @@ void CouponPickerDialog::OnFilterChosen(int command) {
   const int first = category ? kCategoryCommands : kStoreCommands;
   const auto id = static_cast<std::uint32_t>(command - first);
   (category ? filter_.category_id : filter_.store_id) = id;
-  FillOrReport();
+  const int code = Fill();
   if (category) {
     categories_->ShowChoice(command, database_.categories());
   } else {
     stores_->ShowChoice(command, database_.stores());
   }
+  if (code != 0) ReportReadError();  // last: the program may be closed under the message
 }
 
 void CouponPickerDialog::OnCaretChanged() {

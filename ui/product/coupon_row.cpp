@@ -163,7 +163,9 @@ void CouponRow::AddNewCoupon(std::size_t slot) {
 
 void CouponRow::SelectCoupon(std::size_t slot) {
   CouponPickerDialog picker(database_, update_server_, parent_);
-  if (picker.exec() == ModalDialog::kCompleted) FillSlot(slot, picker.picked());
+  const int result = picker.exec();
+  if (!parent_->isVisible()) return;  // the program was closed under the picker, with the database
+  if (result == ModalDialog::kCompleted) FillSlot(slot, picker.picked());
   DescribeSlots();  // linked coupons may have been edited or deleted in the picker
 }
 

@@ -238,6 +238,59 @@ TEST_F(ProductCouponsTest, ASelectedCouponGoesIntoItsSlot) {
   EXPECT_EQ(Links(), "0/0/0 0/0/0 0/0/0 0/0/0 5/2/1");
 }
 
+TEST_F(ProductCouponsTest, APickedCouponOfATypeBelowOneIsHeldBehindTheEmptyPicture) {
+  for (const std::int16_t type : {std::int16_t{0}, std::int16_t{-3}}) {
+    Coupons({{.id = 5, .source = 2, .name = "Soap week", .type = type}});
+    Edit({}, [&] {
+      InNextDialog([&] {
+        SelectRow(QStringLiteral("Soap week"));
+        Press("selectButton");
+      });
+      ChooseInSlot(2, "Select Coupon");
+      EXPECT_EQ(Picture(2), 146) << type;
+      EXPECT_NE(Slot(2)->menu(), nullptr) << type;
+      PressOk();
+    });
+    EXPECT_EQ(Links(), "0/0/0 5/2/" + std::to_string(type) + " 0/0/0 0/0/0 0/0/0");
+  }
+}
+
+TEST_F(ProductCouponsTest, APickedCouponOfATypeAboveFiveKeepsThePictureAndOpens) {
+  Coupons({{.id = 5, .source = 2, .name = "Soap week", .type = 7}});
+  Edit({}, [&] {
+    InNextDialog([&] {
+      SelectRow(QStringLiteral("Soap week"));
+      Press("selectButton");
+    });
+    ChooseInSlot(2, "Select Coupon");
+    EXPECT_EQ(Picture(2), 146);
+    EXPECT_EQ(Slot(2)->menu(), nullptr);
+    PressOk();
+  });
+  EXPECT_EQ(Links(), "0/0/0 5/2/7 0/0/0 0/0/0 0/0/0");
+}
+
+TEST_F(ProductCouponsTest, APickedCouponOfATypeAbove100LooksAndOpensLikeAFoundOne) {
+  Coupons({{.id = 5, .source = 2, .name = "Soap week", .type = 150}});
+  Edit({}, [&] {
+    InNextDialog([&] {
+      SelectRow(QStringLiteral("Soap week"));
+      Press("selectButton");
+    });
+    ChooseInSlot(2, "Select Coupon");
+    EXPECT_EQ(Picture(2), 150);
+    bool opened = false;
+    InNextDialog([&] {
+      opened = true;
+      EXPECT_FALSE(Find<QCheckBox>("applyBox")->isChecked());
+    });
+    PressSlot(2);
+    EXPECT_TRUE(opened);
+    PressOk();
+  });
+  EXPECT_EQ(Links(), "0/0/0 5/2/150 0/0/0 0/0/0 0/0/0");
+}
+
 TEST_F(ProductCouponsTest, ACancelledPickerLeavesTheSlotEvenAfterWorkInIt) {
   Coupons({{.id = 5, .source = 2, .name = "Soap week", .type = 1}});
   Edit({{{5, 2, 1}}}, [&] {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QComboBox>
+#include <QToolButton>
 
 #include "tests/ui/shell/main_screen.h"
 #include "ui/shell/main_commands.h"
@@ -23,7 +24,35 @@ void ChooseFirst(QWidget& dialog, const char* box) {
   QTest::keyClick(dialog.findChild<QComboBox*>(QLatin1String(box)), Qt::Key_Down);
 }
 
-class MainCommandsCouponsTest : public MainScreenTest {};
+class MainCommandsCouponsTest : public MainScreenTest {
+ protected:
+  /// In the product dialog: chooses an entry of an empty slot's menu.
+  void ChooseInSlot(QWidget& dialog, const char* slot, const char* entry) {
+    auto* button = dialog.findChild<ColorButton*>(QString::fromLatin1(slot));
+    ASSERT_NE(button, nullptr);
+    QTest::mouseClick(button, Qt::LeftButton);
+    ASSERT_NE(button->menu(), nullptr);
+    ChooseInMenu(*button->menu(), QString::fromLatin1(entry));
+  }
+  /// Opens Milk, one of whose slots is filled, and works in its dialog.
+  void EditMilk(const std::function<void(QWidget& dialog)>& work) {
+    AddCoupon("Soap week", 0, 0);
+    ProductFields milk;
+    milk.name = "Milk";
+    milk.purchase_kind = 1;  // one time
+    milk.start_date = kToday;
+    milk.discounts[0] = {2, 0, 1};
+    ASSERT_TRUE(Stored().products().Add(kProductKind, milk).has_value());
+    Open();
+    Select("Milk");
+    InNextDialog(work);
+    Tool(kToolEdit);
+  }
+  void ExpectClosed() {
+    EXPECT_FALSE(screen().isVisible());
+    EXPECT_EQ(screen().database(), nullptr);
+  }
+};
 
 TEST_F(MainCommandsCouponsTest, AddMakesACouponAndResetsTheFilters) {
   AddCoupon("Old", 0, 0, "Corner");
@@ -115,6 +144,52 @@ TEST_F(MainCommandsCouponsTest, ThePageOfACouponIsOnTheGivenServer) {
   SetWebAddressHandler(before);
   EXPECT_EQ(opened.join(QLatin1Char(' ')).toStdString(),
             "http://update.example:80/coupons/deal.aspx?srcId=2");
+}
+
+TEST_F(MainCommandsCouponsTest, ClosingTheProgramUnderThePickerOfASlotChangesNothing) {
+  EditMilk([this](QWidget& product) {
+    InNextDialog([](QWidget&) { QApplication::closeAllWindows(); });
+    ChooseInSlot(product, "couponSlotButton2", "Select Coupon");
+  });
+  ExpectClosed();
+  EXPECT_THAT(StoredCoupons(), ElementsAre("Soap week"));
+}
+
+TEST_F(MainCommandsCouponsTest, ClosingTheProgramUnderADialogOfThePickerEndsAllFour) {
+  EditMilk([this](QWidget& product) {
+    InNextDialog([this](QWidget& picker) {
+      InNextDialog([](QWidget&) { QApplication::closeAllWindows(); });
+      auto* bar_action = picker.findChild<QToolButton*>();
+      ASSERT_NE(bar_action, nullptr);
+      QTest::mouseClick(bar_action, Qt::LeftButton);
+    });
+    ChooseInSlot(product, "couponSlotButton2", "Select Coupon");
+  });
+  ExpectClosed();
+}
+
+TEST_F(MainCommandsCouponsTest, ClosingTheProgramUnderADiscountDialogOfASlotChangesNothing) {
+  EditMilk([this](QWidget& product) {
+    InNextDialog([](QWidget&) { QApplication::closeAllWindows(); });
+    ChooseInSlot(product, "couponSlotButton2", "Add New Coupon");
+  });
+  ExpectClosed();
+  EXPECT_THAT(StoredCoupons(), ElementsAre("Soap week"));
+}
+
+TEST_F(MainCommandsCouponsTest, ClosingTheProgramUnderTheReadErrorOfAFilterEndsIt) {
+  EditMilk([this](QWidget& product) {
+    InNextDialog([this](QWidget& picker) {
+      folder_.WriteText("discount.dat", "damaged");
+      auto* stores = picker.findChild<ColorButton*>(QStringLiteral("storeFilterButton"));
+      ASSERT_NE(stores, nullptr);
+      InNextDialog([](QWidget&) { QApplication::closeAllWindows(); });
+      QTest::mouseClick(stores, Qt::LeftButton);
+      ChooseInMenu(*stores->menu(), QStringLiteral("All Stores"));
+    });
+    ChooseInSlot(product, "couponSlotButton2", "Select Coupon");
+  });
+  ExpectClosed();
 }
 
 }  // namespace
