@@ -52,18 +52,18 @@ class MainCommandsUpdateTest : public MainScreenTest {
     }
     return objects;
   }
+  /// Runs `meanwhile` in the next update dialog once a state passes the test.
+  void WatchNext(const StateWatch::Test& test, const std::function<void(QDialog&)>& meanwhile) {
+    InNextDialog([this, test, meanwhile](QWidget& window) {
+      auto* dialog = qobject_cast<QDialog*>(&window);
+      ASSERT_NE(dialog, nullptr);
+      watch_ = std::make_unique<StateWatch>(*dialog);
+      watch_->When(test, [meanwhile, dialog] { meanwhile(*dialog); });
+    });
+  }
   /// Chooses "Update" and runs `meanwhile` in the dialog once a state passes the test.
   void UpdateAnd(const StateWatch::Test& test, const std::function<void(QDialog&)>& meanwhile) {
-    std::unique_ptr<StateWatch> watch;
-    InNextDialog([&](QWidget& window) {
-      auto& dialog = dynamic_cast<QDialog&>(window);
-      watch = std::make_unique<StateWatch>(dialog);
-      if (test(StateOf(dialog))) {
-        meanwhile(dialog);
-      } else {
-        watch->When(test, [&] { meanwhile(dialog); });
-      }
-    });
+    WatchNext(test, meanwhile);
     ToolsMenu("Update");
   }
   void Update() {
@@ -80,6 +80,7 @@ class MainCommandsUpdateTest : public MainScreenTest {
   };
   std::string held_;
   std::unique_ptr<LoopbackServer> server_;
+  std::unique_ptr<StateWatch> watch_;  // of the last watched dialog
 };
 
 TEST_F(MainCommandsUpdateTest, MenuButtonAndKeyOpenTheDialogOnEveryTab) {
@@ -94,13 +95,9 @@ TEST_F(MainCommandsUpdateTest, MenuButtonAndKeyOpenTheDialogOnEveryTab) {
         [&] { Press(Qt::Key_F5); }};
     for (const auto& way : ways) {
       std::string caption;
-      std::unique_ptr<StateWatch> watch;
-      InNextDialog([&](QWidget& window) {
-        caption = window.windowTitle().toStdString();
-        auto& dialog = dynamic_cast<QDialog&>(window);
-        watch = std::make_unique<StateWatch>(dialog);
-        watch->When(Line("Updating search agents..."),
-                    [&dialog] { QTest::keyClick(&dialog, Qt::Key_Escape); });
+      WatchNext(Line("Updating search agents..."), [&caption](QDialog& dialog) {
+        caption = dialog.windowTitle().toStdString();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
       });
       way();
       EXPECT_EQ(caption, "Brovanta") << tab;

@@ -24,6 +24,10 @@ StateWatch::StateWatch(QDialog& dialog) : dialog_(&dialog) {
 }
 
 void StateWatch::When(Test test, std::function<void()> action) {
+  if (dialog_ != nullptr && test(StateOf(*dialog_))) {
+    QTimer::singleShot(0, dialog_, std::move(action));
+    return;
+  }
   waiting_.push_back({std::move(test), std::move(action)});
 }
 

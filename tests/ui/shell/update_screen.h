@@ -44,7 +44,8 @@ class StateWatch : public QObject {
 
   explicit StateWatch(QDialog& dialog);
 
-  /// Does `action` from the event loop, once, when a state passes the test.
+  /// Does `action` from the event loop, once, when a state passes the test; the one that is shown
+  /// now counts.
   void When(Test test, std::function<void()> action);
 
   [[nodiscard]] const std::vector<ShownState>& states() const { return states_; }
