@@ -10,6 +10,10 @@ namespace brovanta {
 /// Stored Windows-1252 bytes as wide text.
 [[nodiscard]] QString WideText(std::string_view stored);
 
+/// Bytes from the web as wide text: as UTF-8 where they are well-formed UTF-8, else as
+/// Windows-1252.
+[[nodiscard]] QString WebText(std::string_view bytes);
+
 /// Wide text, composed first, as Windows-1252 bytes; a character without a counterpart becomes "?".
 [[nodiscard]] std::string NarrowText(const QString& text);
 

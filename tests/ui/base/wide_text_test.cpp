@@ -23,6 +23,19 @@ TEST(WideTextTest, CharactersWithoutACounterpartBecomeQuestionMarks) {
   EXPECT_EQ(NarrowText(QStringLiteral("\u0416\U0001F600x")), "??x");
 }
 
+TEST(WideTextTest, TextFromTheWebIsUtf8WhereItCanBe) {
+  EXPECT_EQ(WebText("Caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80"),
+            QStringLiteral("Caf\u00E9 \u20AC \U0001F600"));
+  EXPECT_EQ(WebText("plain"), QStringLiteral("plain"));
+  EXPECT_EQ(WebText(""), QString());
+}
+
+TEST(WideTextTest, TextFromTheWebThatIsNoUtf8IsOfTheWindowsCodePageAsAWhole) {
+  EXPECT_EQ(WebText("Caf\xE9 \x80"), QStringLiteral("Caf\u00E9 \u20AC"));
+  EXPECT_EQ(WebText("Caf\xC3\xA9 \xE9"), QStringLiteral("Caf\u00C3\u00A9 \u00E9"));
+  EXPECT_EQ(WebText("cut \xC3"), QStringLiteral("cut \u00C3"));
+}
+
 TEST(WideTextTest, EveryByteComesBackAsItWas) {
   std::string all;
   for (int byte = 1; byte < 256; ++byte) all.push_back(static_cast<char>(byte));
