@@ -22,6 +22,14 @@ bool IsSmallScreen(const QScreen* screen) {
   return qMin(size.width(), size.height()) < kSmallScreenSide;
 }
 
+void EndDialogsOf(QWidget& window) {
+  const QList<QDialog*> dialogs = window.findChildren<QDialog*>();
+  for (auto dialog = dialogs.crbegin(); dialog != dialogs.crend(); ++dialog) {
+    const bool own = qobject_cast<ModalDialog*>(*dialog) != nullptr;
+    (*dialog)->done(own ? ModalDialog::kCancelled : QDialog::Rejected);
+  }
+}
+
 bool EnterPressesFocusedButton(const QDialog& dialog, const QKeyEvent& event) {
   const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   auto* button = qobject_cast<QAbstractButton*>(dialog.focusWidget());

@@ -42,6 +42,11 @@ class ModalDialog : public QDialog {
   bool prepared_ = false;
 };
 
+/// The program ends: closes every dialog and message box that was made for the window or for one of
+/// these, the innermost first, all as cancelled. Returns before their exec() does, which then finds
+/// the window gone.
+void EndDialogsOf(QWidget& window);
+
 /// For a dialog's keyPressEvent: Enter presses the button of the dialog that has the focus, where
 /// QDialog would press the default one. Whether it was such a key on such a button; a key held down
 /// presses once.

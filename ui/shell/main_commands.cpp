@@ -186,14 +186,7 @@ void MainCommands::Update() {
   job.server.user = UserIdentifier(state_.options.country(), state_.options.zip_code());
   job.configuration_path = state_.searches->configuration_path();
   UpdateDialog dialog(*state_.database, std::move(job), &window_);
-  update_ = &dialog;
-  const int result = dialog.exec();
-  update_ = nullptr;
-  if (result == ModalDialog::kCompleted) refresh_(false);
-}
-
-void MainCommands::EndUpdate() {
-  if (update_ != nullptr) update_->done(ModalDialog::kCancelled);
+  if (dialog.exec() == ModalDialog::kCompleted) refresh_(false);
 }
 
 void MainCommands::Options() {

@@ -12,7 +12,6 @@ class QWidget;
 namespace brovanta {
 
 class RecordTree;
-class UpdateDialog;
 
 /// Runs commands on the list that is shown and the tree's selected record. A command that changed
 /// something ends with a refresh, which resets the filters or keeps them.
@@ -25,9 +24,6 @@ class MainCommands {
 
   /// Runs a command by its number in the menu or the tool bar; an unknown number does nothing.
   void Run(int command);
-
-  /// The window closes: an update that is still open ends, and lets go of the database.
-  void EndUpdate();
 
  private:
   void Add();
@@ -55,7 +51,6 @@ class MainCommands {
   RecordTree& tree_;
   MainState& state_;
   Refresh refresh_;
-  UpdateDialog* update_ = nullptr;  // while it is open
 };
 
 }  // namespace brovanta

@@ -287,7 +287,7 @@ void MainDialog::PlaceHeading(bool between_the_buttons) {
 
 void MainDialog::DestroyWindow() {
   if (day_watch_ != nullptr) day_watch_->Stop();
-  if (commands_) commands_->EndUpdate();
+  EndDialogsOf(*this);  // before what they work on goes
   state_.database.reset();
   state_.searches.reset();
 }

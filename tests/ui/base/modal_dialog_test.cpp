@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -12,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "tests/support/small_screen.h"
+#include "ui/base/message_box.h"
 
 namespace brovanta {
 namespace {
@@ -153,6 +155,41 @@ TEST(ModalDialogTest, TheFocusedFieldStaysInViewWhenTheKeyboardTakesHalfTheScree
   dialog.resize(360, 320);
   QCoreApplication::processEvents();
   EXPECT_FALSE(field->visibleRegion().isEmpty());
+}
+
+TEST(ModalDialogTest, EndingTheProgramEndsWhatIsOpenOverTheWindowTheInnermostFirst) {
+  QWidget window;
+  window.show();
+  QStringList ended;
+  int outer_result = -1;
+  Answer answer = Answer::kYes;
+  {
+    ModalDialog outer(&window);
+    QObject::connect(&outer, &QDialog::finished, [&] { ended.append(QStringLiteral("outer")); });
+    QTimer::singleShot(0, &outer, [&] {
+      QTimer::singleShot(0, &outer, [&] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        QObject::connect(box, &QDialog::finished, [&] { ended.append(QStringLiteral("box")); });
+        EndDialogsOf(window);
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+      });
+      answer = AskYesNo(&outer, QStringLiteral("Go on?"));
+    });
+    outer_result = outer.exec();
+  }
+  EXPECT_EQ(ended, (QStringList{QStringLiteral("box"), QStringLiteral("outer")}));
+  EXPECT_EQ(outer_result, ModalDialog::kCancelled);
+  EXPECT_EQ(answer, Answer::kNo);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST(ModalDialogTest, EndingTheProgramLeavesTheDialogsOfOtherWindowsAlone) {
+  QWidget window;
+  ModalDialog other(nullptr);
+  other.show();
+  EndDialogsOf(window);
+  EXPECT_TRUE(other.isVisible());
 }
 
 }  // namespace
