@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 #include "server/listener.h"
 
@@ -54,6 +55,10 @@ ssize_t ConnectionStream::read(char* to, std::size_t size) {
 
 ssize_t ConnectionStream::write(const char* from, std::size_t size) {
   answered_ = true;
+  if (keeps_back_) {
+    kept_.append(from, size);
+    return static_cast<ssize_t>(size);
+  }
   for (std::size_t sent = 0; sent < size;) {
     const ssize_t count = send(socket_, from + sent, size - sent, MSG_NOSIGNAL);
     if (count >= 0) {
@@ -63,6 +68,11 @@ ssize_t ConnectionStream::write(const char* from, std::size_t size) {
     }
   }
   return static_cast<ssize_t>(size);
+}
+
+std::string ConnectionStream::TakeKept() {
+  keeps_back_ = false;
+  return std::exchange(kept_, {});
 }
 
 void ConnectionStream::get_remote_ip_and_port(std::string& ip, int& port) const {

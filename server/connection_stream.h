@@ -39,6 +39,11 @@ class ConnectionStream final : public httplib::Stream {
   void get_local_ip_and_port(std::string& ip, int& port) const override;
   [[nodiscard]] socket_t socket() const override { return socket_; }
 
+  /// Keeps what is written from now on instead of sending it.
+  void KeepBack() { keeps_back_ = true; }
+  /// What was kept back; from now on it is sent again.
+  [[nodiscard]] std::string TakeKept();
+
   /// Whether a request was begun and cut off by a limit.
   [[nodiscard]] bool cut_off() const { return cut_off_; }
   /// Whether anything was answered.
@@ -63,6 +68,8 @@ class ConnectionStream final : public httplib::Stream {
   bool stopping_ = false;
   bool cut_off_ = false;
   bool answered_ = false;
+  bool keeps_back_ = false;
+  std::string kept_;
   std::size_t received_ = 0;
   std::array<char, 4096> buffer_;
   std::size_t buffer_at_ = 0;

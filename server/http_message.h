@@ -1,6 +1,7 @@
 // What a request asks and what is answered, apart from how they travel.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 
@@ -16,6 +17,8 @@ struct HttpAnswer {
   int status = 200;
   std::string content_type;
   std::string body;
+  std::string location = {};           ///< of a redirect; plain characters of an address only
+  std::chrono::milliseconds delay{0};  ///< how long it is kept back
 };
 
 /// Answers requests, one at a time.

@@ -24,7 +24,7 @@ class Engine final : public httplib::Server {
  public:
   Engine(const HttpHandler& handler, const LogSink& log) {
     set_pre_routing_handler(
-        [&handler](const httplib::Request& request, httplib::Response& response) {
+        [this, &handler](const httplib::Request& request, httplib::Response& response) {
           Answer(handler, request, response);
           return HandlerResponse::Handled;
         });
@@ -36,26 +36,36 @@ class Engine final : public httplib::Server {
 
   void Process(ConnectionStream& stream, std::string remote) {
     remote_ = std::move(remote);
+    stream_ = &stream;
+    delay_ = {};
     bool client_closes = false;
     // Whole answers only: pieces of a file are of no use to anyone here.
     process_request(stream, true, client_closes,
                     [](httplib::Request& request) { request.ranges.clear(); });
   }
 
+  // Of the answer to the last request: the stream has kept it back.
+  [[nodiscard]] std::chrono::milliseconds delay() const { return delay_; }
+
  private:
-  static void Answer(const HttpHandler& handler, const httplib::Request& request,
-                     httplib::Response& response) {
+  void Answer(const HttpHandler& handler, const httplib::Request& request,
+              httplib::Response& response) {
     HttpAnswer answer = handler({request.method, request.target, request.get_header_value("Host")});
     response.status = answer.status;
     response.set_header("Accept-Ranges", "none");
     response.set_header("Cache-Control", "no-store");
     response.set_header("X-Content-Type-Options", "nosniff");
     response.set_header("Content-Security-Policy", "default-src 'none'; style-src 'unsafe-inline'");
+    if (!answer.location.empty()) response.set_header("Location", answer.location);
     if (answer.status == 405) response.set_header("Allow", "GET, HEAD");
     response.set_content(answer.body, answer.content_type);
+    delay_ = answer.delay;
+    if (delay_ > std::chrono::milliseconds(0)) stream_->KeepBack();
   }
 
   std::string remote_;
+  ConnectionStream* stream_ = nullptr;
+  std::chrono::milliseconds delay_{0};
 };
 
 constexpr std::string_view kBadRequest =
@@ -81,6 +91,7 @@ HttpServer::HttpServer(Listener listener, UniqueFd stop, std::vector<HttpHandler
       stop_(std::move(stop)),
       log_(std::move(log)),
       limits_(limits),
+      waiting_room_(stop_.get(), limits.send),
       handlers_(std::move(handlers)) {
   threads_.reserve(handlers_.size());
   for (const HttpHandler& handler : handlers_) {
@@ -98,7 +109,7 @@ HttpServer::~HttpServer() {
 void HttpServer::Serve(const HttpHandler& handler) {
   Engine engine(handler, log_);
   while (WaitForConnection()) {
-    const UniqueFd socket(
+    UniqueFd socket(
         accept4(listener_.socket.get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
     if (!socket.valid()) {
       // Another thread may have been quicker; anything else is shortage, which passes.
@@ -117,8 +128,21 @@ void HttpServer::Serve(const HttpHandler& handler) {
       static_cast<void>(stream.write(kBadRequest.data(), kBadRequest.size()));
       log_(RequestLine({remote, "", "", 400, 0}));
     }
-    if (stream.answered()) stream.FinishSending();
+    if (engine.delay() > std::chrono::milliseconds(0)) {
+      SendLater(std::move(socket), stream, engine.delay());
+    } else if (stream.answered()) {
+      stream.FinishSending();
+    }
   }
+}
+
+void HttpServer::SendLater(UniqueFd socket, ConnectionStream& stream,
+                           std::chrono::milliseconds delay) {
+  std::string bytes = stream.TakeKept();
+  if (waiting_room_.Take(socket, bytes, ConnectionStream::Clock::now() + delay)) return;
+  // No room: better at once than never.
+  static_cast<void>(stream.write(bytes.data(), bytes.size()));
+  stream.FinishSending();
 }
 
 bool HttpServer::WaitForConnection() const {

@@ -161,5 +161,19 @@ TEST_F(ConnectionStreamTest, FinishingEndsTheOwnSideAndTakesWhatStillComes) {
   EXPECT_EQ(ReadOne(stream), 0);
 }
 
+TEST_F(ConnectionStreamTest, KeepsBackWhatItIsToldTo) {
+  ConnectionStream stream = MakeStream();
+  stream.KeepBack();
+  EXPECT_EQ(stream.write("head", 4), 4);
+  EXPECT_EQ(stream.write("body", 4), 4);
+  EXPECT_TRUE(stream.answered());
+  EXPECT_EQ(stream.TakeKept(), "headbody");
+  EXPECT_EQ(stream.TakeKept(), "");
+  EXPECT_EQ(stream.write("sent", 4), 4);
+  std::array<char, 16> arrived{};
+  EXPECT_EQ(read(other_.get(), arrived.data(), arrived.size()), 4);
+  EXPECT_STREQ(arrived.data(), "sent");
+}
+
 }  // namespace
 }  // namespace brovanta::server

@@ -14,6 +14,7 @@ namespace {
 
 using std::chrono::milliseconds;
 using test::RawClient;
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -48,6 +49,9 @@ HttpAnswer Echo(const HttpRequest& request) {
   if (request.target == "/throw") throw std::runtime_error("boom");
   if (request.target == "/binary") return {200, "text/plain", std::string("a\0\xFF\r\n", 5)};
   if (request.target == "/large") return {200, "text/plain", std::string(16'000'000, 'x')};
+  if (request.target == "/moved") return {302, "text/plain", "moved", "http://shop:1/x?y=%20"};
+  if (request.target == "/later") return {200, "text/plain", "later", "", kHour};
+  if (request.target == "/soon") return {200, "text/plain", "soon", "", milliseconds(1)};
   if (request.method == "POST") return {405, "text/plain", "no"};
   return {200, "text/plain", request.method + " " + request.target + " " + request.host};
 }
@@ -128,6 +132,42 @@ TEST_F(HttpServerTest, GivesNoPieces) {
   EXPECT_THAT(answer, StartsWith("HTTP/1.1 200"));
   EXPECT_THAT(answer, HasSubstr("Accept-Ranges: none\r\n"));
   EXPECT_THAT(answer, HasSubstr("Content-Length: 5\r\n"));
+}
+
+TEST_F(HttpServerTest, SendsElsewhere) {
+  Start();
+  EXPECT_THAT(Exchange("GET /moved HTTP/1.1\r\nHost: x\r\n\r\n"),
+              AllOf(StartsWith("HTTP/1.1 302 "),
+                    HasSubstr("\r\nLocation: http://shop:1/x?y=%20\r\n"), EndsWith("moved")));
+}
+
+TEST_F(HttpServerTest, GivesADelayedAnswerInItsTime) {
+  Start(1);
+  const std::string answer = Exchange("GET /soon HTTP/1.1\r\nHost: x\r\n\r\n");
+  EXPECT_THAT(answer, StartsWith("HTTP/1.1 200 OK\r\n"));
+  EXPECT_THAT(answer, EndsWith("\r\n\r\nsoon"));
+}
+
+TEST_F(HttpServerTest, ADelayedAnswerHoldsNoThread) {
+  Start(1);
+  const RawClient waiting(address());
+  EXPECT_TRUE(waiting.Send("GET /later HTTP/1.1\r\nHost: x\r\n\r\n"));
+  EXPECT_THAT(log_.Lines(1), ElementsAre(HasSubstr("GET /later 200 5")));
+  EXPECT_TRUE(MakeClient().Get("/binary"));
+  server_.reset();
+  EXPECT_EQ(waiting.ReadAll(), "");
+}
+
+// Whoever finds the waiting room full is answered at once.
+TEST_F(HttpServerTest, ManyDelayedAnswersHoldNoThreadEither) {
+  Start(1);
+  std::vector<std::unique_ptr<RawClient>> waiting;
+  for (std::size_t i = 0; i < WaitingRoom::kSeats; ++i) {
+    waiting.push_back(std::make_unique<RawClient>(address()));
+    EXPECT_TRUE(waiting.back()->Send("GET /later HTTP/1.1\r\nHost: x\r\n\r\n"));
+  }
+  EXPECT_EQ(log_.Lines(WaitingRoom::kSeats).size(), WaitingRoom::kSeats);
+  EXPECT_THAT(Exchange("GET /later HTTP/1.1\r\nHost: x\r\n\r\n"), EndsWith("later"));
 }
 
 TEST_F(HttpServerTest, LeavesOneLineForEachRequest) {
