@@ -1,18 +1,32 @@
-// A shop for trying the web search: its pages, and the agent that reads them.
+// The demonstration shops' answers to requests.
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "server/http_message.h"
 #include "server/query.h"
 
 namespace brovanta::server {
 
-/// The agent file of the demonstration: one category and one agent, whose shop is this server.
-[[nodiscard]] std::string DemoAgentFile();
+/// All addresses of the shops begin with it.
+inline constexpr std::string_view kDemoShopRoot = "/demo/";
 
-/// "/demo/market?words=..." lists the products whose name holds one of the words, all without
-/// words; "/demo/market/item?no=N" shows one. Nothing for any other address and for unknown items.
-[[nodiscard]] std::optional<std::string> DemoShopPage(const Target& target);
+/// Bytes of search words that a shop looks at; handhelds send no more.
+inline constexpr std::size_t kMaxSearchBytes = 100;
+
+/// What "/demo/" and the addresses below it answer; nothing where there is nothing.
+/// - "/demo/": the list of the shops
+/// - "/demo/SHOP/search?q=WORDS&dept=N": what a shop has for the words, everything without words,
+///   in the department or, without one, in all of them
+/// - "/demo/SHOP/item?no=N": an article that the shop sells
+/// `host` is this server as the client knows it. A slow shop's answers are to be given `slowness`
+/// later.
+[[nodiscard]] std::optional<HttpAnswer> DemoShopAnswer(const Target& target,
+                                                       const std::string& host,
+                                                       std::chrono::milliseconds slowness);
 
 }  // namespace brovanta::server

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "server/coupon_words.h"
+#include "server/demo_agents.h"
 #include "server/demo_catalog.h"
-#include "server/demo_shop.h"
 #include "util/number.h"
 
 namespace brovanta::server {

@@ -9,8 +9,8 @@ namespace brovanta::server {
 inline constexpr int kDemoCouponCount = 200;
 inline constexpr int kDemoDealCount = 100;
 
-/// 30 stores, 20 categories, 200 coupons and 100 deals around `today`, and an agent file whose one
-/// shop is this server. The same for the same day.
+/// 30 stores, 20 categories, 200 coupons and 100 deals around `today`, and an agent file whose
+/// shops are on this server. The same for the same day.
 [[nodiscard]] Import DemoWorld(Day today);
 
 }  // namespace brovanta::server

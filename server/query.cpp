@@ -60,6 +60,12 @@ std::optional<std::string> FormDecoded(std::string_view text) {
   return decoded;
 }
 
+std::string_view WithoutCutEscape(std::string_view text) {
+  const std::size_t percent = text.rfind('%');
+  const bool cut = percent != std::string_view::npos && text.size() - percent < 3;
+  return cut ? text.substr(0, percent) : text;
+}
+
 std::optional<std::int32_t> IdParameter(const Target& target, const std::string& name) {
   const auto found = target.parameters.find(name);
   if (found == target.parameters.end() || found->second.empty()) return std::nullopt;

@@ -21,6 +21,9 @@ struct Target {
 /// "+" as a blank and "%41" as "A"; nothing for a "%" without two hexadecimal digits.
 [[nodiscard]] std::optional<std::string> FormDecoded(std::string_view text);
 
+/// The text without a "%" and perhaps one digit at its end: handhelds cut long addresses anywhere.
+[[nodiscard]] std::string_view WithoutCutEscape(std::string_view text);
+
 /// The parameter as an id, 0 to the largest 32-bit number; nothing when it is missing or anything
 /// else. Leading zeros are accepted.
 [[nodiscard]] std::optional<std::int32_t> IdParameter(const Target& target,

@@ -42,7 +42,8 @@ HttpAnswer Responder::Answer(const HttpRequest& request) {
   if (request.method != "GET" && request.method != "HEAD") {
     return Html(405, MessagePage("Method not allowed", "This server only answers GET and HEAD."));
   }
-  const auto target = ParseTarget(request.target);
+  const bool in_shop = settings_.demo_shops && request.target.starts_with(kDemoShopRoot);
+  const auto target = ParseTarget(in_shop ? WithoutCutEscape(request.target) : request.target);
   if (!target) return BadQuery("The address cannot be read.");
   if (target->path == "/webspider.xml") return Agents(request);
   if (target->path == "/stores.aspx") return List(ListKind::kStores, *target);
@@ -50,18 +51,23 @@ HttpAnswer Responder::Answer(const HttpRequest& request) {
   if (target->path == "/coupons.aspx") return Coupons(*target);
   if (target->path == "/coupons/coupon.aspx") return Page(CouponSource::kCoupon, *target);
   if (target->path == "/coupons/deal.aspx") return Page(CouponSource::kDeal, *target);
-  if (settings_.demo_shops) {
-    if (auto page = DemoShopPage(*target)) return Html(200, *std::move(page));
+  if (in_shop) {
+    auto answer = DemoShopAnswer(*target, HostOf(request), settings_.slow_shop);
+    if (answer) return *std::move(answer);
   }
   return NotFound("There is nothing at this address.");
+}
+
+// The server as the client knows it.
+std::string Responder::HostOf(const HttpRequest& request) const {
+  return IsPlainHost(request.host) ? request.host : settings_.address;
 }
 
 HttpAnswer Responder::Agents(const HttpRequest& request) {
   std::optional<std::string> bytes;
   if (!store_->ReadAgentFile(bytes)) return Unreadable();
   if (!bytes) return NotFound("This server has no search agents.");
-  const bool named = IsPlainHost(request.host);
-  return {200, "text/xml", WithServerAddress(*bytes, named ? request.host : settings_.address)};
+  return {200, "text/xml", WithServerAddress(*bytes, HostOf(request))};
 }
 
 HttpAnswer Responder::List(ListKind kind, const Target& target) {

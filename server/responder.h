@@ -1,6 +1,7 @@
 // Answers the requests of handhelds and browsers from the store.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -16,6 +17,7 @@ class Responder {
   struct Settings {
     std::string address;      ///< stands for the server where a request names no host
     bool demo_shops = false;  ///< whether the demonstration shops are open
+    std::chrono::milliseconds slow_shop{4'000};  ///< how long the slow one of them takes
   };
 
   Responder(std::unique_ptr<Store> store, Settings settings);
@@ -26,6 +28,7 @@ class Responder {
   [[nodiscard]] HttpAnswer Answer(const HttpRequest& request);
 
  private:
+  [[nodiscard]] std::string HostOf(const HttpRequest& request) const;
   [[nodiscard]] HttpAnswer Agents(const HttpRequest& request);
   [[nodiscard]] HttpAnswer List(ListKind kind, const Target& target);
   [[nodiscard]] HttpAnswer Coupons(const Target& target);

@@ -2,81 +2,115 @@
 
 #include <gmock/gmock.h>
 
-#include "server/agent_file.h"
-#include "util/text.h"
+#include "server/demo_shops.h"
 
 namespace brovanta::server {
 namespace {
 
+using std::chrono::milliseconds;
+using testing::AllOf;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::Not;
 
-std::string Page(std::string_view target) {
-  return DemoShopPage(ParseTarget(target).value_or(Target{})).value_or("");
+constexpr milliseconds kSlowness{77};
+
+std::optional<HttpAnswer> Ask(const std::string& target) {
+  return DemoShopAnswer(ParseTarget(target).value_or(Target{}), "shop:1", kSlowness);
 }
 
-std::string Marker(const char* opening, const char* closing) {
-  return TagText(DemoAgentFile().c_str(), opening, closing).value_or("");
+HttpAnswer Get(const std::string& target) {
+  const auto answer = Ask(target);
+  EXPECT_TRUE(answer) << target;
+  return answer.value_or(HttpAnswer{});
 }
 
-TEST(DemoAgentFile, IsAnAgentFile) { EXPECT_THAT(AgentFileProblems(DemoAgentFile()), IsEmpty()); }
-
-TEST(DemoAgentFile, LeadsBackToThisServer) {
-  EXPECT_EQ(Marker("<SiteAddress>", "</SiteAddress>"), "http://{server}");
-  EXPECT_EQ(Marker("<FormatString>", "</FormatString>"),
-            "http://{server}/demo/market?words= KEYWORD ");
+TEST(DemoShop, ListsWhatItHas) {
+  const HttpAnswer answer = Get("/demo/millstream/search?dept=1&q=MILK+whole");
+  EXPECT_EQ(answer.status, 200);
+  EXPECT_EQ(answer.content_type, "text/html; charset=utf-8");
+  EXPECT_EQ(answer.delay, milliseconds(0));
+  EXPECT_THAT(answer.body, AllOf(HasSubstr("Whole Milk 1&nbsp;l"), Not(HasSubstr("Low Fat"))));
 }
 
-TEST(DemoShopPage, ListsWhatHoldsAnyOfTheWords) {
-  const std::string page = Page("/demo/market?words=MILK+tea");
-  EXPECT_THAT(page, HasSubstr(">Whole Milk</a></td><td class=\"price\">$3.49</td></tr>"));
-  EXPECT_THAT(page, HasSubstr(">Earl Grey Tea<"));
-  EXPECT_THAT(page, Not(HasSubstr("Bananas")));
+TEST(DemoShop, StaysInTheDepartment) {
+  EXPECT_THAT(Get("/demo/hilltop/search?dept=3&q=coffee").body,
+              AllOf(HasSubstr("Coffee Grinder 100 g</span>"), Not(HasSubstr("Coffee Beans</span>")),
+                    HasSubstr(" in Electronics</p>")));
+  EXPECT_FALSE(Ask("/demo/golden-acre/search?dept=2&q=soap"));
 }
 
-TEST(DemoShopPage, ListsEverythingWithoutWords) {
-  EXPECT_THAT(Page("/demo/market"), HasSubstr("Bananas"));
-  EXPECT_THAT(Page("/demo/market?words="), HasSubstr("Newborn Diapers"));
+TEST(DemoShop, OneSpeaksWindows1252) {
+  const HttpAnswer answer = Get("/demo/golden-acre/search?q=cr%ffme+fra%FFche");
+  EXPECT_EQ(answer.content_type, "text/html; charset=windows-1252");
+  EXPECT_THAT(answer.body, HasSubstr(" Cr\xE8me Fra\xEE"
+                                     "che "));
+  EXPECT_THAT(answer.body, HasSubstr("<h1>cr?me fra?che</h1>"));
 }
 
-TEST(DemoShopPage, MayFindNothing) {
-  const std::string page = Page("/demo/market?words=submarine");
-  EXPECT_THAT(page, HasSubstr(Marker("<EndHeader>", "</EndHeader>")));
-  EXPECT_THAT(page, Not(HasSubstr(Marker("<StartResult>", "</StartResult>"))));
+TEST(DemoShop, OneSendsElsewhereFirst) {
+  const HttpAnswer moved = Get("/demo/lighthouse/search?dept=1&q=whole+milk%0D%0A%26%ff");
+  EXPECT_EQ(moved.status, 302);
+  EXPECT_EQ(moved.location,
+            "http://shop:1/demo/lighthouse/results?q=whole%20milk%20%20%26%FF&dept=1");
+  EXPECT_THAT(Get("/demo/lighthouse/results?q=milk&dept=1").body,
+              HasSubstr("<a href=\"http://shop:1/demo/lighthouse/item?no="));
+  EXPECT_FALSE(Ask("/demo/millstream/results?q=milk"));
 }
 
-// Cuts the page by hand as the agent's markers say, without their wildcard.
-TEST(DemoShopPage, HasTheMarkersOfItsAgentWhereTheyBelong) {
-  const std::string page = Page("/demo/market?words=bananas");
-  const std::string start = Marker("<StartResult>", "</StartResult>");
-  const std::string end = Marker("<EndResult>", "</EndResult>");
-  const std::size_t at = page.find(start);
-  ASSERT_NE(at, std::string::npos);
-  EXPECT_GT(at, page.find(Marker("<EndHeader>", "</EndHeader>")));
-  const std::string block = page.substr(at, page.find(end, at) + end.size() - at);
-  EXPECT_EQ(block,
-            "<tr class=\"item\"><td><a href=\"/demo/market/item?no=47\">Bananas</a></td>"
-            "<td class=\"price\">$1.39</td></tr>");
-  EXPECT_EQ(TagText(block.c_str(), "<a href=\"", "\">Bananas"), "/demo/market/item?no=47");
-  EXPECT_EQ(TagText(block.c_str(), "no=47\">", "</a>"), "Bananas");
-  EXPECT_EQ(TagText(block.c_str(), "<td class=\"price\">", "</td></tr>"), "$1.39");
+TEST(DemoShop, OneIsSlow) {
+  const HttpAnswer answer = Get("/demo/slow-boat/search?q=milk");
+  EXPECT_EQ(answer.delay, kSlowness);
+  EXPECT_THAT(answer.body, HasSubstr("Whole Milk"));
 }
 
-TEST(DemoShopPage, LinksLeadToItems) {
-  const std::string page = Page("/demo/market/item?no=47");
-  EXPECT_THAT(page, HasSubstr("<h1>Bananas</h1>"));
-  EXPECT_THAT(page, HasSubstr("$1.39"));
-  EXPECT_THAT(page, HasSubstr("<dd>Fruit</dd>"));
+TEST(DemoShop, OneIsBrokenInEveryDepartmentInItsOwnWay) {
+  EXPECT_EQ(Get("/demo/creaky-gate/search?dept=1&q=milk").status, 500);
+  EXPECT_EQ(Get("/demo/creaky-gate/search?q=milk").status, 500);
+  const std::string garbage = Get("/demo/creaky-gate/search?dept=2&q=soap").body;
+  EXPECT_GT(garbage.size(), 10'000u);
+  EXPECT_NE(garbage.find('\0'), std::string::npos);
+  const std::string cut = Get("/demo/creaky-gate/search?dept=3&q=cable").body;
+  EXPECT_THAT(cut, AllOf(HasSubstr("<table class=\"results\">"), HasSubstr("Cable"),
+                         Not(HasSubstr("</table>"))));
 }
 
-TEST(DemoShopPage, KnowsNoOtherAddresses) {
-  for (const char* target :
-       {"/demo", "/demo/market/", "/demo/market/item", "/demo/market/item?no=0",
-        "/demo/market/item?no=101", "/demo/market/item?no=x"}) {
-    EXPECT_EQ(Page(target), "") << target;
+TEST(DemoShop, ShowsEachArticleThatItSells) {
+  for (const DemoShop& shop : DemoShops()) {
+    for (const Article& article : Articles()) {
+      const auto answer =
+          Ask("/demo/" + std::string(shop.folder) + "/item?no=" + std::to_string(article.number));
+      ASSERT_EQ(answer.has_value(), shop.Sells(article)) << shop.name << ": " << article.name;
+    }
   }
-  EXPECT_NE(Page("/demo/market/item?no=100"), "");
+  EXPECT_THAT(Get("/demo/pinecrest/item?no=6").body, HasSubstr("Lactose Free Milk 2 l</h1>"));
+}
+
+TEST(DemoShop, TheLargePagesLinksAreQueriesToItself) {
+  const std::string no =
+      std::to_string(FindInShop(DemoShops()[3], Department::kGroceries, "milk").at(0)->number);
+  EXPECT_EQ(Get("/demo/hilltop/search?no=" + no).body, Get("/demo/hilltop/item?no=" + no).body);
+}
+
+TEST(DemoShop, LooksAtAHundredBytesOfTheWords) {
+  EXPECT_THAT(Get("/demo/juniper/search?q=" + std::string(97, 'x') + "%3Cyz12345").body,
+              HasSubstr("<h1>" + std::string(97, 'x') + "&lt;yz</h1>"));
+  EXPECT_EQ(kMaxSearchBytes, 100u);
+}
+
+TEST(DemoShop, ListsItsNeighbours) {
+  EXPECT_THAT(Get("/demo/").body, HasSubstr(">Slow Boat Traders</a>"));
+}
+
+TEST(DemoShop, KnowsNoOtherAddresses) {
+  for (const char* target :
+       {"/demo", "/demo/millstream", "/demo/millstream/", "/demo/millstream/Search?q=x",
+        "/demo/nowhere/search?q=x", "/demo/millstream/item", "/demo/millstream/item?no=0",
+        "/demo/millstream/item?no=100000", "/demo/millstream/item?no=x", "/demo//search?q=x",
+        "/demo/millstream/search?dept=0&q=x", "/demo/millstream/search?dept=3&q=x",
+        "/demo/millstream/search?dept=x&q=x", "/demo/millstream/search?dept=4&q=x",
+        "/demo/millstream/search/?q=x", "/demo/hilltop/search?no=x"}) {
+    EXPECT_FALSE(Ask(target).has_value()) << target;
+  }
 }
 
 }  // namespace

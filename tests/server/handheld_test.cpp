@@ -15,8 +15,6 @@
 namespace brovanta::server {
 namespace {
 
-using testing::HasSubstr;
-
 class HandheldTest : public StoreTest {
  protected:
   void SetUp() override {
@@ -135,19 +133,6 @@ TEST_F(HandheldTest, TheLargestFeedArrivesWhole) {
   import.agents = agents;
   ASSERT_EQ(store_->Apply(import), std::vector<Problem>{});
   EXPECT_EQ(Download("/webspider.xml"), agents);
-}
-
-TEST_F(HandheldTest, AnAgentReachesTheDemonstrationShop) {
-  std::string agents = DemoWorld(Today()).agents.value_or("");
-  Import import;
-  import.agents = agents;
-  ASSERT_EQ(store_->Apply(import), std::vector<Problem>{});
-  EXPECT_THAT(Download("/webspider.xml"), HasSubstr("<FormatString>http://" + server_->address() +
-                                                    "/demo/market?words= KEYWORD "));
-  const auto page =
-      DownloadUrlToBuffer("http://" + server_->address() + "/demo/market?words=milk", 0, cancel_);
-  ASSERT_TRUE(page);
-  EXPECT_THAT(*page, HasSubstr(">Whole Milk</a>"));
 }
 
 }  // namespace

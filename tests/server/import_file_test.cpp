@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "server/demo_shop.h"
+#include "server/demo_agents.h"
 #include "tests/server/test_store.h"
 
 namespace brovanta::server {

@@ -43,6 +43,16 @@ TEST(FormDecoded, UndoesTheEncodingOfForms) {
   EXPECT_EQ(FormDecoded("100%"), std::nullopt);
 }
 
+TEST(WithoutCutEscape, TakesOffOnlyWhatIsIncompleteAtTheEnd) {
+  EXPECT_EQ(WithoutCutEscape("a%20b%"), "a%20b");
+  EXPECT_EQ(WithoutCutEscape("a%20b%2"), "a%20b");
+  EXPECT_EQ(WithoutCutEscape("a%20"), "a%20");
+  EXPECT_EQ(WithoutCutEscape("a%zz"), "a%zz");
+  EXPECT_EQ(WithoutCutEscape("%"), "");
+  EXPECT_EQ(WithoutCutEscape("ab"), "ab");
+  EXPECT_EQ(WithoutCutEscape(""), "");
+}
+
 TEST(IdParameter, ReadsIds) {
   EXPECT_EQ(IdParameter(Parsed("/x?idx=0"), "idx"), 0);
   EXPECT_EQ(IdParameter(Parsed("/x?idx=007"), "idx"), 7);

@@ -25,7 +25,8 @@ class ResponderTest : public StoreTest {
 
   HttpAnswer Ask(const HttpRequest& request) {
     if (!responder_) {
-      responder_ = std::make_unique<Responder>(Open(), Responder::Settings{"127.0.0.1:9", demo_});
+      responder_ = std::make_unique<Responder>(
+          Open(), Responder::Settings{.address = "127.0.0.1:9", .demo_shops = demo_});
     }
     return responder_->Answer(request);
   }
@@ -178,8 +179,9 @@ TEST_F(ResponderTest, RefusesBadQueries) {
 }
 
 TEST_F(ResponderTest, KnowsNoOtherAddresses) {
-  for (const char* target : {"/", "/stores", "/Stores.aspx?idx=0", "/stores.aspx/?idx=0",
-                             "/coupons/", "/webspider.xml/", "/../etc/passwd", "/demo/market"}) {
+  for (const char* target :
+       {"/", "/stores", "/Stores.aspx?idx=0", "/stores.aspx/?idx=0", "/coupons/", "/webspider.xml/",
+        "/../etc/passwd", "/demo/", "/demo/millstream/search?q=milk"}) {
     EXPECT_EQ(Get(target).status, 404) << target;
   }
 }
@@ -201,10 +203,18 @@ TEST_F(ResponderTest, SaysSoWhenTheDatabaseCannotBeRead) {
   }
 }
 
-TEST_F(ResponderTest, OpensTheDemonstrationShopOnlyWhenAsked) {
+TEST_F(ResponderTest, OpensTheDemonstrationShopsOnlyWhenAsked) {
   demo_ = true;
-  EXPECT_EQ(Get("/demo/market?words=milk").status, 200);
-  EXPECT_EQ(Get("/demo/market/item?no=1000").status, 404);
+  EXPECT_EQ(Get("/demo/millstream/search?q=milk").status, 200);
+  EXPECT_EQ(Get("/demo/millstream/item?no=1000").status, 404);
+}
+
+TEST_F(ResponderTest, ShopsLeadToTheServerThatWasAsked) {
+  demo_ = true;
+  EXPECT_EQ(Get("/demo/lighthouse/search?q=milk", "shop:1").location,
+            "http://shop:1/demo/lighthouse/results?q=milk");
+  EXPECT_EQ(Get("/demo/lighthouse/search?q=milk", "a\r\nb").location,
+            "http://127.0.0.1:9/demo/lighthouse/results?q=milk");
 }
 
 TEST_F(ResponderTest, AnUpdateFromTheDemonstrationBringsEverything) {
@@ -217,7 +227,7 @@ TEST_F(ResponderTest, AnUpdateFromTheDemonstrationBringsEverything) {
     }
     return found;
   };
-  EXPECT_EQ(count(Get("/webspider.xml").body, "<WebAgent>"), 1);
+  EXPECT_EQ(count(Get("/webspider.xml").body, "<WebAgent>"), 17);
   EXPECT_EQ(count(Get("/stores.aspx?idx=0&user=x").body, "<IT>"), 30);
   EXPECT_EQ(count(Get("/categories.aspx?idx=0&user=x").body, "<IT>"), 20);
   EXPECT_EQ(count(Get("/coupons.aspx?idx=0&edx=0&user=x").body, "<CP>"), 300);

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "server/demo_shop.h"
+#include "server/demo_agents.h"
 #include "tests/server/raw_client.h"
 #include "tests/server/server_process.h"
 #include "tests/support/temp_folder.h"
@@ -149,8 +149,9 @@ TEST_F(RunServerTest, TheDemonstrationFillsAnEmptyDatabaseOnce) {
   {
     const auto server = Serve({"--demo"});
     EXPECT_THAT(Get("/stores.aspx?idx=29&user=x"), StartsWith("<IT><ID>30</ID>"));
-    EXPECT_THAT(Get("/webspider.xml"), HasSubstr("http://" + address_ + "/demo/market?"));
-    EXPECT_THAT(Get("/demo/market?words=milk"), HasSubstr("Whole Milk"));
+    EXPECT_THAT(Get("/webspider.xml"),
+                HasSubstr("http://" + address_ + "/demo/millstream/search?"));
+    EXPECT_THAT(Get("/demo/golden-acre/search?q=milk"), HasSubstr("Whole Milk"));
   }
   folder_.WriteText("s.csv", "id,name\n30,Renamed\n");
   ASSERT_EQ(RunWithData({"import", "stores", folder_.File("s.csv")}).status, 0);

@@ -13,7 +13,7 @@ constexpr int kThreads = 2;
 
 }  // namespace
 
-RunningServer::RunningServer() {
+RunningServer::RunningServer(std::chrono::milliseconds slow_shop) : slow_shop_(slow_shop) {
   std::string error;
   store_ = server::Store::Open(folder_.File("served.db"), server::sqlite::OpenMode::kCreate, error);
   EXPECT_NE(store_, nullptr) << error;
@@ -53,7 +53,8 @@ void RunningServer::Serve(std::uint16_t port) {
     ASSERT_NE(store, nullptr) << error;
     auto responder = std::make_shared<server::Responder>(
         std::move(store),
-        server::Responder::Settings{.address = listener->address, .demo_shops = true});
+        server::Responder::Settings{
+            .address = listener->address, .demo_shops = true, .slow_shop = slow_shop_});
     handlers.emplace_back(
         [responder](const server::HttpRequest& request) { return responder->Answer(request); });
   }

@@ -1,6 +1,7 @@
 // A server within the test's own process, for tests of what asks it.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -18,7 +19,8 @@ namespace brovanta::test {
 /// destroyed or stopped.
 class RunningServer {
  public:
-  RunningServer();
+  /// The demonstration's shops are open; the slow one takes so long.
+  explicit RunningServer(std::chrono::milliseconds slow_shop = std::chrono::milliseconds(4'000));
 
   /// "http://127.0.0.1:PORT"; stays the same after Stop and Restart.
   [[nodiscard]] const std::string& url() const { return url_; }
@@ -41,6 +43,7 @@ class RunningServer {
   void Serve(std::uint16_t port);
 
   TempFolder folder_;
+  std::chrono::milliseconds slow_shop_;
   std::unique_ptr<server::Store> store_;
   mutable std::mutex mutex_;
   std::vector<std::string> log_;

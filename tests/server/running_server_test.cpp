@@ -28,7 +28,7 @@ TEST(RunningServerTest, ServesWhatIsImportedWhileItRuns) {
 TEST(RunningServerTest, TheDemonstrationCanBeAddedTo) {
   RunningServer server;
   server.FillWithDemo(*server::ParseDay("2026-11-14"));
-  EXPECT_THAT(Get(server, "/webspider.xml"), HasSubstr(server.url() + "/demo/market?"));
+  EXPECT_THAT(Get(server, "/webspider.xml"), HasSubstr(server.url() + "/demo/millstream/search?"));
   EXPECT_EQ(Get(server, "/stores.aspx?idx=30&user=x"), "");
   EXPECT_TRUE(server.Import(Subject::kStores, "id,name\n31,New Shop\n"));
   EXPECT_EQ(Get(server, "/stores.aspx?idx=30&user=x"), "<IT><ID>31</ID><NM>New Shop</NM></IT>\n");
