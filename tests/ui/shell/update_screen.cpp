@@ -36,7 +36,8 @@ bool StateWatch::Has(const ShownState& state) const {
 }
 
 bool StateWatch::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == dialog_ && event->type() == QEvent::MetaCall) {
+  // The type first: other events come while the dialog is destroyed and is a QDialog no more.
+  if (event->type() == QEvent::MetaCall && watched == dialog_) {
     Note();
     QTimer::singleShot(0, this, [this] { Note(); });
   }
