@@ -1,5 +1,6 @@
 #include "net/update/update_sequence.h"
 
+#include <new>
 #include <optional>
 #include <span>
 #include <utility>
@@ -28,11 +29,11 @@ constexpr SharedList kCategories{"categories", &ShoppingDatabase::categories,
                                  &DatabasePaths::category, &CategoriesRequest};
 
 std::int32_t ImportAndSave(NameList& names, const std::string& feed, const std::string& path) {
-  NameList before = names;
-  std::int32_t code = ImportList(names, feed);
-  if (code == 0) code = names.Save(path);
-  // What the file did not take is not kept in memory either.
-  if (code != 0) names = std::move(before);
+  // What the file does not take is not kept in memory either.
+  NameList imported = names;
+  std::int32_t code = ImportList(imported, feed);
+  if (code == 0) code = imported.Save(path);
+  if (code == 0) names = std::move(imported);
   return code;
 }
 
@@ -71,6 +72,9 @@ class UpdateSequence {
     return done ? code : kUpdateLeftBehind;
   }
   std::int32_t CheckedConfiguration() const;
+  std::int32_t TakeConfiguration();
+  std::int32_t BringList(const SharedList& shared);
+  std::int32_t BringCoupons();
 
   void Start(const std::string& what) { host_.Show("Updating " + what + "..."); }
   std::int32_t Finish(const std::string& what) {
@@ -78,8 +82,16 @@ class UpdateSequence {
     host_.FinishStep();
     return 0;
   }
-  std::int32_t Fail(const std::string& text, std::int32_t code) {
-    if (code != HTTP_ERR_CANCELLED && code != kUpdateLeftBehind) host_.Show(text);
+  // The code of the work; the text is shown when that is a failure.
+  template <typename Work>
+  std::int32_t Try(const std::string& failure, Work work) {
+    std::int32_t code = kHttpNoMemory;
+    try {
+      code = work();
+    } catch (const std::bad_alloc&) {
+    }
+    const bool failed = code != 0 && code != HTTP_ERR_CANCELLED && code != kUpdateLeftBehind;
+    if (failed) host_.Show(failure);
     return code;
   }
 
@@ -89,15 +101,18 @@ class UpdateSequence {
 
 std::int32_t UpdateSequence::UpdateAgents() {
   Start("search agents");
-  std::int32_t code = Download(AgentsRequest(job_.server));
-  if (code != 0) return Fail("Failed to download search agents.", code);
-  code = CheckedConfiguration();
+  std::int32_t code = Try("Failed to download search agents.",
+                          [this] { return Download(AgentsRequest(job_.server)); });
   if (code == 0) {
-    code = WithDatabase(
-        [this](ShoppingDatabase&) { return CopyFile(job_.scratch_path, job_.configuration_path); });
+    code = Try("Failed to update search agents.", [this] { return TakeConfiguration(); });
   }
-  if (code != 0) return Fail("Failed to update search agents.", code);
-  return Finish("search agents");
+  return code != 0 ? code : Finish("search agents");
+}
+
+std::int32_t UpdateSequence::TakeConfiguration() {
+  if (const std::int32_t code = CheckedConfiguration(); code != 0) return code;
+  return WithDatabase(
+      [this](ShoppingDatabase&) { return CopyFile(job_.scratch_path, job_.configuration_path); });
 }
 
 std::int32_t UpdateSequence::CheckedConfiguration() const {
@@ -109,6 +124,12 @@ std::int32_t UpdateSequence::CheckedConfiguration() const {
 
 std::int32_t UpdateSequence::UpdateList(const SharedList& shared) {
   Start(shared.name);
+  const std::int32_t code =
+      Try("Failed to update " + std::string(shared.name) + ".", [&] { return BringList(shared); });
+  return code != 0 ? code : Finish(shared.name);
+}
+
+std::int32_t UpdateSequence::BringList(const SharedList& shared) {
   std::string url;
   std::int32_t code = WithDatabase([&](ShoppingDatabase& database) {
     NameList& names = (database.*shared.list)();
@@ -118,31 +139,30 @@ std::int32_t UpdateSequence::UpdateList(const SharedList& shared) {
     return 0;
   });
   if (code == 0) code = Download(url);
-  if (code == 0) {
-    code = WithDatabase([&](ShoppingDatabase& database) {
-      return ImportAndSave((database.*shared.list)(), job_.scratch_path,
-                           database.paths().*shared.path);
-    });
-  }
-  if (code != 0) return Fail("Failed to update " + std::string(shared.name) + ".", code);
-  return Finish(shared.name);
+  if (code != 0) return code;
+  return WithDatabase([&](ShoppingDatabase& database) {
+    return ImportAndSave((database.*shared.list)(), job_.scratch_path,
+                         database.paths().*shared.path);
+  });
 }
 
 std::int32_t UpdateSequence::UpdateCoupons() {
   Start("coupons");
+  const std::int32_t code = Try("Failed to update coupons.", [this] { return BringCoupons(); });
+  return code != 0 ? code : Finish("coupons");
+}
+
+std::int32_t UpdateSequence::BringCoupons() {
   std::optional<std::string> url;
   std::int32_t code = WithDatabase([&](ShoppingDatabase& database) {
     url = CouponsRequest(job_.server, database.discounts().MaxIds());
     return url ? 0 : kUpdateFailed;
   });
   if (code == 0) code = Download(*url);
-  if (code == 0) {
-    code = WithDatabase([&](ShoppingDatabase& database) {
-      return ImportCoupons(database.discounts(), job_.scratch_path);
-    });
-  }
-  if (code != 0) return Fail("Failed to update coupons.", code);
-  return Finish("coupons");
+  if (code != 0) return code;
+  return WithDatabase([&](ShoppingDatabase& database) {
+    return ImportCoupons(database.discounts(), job_.scratch_path);
+  });
 }
 
 }  // namespace

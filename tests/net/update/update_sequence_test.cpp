@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -224,6 +225,26 @@ TEST_F(UpdateSequenceTest, ListThatCannotBeWrittenFailsAndIsNotKeptInMemory) {
   EXPECT_TRUE(database_.stores().empty());
   holder.Close();
   EXPECT_EQ(folder_.Read("store.lst"), RawListFile({}));
+}
+
+TEST_F(UpdateSequenceTest, MemoryThatRunsOutHasTheLineOfItsStep) {
+  const std::vector<std::pair<std::string, std::string>> steps{
+      {"/webspider.xml", "Failed to download search agents."},
+      {"/stores.aspx", "Failed to update stores."},
+      {"/categories.aspx", "Failed to update categories."},
+      {"/coupons.aspx", "Failed to update coupons."},
+  };
+  for (const auto& [page, line] : steps) {
+    UpdateJob job = Job();
+    job.download = [inner = job.download, page = page](const std::string& url,
+                                                       const std::string& path,
+                                                       const std::atomic<std::int32_t>& flag) {
+      if (url.find(page) != std::string::npos) throw std::bad_alloc();
+      return inner(url, path, flag);
+    };
+    EXPECT_EQ(RunUpdate(job, host_), -1) << page;
+    EXPECT_EQ(LastLine(), line);
+  }
 }
 
 TEST_F(UpdateSequenceTest, ErrorPagesInPlaceOfFeedsImportNothing) {
