@@ -44,7 +44,7 @@ class HttpReceiver {
 
 /// What the requests of one download have in common. Nothing outlives a request: each has a
 /// connection of its own, there are no cookies and no redirects, and no compression is asked for.
-/// The system's proxy settings are honoured. One thread.
+/// The system's proxy settings are honoured, except for a server on this very machine. One thread.
 class HttpSession {
  public:
   /// `context` is the caller's own value, kept beside each request for who looks at it from

@@ -79,6 +79,8 @@ bool HttpTransfer::SetOptions(const HttpUrl& url) {
   option(CURLOPT_URL, url.Address().c_str());
   option(CURLOPT_PROTOCOLS_STR, "http");
   option(CURLOPT_PATH_AS_IS, 1L);
+  // A proxy could not reach the machine that asks, or would reach its own.
+  if (url.is_this_machine()) option(CURLOPT_NOPROXY, "*");
   option(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
   option(CURLOPT_HTTPHEADER, header_list_.get());
   option(CURLOPT_FOLLOWLOCATION, 0L);

@@ -49,6 +49,12 @@ std::optional<std::string> Part(CURLU* url, CURLUPart which, unsigned int flags)
 
 }  // namespace
 
+bool HttpUrl::is_this_machine() const {
+  const bool digits_and_points = server.find_first_not_of("0123456789.") == std::string::npos;
+  return (digits_and_points && server.starts_with("127.")) || server == "[::1]" ||
+         curl_strequal(server.c_str(), "localhost") != 0;
+}
+
 std::string HttpUrl::Address() const {
   std::string address = service + "://" + server;
   if (port != kHttpPort) address.append(":").append(std::to_string(port));

@@ -17,6 +17,9 @@ struct HttpUrl {
 
   [[nodiscard]] bool is_http() const { return service == "http"; }
 
+  /// Whether the server is a name of the very machine that asks: "localhost" or a loopback number.
+  [[nodiscard]] bool is_this_machine() const;
+
   /// The whole address of an HTTP object again, for a request.
   [[nodiscard]] std::string Address() const;
 

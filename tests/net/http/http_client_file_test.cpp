@@ -48,6 +48,19 @@ TEST_F(DownloadToFileTest, ProxyOfTheSystemIsAskedInTheSameWords) {
             "\r\n");
 }
 
+TEST_F(DownloadToFileTest, ServerOnThisMachineIsAskedWithoutTheProxy) {
+  const LoopbackServer server(Sending(HttpReply("200 OK", "directly")));
+  const LoopbackServer proxy(Sending(HttpReply("200 OK", "by proxy")));
+  setenv("http_proxy", proxy.Url().c_str(), 1);
+  const std::string port = std::to_string(server.port());
+  for (const char* host : {"127.0.0.1", "localhost", "LocalHost"}) {
+    EXPECT_EQ(ToFile("http://" + std::string(host) + ":" + port + "/webspider.xml"), 0) << host;
+    EXPECT_EQ(Saved(), "directly") << host;
+  }
+  unsetenv("http_proxy");
+  EXPECT_TRUE(proxy.requests().empty());
+}
+
 TEST_F(DownloadToFileTest, EveryOtherStatusIsSuccessAndSaved) {
   for (const char* status :
        {"200 OK", "201 Created", "307 Temporary Redirect", "308 Permanent Redirect",

@@ -103,5 +103,15 @@ TEST(HttpUrlTest, AddressLeavesTheUsualPortOut) {
   EXPECT_EQ(SplitUrl("http://shop.example:8080")->Address(), "http://shop.example:8080/");
 }
 
+TEST(HttpUrlTest, KnowsTheNamesOfThisMachine) {
+  for (const char* server : {"localhost", "LOCALHOST", "127.0.0.1", "127.9.8.7", "[::1]"}) {
+    EXPECT_TRUE(SplitUrl("http://" + std::string(server) + ":8427/")->is_this_machine()) << server;
+  }
+  for (const char* server : {"shop.example", "localhost.example", "127.example",
+                             "127.0.0.1.example", "192.168.1.10", "10.127.0.1", "[::2]"}) {
+    EXPECT_FALSE(SplitUrl("http://" + std::string(server) + "/")->is_this_machine()) << server;
+  }
+}
+
 }  // namespace
 }  // namespace brovanta
