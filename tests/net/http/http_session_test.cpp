@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <future>
 #include <random>
 #include <string>
@@ -50,6 +52,11 @@ class HttpSessionTest : public testing::Test {
   std::atomic<std::int32_t> flag_{0};
   Collector answer_;
 };
+
+TEST_F(HttpSessionTest, WaitsHalfAMinuteUnlessToldOtherwise) {
+  EXPECT_EQ(HttpTimeouts{}.connect, std::chrono::seconds(30));
+  EXPECT_EQ(HttpTimeouts{}.silence, std::chrono::seconds(30));
+}
 
 TEST_F(HttpSessionTest, HandsOnStatusHeadersAndBody) {
   EXPECT_EQ(GetFrom("HTTP/1.1 200 Fine\r\nX-One: 1\r\nContent-Length: 4\r\n\r\nbody"), 0);
@@ -279,6 +286,26 @@ TEST_F(HttpSessionTest, CancelledWhileTheServerIsSilent) {
   auto result = std::async(std::launch::async, [&] { return Get(server.Url("/")); });
   ASSERT_EQ(result.wait_for(kAtOnce), std::future_status::ready);
   EXPECT_EQ(result.get(), 0x10000111);
+}
+
+TEST_F(HttpSessionTest, FlagIsLookedAtEveryTenthOfASecondAtLeast) {
+  using Clock = std::chrono::steady_clock;
+  Clock::time_point cancelled;
+  const LoopbackServer server([&](LoopbackPeer& peer, const std::string&) {
+    peer.Send("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nhalf");
+    if (peer.WaitUntilClosed(std::chrono::milliseconds(10))) return;
+    cancelled = Clock::now();
+    flag_ = 1;
+    peer.WaitUntilClosed();
+  });
+  // The quickest of some: a loaded machine may hold up one of them.
+  auto quickest = Clock::duration::max();
+  for (int round = 0; round < 5; ++round) {
+    flag_ = 0;
+    ASSERT_EQ(Get(server.Url("/")), 0x10000111);
+    quickest = std::min(quickest, Clock::now() - cancelled);
+  }
+  EXPECT_LE(quickest, std::chrono::milliseconds(100));
 }
 
 TEST_F(HttpSessionTest, CancelledBetweenTheHeaders) {
