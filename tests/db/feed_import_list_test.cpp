@@ -71,6 +71,17 @@ TEST_F(FeedImportListTest, LongListNamesFillTheirField) {
   }
 }
 
+TEST_F(FeedImportListTest, FeedCutAnywhereImportsTheWholeEntriesBeforeTheCut) {
+  const std::string first = "<IT><ID>1</ID><NM>Market</NM></IT>";
+  const std::string whole = first + "<IT><ID>2</ID><NM>Bakery</NM></IT>";
+  for (std::size_t size = 0; size <= whole.size(); ++size) {
+    names_.Clear();
+    ASSERT_EQ(List(whole.substr(0, size)), 0);
+    const std::string both = size == whole.size() ? "1=Market 2=Bakery" : "1=Market";
+    EXPECT_EQ(Names(), size < first.size() ? "" : both) << size;
+  }
+}
+
 TEST_F(FeedImportListTest, LargestIdIsTaken) {
   EXPECT_EQ(
       List("<IT><ID>2147483647</ID><NM>last</NM></IT><IT><ID>9999999999</ID><NM>same</NM></IT>"),
