@@ -10,7 +10,8 @@
 
 namespace brovanta::server {
 
-/// The handheld cuts what is longer, in the middle of an entry if need be.
+/// A handheld takes a feed of this size whole. Of one beyond 639,998 bytes it keeps no more than
+/// this, cut in the middle of an entry if need be.
 inline constexpr std::size_t kMaxFeedBytes = 638'976;
 
 /// "<IT>...</IT>" and a line feed.

@@ -125,7 +125,7 @@ TEST_F(HandheldTest, LaterUpdatesBringWhatIsNewAndWhatDidNotFit) {
   EXPECT_EQ(database_.discounts().size(), 3001u);
 }
 
-// The client keeps a body of this size whole; a byte more would cost it the last entry.
+// Of a body that is too long for it the client keeps no more than this.
 TEST_F(HandheldTest, TheLargestFeedArrivesWhole) {
   std::string agents(kMaxFeedBytes, ' ');
   agents[kMaxFeedBytes - 1] = '!';
