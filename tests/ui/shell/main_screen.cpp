@@ -272,7 +272,8 @@ bool DialogWatch::eventFilter(QObject* watched, QEvent* event) {
   if (opens) {
     qApp->removeEventFilter(this);
     // Queued, so that the dialog has started its own loop.
-    QTimer::singleShot(0, dialog, [this, dialog] { work_(*dialog); });
+    // The work is taken along: it may wait for a further dialog, which replaces this watch.
+    QTimer::singleShot(0, dialog, [work = std::move(work_), dialog] { work(*dialog); });
   }
   return false;
 }
