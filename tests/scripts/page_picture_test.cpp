@@ -22,9 +22,11 @@ constexpr char kAddress[] = "http://127.0.0.1:1/coupons/coupon.aspx?srcId=5";
 
 class PagePictureTest : public testing::Test {
  protected:
-  int Run(std::vector<std::string> arguments, const std::string& path) {
+  int Run(std::vector<std::string> arguments, const std::string& path,
+          const std::string& seconds = "90") {
     arguments.insert(arguments.begin(), {"/bin/bash", BROVANTA_SCRIPTS "/page-picture"});
-    ChildProcess script(arguments, folder_.File("errors"), {{"PATH", path}});
+    ChildProcess script(arguments, folder_.File("errors"),
+                        {{"PATH", path}, {"PAGE_PICTURE_SECONDS", seconds}});
     output_ = script.ReadAll();
     return script.Wait();
   }
@@ -32,7 +34,8 @@ class PagePictureTest : public testing::Test {
   // A folder of programs that holds what the script needs, and a browser of this text if any.
   std::string ProgramsWith(const std::string& browser) {
     fs::create_directories(folder_.File("bin"));
-    for (const char* name : {"bash", "mktemp", "rm", "mv", "id", "timeout", "tail", "printf"}) {
+    for (const char* name :
+         {"bash", "mktemp", "rm", "mv", "id", "timeout", "tail", "printf", "sleep"}) {
       fs::create_symlink(fs::exists(std::string("/usr/bin/") + name)
                              ? std::string("/usr/bin/") + name
                              : std::string("/bin/") + name,
@@ -73,6 +76,14 @@ TEST_F(PagePictureTest, SaysWhenTheBrowserDrawsNothing) {
   EXPECT_EQ(Run({kAddress, folder_.File("page.png")}, path), 1);
   EXPECT_THAT(Text("errors"),
               AllOf(StartsWith("Chromium could not draw"), HasSubstr("no such host\n")));
+  EXPECT_FALSE(fs::exists(folder_.File("page.png")));
+}
+
+TEST_F(PagePictureTest, GivesUpABrowserThatHangs) {
+  const std::string path = ProgramsWith("#!/bin/bash\ntrap '' TERM INT\nsleep 1000\n");
+  EXPECT_EQ(Run({kAddress, folder_.File("page.png")}, path, "0.2"), 4);
+  EXPECT_EQ(Text("errors"),
+            std::string("Chromium did not draw ") + kAddress + " within 0.2 seconds.\n");
   EXPECT_FALSE(fs::exists(folder_.File("page.png")));
 }
 
