@@ -135,7 +135,8 @@ Serves stores, categories, coupons and search agents to the Brovanta shopping pl
   --data FILE.db      the database; made when it is missing, except by export
   --listen HOST:PORT  where to listen, at first 127.0.0.1:8427; port 0 picks a free one
   --demo              fill an empty database with an invented household's world, and open
-                      the demonstration shop
+                      the demonstration shops; in one that holds it already, renew its
+                      coupons that are over
   --replace           empty the table before importing; otherwise entries with a known id are
                       replaced and all others stay
   --help, --version

@@ -41,12 +41,16 @@ std::string Amount(Dice& dice, int cents) {
   return FormatTwoDecimals(std::max(steps, 1) * 5 / 100.0);
 }
 
-std::string Description(Dice& dice, const Coupon& coupon, std::string_view store) {
+constexpr std::string_view kCodeStart = "Enter the code SAVE";
+constexpr std::size_t kCodeDigits = 4;
+
+// The code is used by internet codes only.
+std::string Description(CouponType type, std::string_view code, std::string_view store) {
   const std::string at(store);
-  switch (coupon.type) {
+  switch (type) {
     case CouponType::kInternetCode:
-      return "Enter the code SAVE" + std::to_string(1000 + dice.Roll(9000)) +
-             " when you order from " + at + ". One use for each household.";
+      return std::string(kCodeStart) + std::string(code) + " when you order from " + at +
+             ". One use for each household.";
     case CouponType::kStoreCoupon:
       return "Show this page at the checkout of " + at + ". Not together with other offers.";
     case CouponType::kMailInRebate:
@@ -89,8 +93,10 @@ Coupon MakeCoupon(Dice& dice, Day today, CouponSource source, std::int32_t id) {
   coupon.value_type = percent ? ValueType::kPercent : ValueType::kAmount;
   coupon.value = percent ? std::to_string(5 * (1 + dice.Roll(8))) : Amount(dice, product.cents);
   coupon.name = ValueInWords(coupon) + " " + coupon.product;
-  coupon.description =
-      Description(dice, coupon, DemoStores()[static_cast<std::size_t>(coupon.store_id) - 1].name);
+  const std::string code =
+      coupon.type == CouponType::kInternetCode ? std::to_string(1000 + dice.Roll(9000)) : "";
+  coupon.description = Description(
+      coupon.type, code, DemoStores()[static_cast<std::size_t>(coupon.store_id) - 1].name);
   SetDates(dice, today, coupon);
   return coupon;
 }
@@ -113,6 +119,27 @@ Import DemoWorld(Day today) {
     coupons.push_back({0, MakeCoupon(dice, today, CouponSource::kDeal, id)});
   }
   return world;
+}
+
+bool IsDemoOffer(const Coupon& coupon) {
+  const auto products = DemoProducts();
+  const bool known =
+      std::any_of(products.begin(), products.end(), [&coupon](const DemoProduct& product) {
+        return product.name == coupon.product && product.category == coupon.category_id;
+      });
+  if (!known || coupon.store_id < 1 ||
+      coupon.store_id > static_cast<std::int32_t>(kDemoStoreCount)) {
+    return false;
+  }
+  const DemoStore& store = DemoStores()[static_cast<std::size_t>(coupon.store_id) - 1];
+  std::string code;
+  if (coupon.description.size() > kCodeStart.size()) {
+    code = coupon.description.substr(kCodeStart.size(), kCodeDigits);
+  }
+  return coupon.name == ValueInWords(coupon) + " " + coupon.product &&
+         coupon.description == Description(coupon.type, code, store.name) &&
+         (coupon.type != CouponType::kInternetCode ||
+          code.find_first_not_of("0123456789") == std::string::npos);
 }
 
 }  // namespace brovanta::server

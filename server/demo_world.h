@@ -13,4 +13,8 @@ inline constexpr int kDemoDealCount = 100;
 /// shops are on this server. The same for the same day.
 [[nodiscard]] Import DemoWorld(Day today);
 
+/// Whether a coupon is word for word one that the demonstration makes, whatever its id and dates:
+/// then it is nobody's own work.
+[[nodiscard]] bool IsDemoOffer(const Coupon& coupon);
+
 }  // namespace brovanta::server

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "server/command_line.h"
+#include "server/demo_renewal.h"
 #include "server/demo_world.h"
 #include "server/http_server.h"
 #include "server/import_file.h"
@@ -81,10 +82,12 @@ int ExportFile(const CommandLine& line) {
   return WriteWholeFile(line.file, *text, error) ? kDone : Fail(line.file, error);
 }
 
-// Fills an empty database; one with anything in it stays as it is.
+// Fills an empty database; in one with anything in it only the demonstration itself is kept fresh.
 bool PrepareDemo(Store& store) {
-  if (!store.IsEmpty()) return true;
-  const auto problems = store.Apply(DemoWorld(Today()));
+  const auto renew = [](const std::vector<Coupon>& coupons, const std::string& agents) {
+    return DemoRenewal(coupons, agents, Today());
+  };
+  const auto problems = store.IsEmpty() ? store.Apply(DemoWorld(Today())) : store.Amend(renew);
   for (const Problem& problem : problems) Complain("brovanta-server: --demo " + problem.message);
   return problems.empty();
 }

@@ -17,12 +17,19 @@ namespace brovanta::server {
 
 enum class ListKind { kStores, kCategories };
 
+/// What a coupon is known by.
+struct CouponKey {
+  CouponSource source = CouponSource::kCoupon;
+  std::int32_t id = 0;
+};
+
 /// What one import brings. Only what is present is touched.
 struct Import {
   std::optional<std::vector<Row<ListEntry>>> stores;
   std::optional<std::vector<Row<ListEntry>>> categories;
   std::optional<std::vector<Row<Coupon>>> coupons;
   std::optional<std::string> agents;
+  std::vector<CouponKey> withdrawn;  ///< coupons that go before the others come
   /// Empties the tables first; otherwise an entry takes the place of the one with its id, and all
   /// others stay. The agent file is always replaced.
   bool replace = false;
@@ -41,6 +48,11 @@ class Store {
   /// coupons refer to and nobody knows, or a failure to write. With no problem returned the import
   /// is on the disk and survives whatever happens to the process or the machine.
   [[nodiscard]] std::vector<Problem> Apply(const Import& import);
+
+  /// The same with what `make` makes of what is there; nobody else can change it in between.
+  using Amendment =
+      std::function<Import(const std::vector<Coupon>& coupons, const std::string& agents)>;
+  [[nodiscard]] std::vector<Problem> Amend(const Amendment& make);
 
   /// Calls `take` with each entry above the id, by ascending id, until it returns false. Returns
   /// false when the database cannot be read.
@@ -65,6 +77,7 @@ class Store {
  private:
   explicit Store(std::unique_ptr<sqlite::Connection> connection);
 
+  [[nodiscard]] std::vector<Problem> Finish(sqlite::Transaction& transaction, const Import& import);
   std::unique_ptr<sqlite::Connection> connection_;
 };
 

@@ -66,6 +66,16 @@ bool PutCoupons(Connection& connection, const std::vector<Row<Coupon>>& rows, bo
   return true;
 }
 
+bool WithdrawCoupons(Connection& connection, const std::vector<CouponKey>& keys) {
+  Statement withdraw(connection, "DELETE FROM coupon WHERE id = ? AND source = ?");
+  for (const CouponKey& key : keys) {
+    withdraw.Bind(0, key.id);
+    withdraw.Bind(1, static_cast<int>(key.source));
+    if (!withdraw.Run()) return false;
+  }
+  return true;
+}
+
 bool PutAgentFile(Connection& connection, const std::string& bytes) {
   Statement put(connection, "INSERT OR REPLACE INTO agent_file (id, bytes) VALUES (1, ?)");
   put.BindBytes(0, bytes);
@@ -80,6 +90,7 @@ bool PutAll(Connection& connection, const Import& import) {
       !PutEntries(connection, ListKind::kCategories, *import.categories, import.replace)) {
     return false;
   }
+  if (!WithdrawCoupons(connection, import.withdrawn)) return false;
   if (import.coupons && !PutCoupons(connection, *import.coupons, import.replace)) return false;
   return !import.agents || PutAgentFile(connection, *import.agents);
 }
@@ -122,6 +133,24 @@ bool FindOrphans(Connection& connection, ListKind kind, const Lines& lines,
 
 std::vector<Problem> Store::Apply(const Import& import) {
   sqlite::Transaction transaction(*connection_);
+  return Finish(transaction, import);
+}
+
+std::vector<Problem> Store::Amend(const Amendment& make) {
+  sqlite::Transaction transaction(*connection_);
+  std::vector<Coupon> coupons;
+  std::optional<std::string> agents;
+  const bool read = ForEachCoupon(0, 0,
+                                  [&coupons](const Coupon& coupon) {
+                                    coupons.push_back(coupon);
+                                    return true;
+                                  }) &&
+                    ReadAgentFile(agents);
+  if (!read) return {{0, "cannot read the database: " + connection_->Error()}};
+  return Finish(transaction, make(coupons, agents.value_or("")));
+}
+
+std::vector<Problem> Store::Finish(sqlite::Transaction& transaction, const Import& import) {
   const Lines lines = LinesOf(import);
   std::vector<Problem> problems;
   const bool written = transaction.begun() && PutAll(*connection_, import) &&

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "server/demo_agents.h"
+#include "server/demo_world.h"
 #include "tests/server/raw_client.h"
 #include "tests/server/server_process.h"
 #include "tests/support/temp_folder.h"
@@ -157,6 +158,23 @@ TEST_F(RunServerTest, TheDemonstrationFillsAnEmptyDatabaseOnce) {
   ASSERT_EQ(RunWithData({"import", "stores", folder_.File("s.csv")}).status, 0);
   const auto server = Serve({"--demo"});
   EXPECT_EQ(Get("/stores.aspx?idx=29&user=x"), "<IT><ID>30</ID><NM>Renamed</NM></IT>\n");
+}
+
+TEST_F(RunServerTest, TheDemonstrationIsKeptFresh) {
+  std::string error;
+  const Day long_ago(std::chrono::year(2020), std::chrono::May, std::chrono::day(1));
+  {
+    const auto store = Store::Open(folder_.File("a.db"), sqlite::OpenMode::kCreate, error);
+    ASSERT_NE(store, nullptr) << error;
+    Import world = DemoWorld(long_ago);
+    world.agents = "<FormatString>http://{server}/demo/market?words= KEYWORD </FormatString>";
+    ASSERT_EQ(store->Apply(world), std::vector<Problem>{});
+  }
+  const auto server = Serve({"--demo"});
+  EXPECT_THAT(Get("/webspider.xml"), HasSubstr("/demo/millstream/search?"));
+  EXPECT_THAT(Get("/coupons.aspx?idx=200&edx=100&user=x"),
+              StartsWith("<CP><ID>101</ID><SR>2</SR>"));
+  EXPECT_THAT(Get("/coupons.aspx?idx=200&edx=0&user=x"), HasSubstr("<CP><ID>201</ID><SR>1</SR>"));
 }
 
 TEST_F(RunServerTest, EndsCleanlyOnBothSignals) {

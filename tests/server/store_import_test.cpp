@@ -122,5 +122,37 @@ TEST_F(StoreImportTest, AFailureToWriteBringsNothingIn) {
   EXPECT_THAT(Entries(ListKind::kStores), SizeIs(3));
 }
 
+TEST_F(StoreImportTest, WithdrawsCouponsBeforeTheNewOnesCome) {
+  PutLists();
+  PutCoupons({SimpleCoupon(CouponSource::kCoupon, 1), SimpleCoupon(CouponSource::kDeal, 1),
+              SimpleCoupon(CouponSource::kCoupon, 2)});
+  Import import;
+  import.withdrawn = {{CouponSource::kCoupon, 1},
+                      {CouponSource::kCoupon, 2},
+                      { CouponSource::kDeal,
+                        9 }};
+  import.coupons = RowsOf<Coupon>({SimpleCoupon(CouponSource::kCoupon, 2, 3, 3)});
+  EXPECT_EQ(store_->Apply(import), std::vector<Problem>{});
+  EXPECT_EQ(Coupons(), (std::vector<Coupon>{SimpleCoupon(CouponSource::kDeal, 1),
+                                            SimpleCoupon(CouponSource::kCoupon, 2, 3, 3)}));
+}
+
+TEST_F(StoreImportTest, AmendsWhatIsThereWholeOrNotAtAll) {
+  PutLists();
+  PutCoupons({SimpleCoupon(CouponSource::kCoupon, 1)});
+  const auto before = Coupons();
+  const auto faulty = [&before](const std::vector<Coupon>& coupons, const std::string& agents) {
+    EXPECT_EQ(coupons, before);
+    EXPECT_EQ(agents, "");
+    Import import;
+    import.agents = "new";
+    import.withdrawn = {{ CouponSource::kCoupon, 1 }};
+    import.coupons = RowsOf<Coupon>({SimpleCoupon(CouponSource::kCoupon, 2, 99)});
+    return import;
+  };
+  EXPECT_EQ(store_->Amend(faulty).size(), 1u);
+  EXPECT_EQ(Coupons(), before);
+}
+
 }  // namespace
 }  // namespace brovanta::server
