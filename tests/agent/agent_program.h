@@ -1,0 +1,22 @@
+// The program itself, run to its end.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/support/temp_folder.h"
+
+namespace brovanta::test {
+
+struct ProgramEnd {
+  int status = -1;
+  std::string output;
+  std::string errors;
+};
+
+/// Runs brovanta-agent with the arguments; what it writes to standard error goes through a file of
+/// the folder.
+[[nodiscard]] ProgramEnd RunProgram(const TempFolder& folder,
+                                    const std::vector<std::string>& arguments);
+
+}  // namespace brovanta::test
