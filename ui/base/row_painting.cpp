@@ -1,0 +1,70 @@
+#include "ui/base/row_painting.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/base/theme.h"
+
+namespace brovanta {
+namespace {
+constexpr int kSelectionBar = 3;
+}  // namespace
+
+QFont ScaledFont(QFont font, double scale) {
+  if (font.pointSizeF() > 0) {
+    font.setPointSizeF(font.pointSizeF() * scale);
+  } else {
+    font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * scale)));
+  }
+  return font;
+}
+
+QFont BoldFont(QFont font) {
+  font.setBold(true);
+  return font;
+}
+
+void PaintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QColor& ground) {
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  painter.fillRect(option.rect, selected ? theme::kSelection : ground);
+  if (!selected) return;
+  QRect bar = option.rect;
+  bar.setWidth(kSelectionBar);
+  painter.fillRect(bar, theme::kNavy);
+}
+
+void PaintRowLine(QPainter& painter, const QRect& row, int indent) {
+  QRect line = row;
+  line.setTop(line.bottom());
+  line.setLeft(line.left() + indent);
+  painter.fillRect(line, theme::kLine);
+}
+
+void PaintRowText(QPainter& painter, const QFont& font, const QColor& color, const QRect& rect,
+                  const QString& text, Qt::Alignment alignment) {
+  painter.setFont(font);
+  painter.setPen(color);
+  const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, rect.width());
+  painter.drawText(rect, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
+                   shown);
+}
+
+RowLines TwoLines(const QRect& inner, int upper_height, int lower_height) {
+  const int slack = std::max(0, inner.height() - upper_height - lower_height);
+  return {
+      {inner.left(), inner.top() + slack / 3, inner.width(), upper_height},
+      {inner.left(), inner.bottom() + 1 - lower_height - slack / 3, inner.width(), lower_height}};
+}
+
+QRect PaintSideText(QPainter& painter, const QFont& font, const QColor& color, const QRect& line,
+                    int row_width, const QString& text) {
+  if (text.isEmpty()) return line;
+  const int wanted = QFontMetrics(font).horizontalAdvance(text) + 1;
+  const int width = std::min(wanted, static_cast<int>(row_width * kSideTextShare));
+  PaintRowText(painter, font, color, {line.right() + 1 - width, line.top(), width, line.height()},
+               text, Qt::AlignRight);
+  return line.adjusted(0, 0, -width - kRowGap, 0);
+}
+
+}  // namespace brovanta

@@ -1,0 +1,43 @@
+// The strokes that the painted rows of all lists share.
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <QStyleOptionViewItem>
+
+class QPainter;
+
+namespace brovanta {
+
+inline constexpr int kRowRightMargin = 10;
+inline constexpr int kRowGap = 8;               ///< between texts of one line
+inline constexpr int kRowPadding = 5;           ///< above the first line and below the last
+inline constexpr double kSideTextShare = 0.45;  ///< of the row's width, at most, for a right text
+inline constexpr double kSideTextScale = 0.92;
+inline constexpr double kDetailTextScale = 0.87;
+
+[[nodiscard]] QFont ScaledFont(QFont font, double scale);
+[[nodiscard]] QFont BoldFont(QFont font);
+
+/// The ground of a row, which shows whether the row is selected.
+void PaintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QColor& ground);
+
+/// The thin line at the lower edge of a row, from `indent` on.
+void PaintRowLine(QPainter& painter, const QRect& row, int indent);
+
+/// One line of text, cut with an ellipsis, in a rectangle.
+void PaintRowText(QPainter& painter, const QFont& font, const QColor& color, const QRect& rect,
+                  const QString& text, Qt::Alignment alignment);
+
+/// The upper and the lower line of a two-line row within the row's inner rectangle.
+struct RowLines {
+  QRect upper;
+  QRect lower;
+};
+[[nodiscard]] RowLines TwoLines(const QRect& inner, int upper_height, int lower_height);
+
+/// A text at the right end of a line, and what it leaves of the line for the text at the left.
+[[nodiscard]] QRect PaintSideText(QPainter& painter, const QFont& font, const QColor& color,
+                                  const QRect& line, int row_width, const QString& text);
+
+}  // namespace brovanta
