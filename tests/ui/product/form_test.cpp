@@ -1,6 +1,6 @@
 #include "tests/ui/product/form_test.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QMenu>
 #include <QTest>
 
@@ -15,47 +15,6 @@ FormTest::FormTest() {
     folder_.Write(list, Hex("81 38 01 00 83 38 01 00"));
   }
   EXPECT_EQ(database_.Open(folder_.path()), 0);
-  qApp->installEventFilter(this);
-}
-
-FormTest::~FormTest() {
-  qApp->removeEventFilter(this);
-  EXPECT_TRUE(acts_.empty()) << "a dialog did not open";
-}
-
-int FormTest::RunDialog(QDialog& dialog, const Act& act) {
-  InNextDialog(act);
-  return dialog.exec();
-}
-
-bool FormTest::eventFilter(QObject* watched, QEvent* event) {
-  auto* dialog = qobject_cast<QDialog*>(watched);
-  if (dialog != nullptr && event->type() == QEvent::Show &&
-      qobject_cast<QMessageBox*>(dialog) == nullptr) {
-    // Queued: the dialog's own loop has to be running before it can be left.
-    QMetaObject::invokeMethod(
-        this,
-        [this, guarded = QPointer<QDialog>(dialog)] {
-          if (guarded) Play(guarded);
-        },
-        Qt::QueuedConnection);
-  }
-  return false;
-}
-
-void FormTest::Play(QDialog* dialog) {
-  const QPointer<QDialog> before = dialog_;
-  dialog_ = dialog;
-  EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
-  if (acts_.empty()) {
-    ADD_FAILURE() << "a dialog opened that nobody waits for";
-  } else {
-    const Act act = acts_.front();
-    acts_.erase(acts_.begin());
-    act();
-  }
-  if (dialog->isVisible()) dialog->reject();
-  dialog_ = before;
 }
 
 void FormTest::Type(const char* name, const QString& text) {
@@ -78,8 +37,6 @@ void FormTest::Choose(const char* name, const QString& item) {
   ASSERT_EQ(combo->currentIndex(), wanted);
 }
 
-void FormTest::Press(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
-
 void FormTest::ChooseInMenu(const char* button_name, const QString& text) {
   auto* button = Find<ColorButton>(button_name);
   QTest::mouseClick(button, Qt::LeftButton);
@@ -93,10 +50,6 @@ void FormTest::ChooseInMenu(const char* button_name, const QString& text) {
     return;
   }
   ADD_FAILURE() << "no entry " << text.toStdString();
-}
-
-std::string FormTest::Messages() const {
-  return answers_.texts().join(QLatin1Char('\n')).toStdString();
 }
 
 std::vector<std::string> FormTest::RecordsOf(const char* file, std::size_t size) const {
