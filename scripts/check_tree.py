@@ -26,7 +26,9 @@ LAYERS = {
     "server": ["util"],
     "ui/base": ["util", "db"],
     "ui/product": ["util", "db", "ui/base"],
-    "ui/shell": ["util", "platform", "db", "search", "net/update", "ui/base", "ui/product"],
+    "ui/websearch": ["util", "search", "ui/base"],
+    "ui/shell": ["util", "platform", "db", "search", "net/update", "ui/base", "ui/product",
+                 "ui/websearch"],
     "app": ["util", "platform", "db", "search", "ui/base", "ui/product", "ui/shell"],
 }
 CORE = ["util", "platform", "net/http", "db", "search", "net/update", "agent", "server"]

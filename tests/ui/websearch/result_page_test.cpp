@@ -1,0 +1,47 @@
+#include "ui/websearch/result_page.h"
+
+#include "tests/ui/websearch/results_form.h"
+
+namespace brovanta {
+namespace {
+
+constexpr char kFailed[] =
+    "There was an error while opening the selected search result in Internet Explorer.";
+
+class ResultPageTest : public test::ResultsFormTest {};
+
+TEST_F(ResultPageTest, WebPagesAreOpened) {
+  OpenResultPage(QStringLiteral("http://shop.example/1?a=b&c=d"), nullptr);
+  OpenResultPage(QStringLiteral("HTTPS://shop.example/2"), nullptr);
+  OpenResultPage(QStringLiteral(" http://shop.example/3\r\n"), nullptr);
+  EXPECT_EQ(opened_, (QStringList{QStringLiteral("http://shop.example/1?a=b&c=d"),
+                                  QStringLiteral("HTTPS://shop.example/2"),
+                                  QStringLiteral("http://shop.example/3")}));
+  EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(ResultPageTest, NothingElseIs) {
+  const QStringList addresses = {QStringLiteral("ftp://shop.example/1"),
+                                 QStringLiteral("mailto:me@shop.example"),
+                                 QStringLiteral("file:///etc/passwd"),
+                                 QStringLiteral("/etc/passwd"),
+                                 QStringLiteral("javascript:alert(1)"),
+                                 QStringLiteral("shop.example/1"),
+                                 QStringLiteral("http:"),
+                                 QStringLiteral("http:///1"),
+                                 QStringLiteral(" "),
+                                 QString()};
+  for (const QString& address : addresses) OpenResultPage(address, nullptr);
+  EXPECT_EQ(opened_, QStringList());
+  EXPECT_EQ(answers_.texts(), QStringList(addresses.size(), QString::fromLatin1(kFailed)));
+}
+
+TEST_F(ResultPageTest, ABrowserThatFailsIsReported) {
+  browser_works_ = false;
+  OpenResultPage(QStringLiteral("http://shop.example/1"), nullptr);
+  EXPECT_EQ(opened_.size(), 1);
+  EXPECT_EQ(Messages(), kFailed);
+}
+
+}  // namespace
+}  // namespace brovanta

@@ -1,0 +1,38 @@
+#include "ui/websearch/search_header.h"
+
+#include <QHBoxLayout>
+#include <QPalette>
+
+#include "ui/base/icons.h"
+#include "ui/base/row_painting.h"
+#include "ui/base/theme.h"
+#include "ui/base/wrapped_label.h"
+
+namespace brovanta {
+namespace {
+constexpr QSize kPictureSize{24, 24};
+}  // namespace
+
+SearchHeader::SearchHeader(QWidget* parent)
+    : LinedFrame(parent, Lines::kBelow), label_(new WrappedLabel(this)) {
+  auto* picture = new QLabel(this);
+  picture->setPixmap(NamedIcon(QStringLiteral("toolbar_129_2785"), theme::kNavy)
+                         .pixmap(kPictureSize, devicePixelRatioF()));
+  label_->setObjectName(QStringLiteral("headerLabel"));
+  label_->setFont(BoldFont(font()));
+  QPalette palette = label_->palette();
+  palette.setColor(QPalette::WindowText, theme::kNavy);
+  label_->setPalette(palette);
+  QSizePolicy wide(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  wide.setHeightForWidth(true);
+  label_->setSizePolicy(wide);
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(theme::kMargin, 8, theme::kMargin, 9);
+  layout->setSpacing(8);
+  layout->addWidget(picture, 0, Qt::AlignTop);
+  layout->addWidget(label_, 1, Qt::AlignVCenter);
+}
+
+void SearchHeader::SetText(const QString& text) { label_->setText(text); }
+
+}  // namespace brovanta
