@@ -102,7 +102,9 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
   const QRect inner = option.rect.adjusted(kRowIndent, kRowPadding, -kRowRightMargin, -kRowPadding);
   const int name_height = QFontMetrics(look.name).height();
   const int detail_height = std::max(QFontMetrics(look.overdue).height(), kMarkSize);
-  const RowLines lines = TwoLines(inner, name_height, detail_height);
+  const DetailWords words = row.Words();
+  RowLines lines = TwoLines(inner, name_height, detail_height);
+  if (words.text.isEmpty() && !row.recurring()) lines.upper = inner;  // no second line
   QRect lower = lines.lower;
   const QRect upper = PaintSideText(painter, look.store, theme::kQuietText, lines.upper,
                                     option.rect.width(), row.info().storeName);
@@ -114,7 +116,6 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
         &painter, {right - kMarkSize, lower.center().y() - kMarkSize / 2, kMarkSize, kMarkSize});
     lower.setWidth(lower.width() - kMarkSize - kMarkSize / 3 - kRowGap);
   }
-  const DetailWords words = row.Words();
   PaintRowText(painter, words.overdue ? look.overdue : look.detail,
                words.overdue ? theme::kWarm : theme::kQuietText, lower, words.text, Qt::AlignLeft);
 }

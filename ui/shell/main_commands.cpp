@@ -1,16 +1,20 @@
 #include "ui/shell/main_commands.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "platform/file.h"
 #include "ui/base/message_box.h"
 #include "ui/base/modal_dialog.h"
 #include "ui/base/record_tree.h"
+#include "ui/base/wide_text.h"
 #include "ui/product/discount_dialog.h"
 #include "ui/product/find_dialog.h"
 #include "ui/product/product_dialog.h"
 #include "ui/shell/command_bar.h"
 #include "ui/shell/options_dialog.h"
 #include "ui/shell/update_dialog.h"
+#include "ui/websearch/search_results_dialog.h"
 
 namespace brovanta {
 namespace {
@@ -88,6 +92,9 @@ int MainCommands::RunEditDialog(const TreeItemInfo& selected) {
       return EditCoupon(selected.id, selected.purchaseType);
     case kPurchasesList:
       return EditProduct(selected.id, kPurchaseMode);
+    case kWebSearchesList:
+      ShowSearchResults(selected.id);
+      return kNoDialog;  // the list stays as it is
     default:
       return kNoDialog;
   }
@@ -110,6 +117,15 @@ int MainCommands::EditCoupon(std::int32_t id, std::int16_t source) {
   return dialog.exec();
 }
 
+void MainCommands::ShowSearchResults(std::int32_t number) {
+  const SavedSearches& saved = state_.searches->saved_searches();
+  const auto found =
+      std::find_if(saved.searches().begin(), saved.searches().end(),
+                   [number](const SavedSearch& search) { return search.Number == number; });
+  if (found == saved.searches().end()) return;
+  SearchResultsDialog(saved, number, WideText(found->Words), &window_).exec();
+}
+
 void MainCommands::Delete() {
   const auto selected = Selected();
   if (!selected) return;
@@ -127,6 +143,12 @@ void MainCommands::Delete() {
     case kPurchasesList:
       if (Confirm(QStringLiteral("Do you want to permanently delete the selected purchase?"))) {
         MarkProduct(kPurchaseKind, selected->id, kProductDelete);
+      }
+      return;
+    case kWebSearchesList:
+      if (Confirm(QStringLiteral("Do you want to permanently delete the selected web search and "
+                                 "all its results?"))) {
+        DeleteSearch(selected->id);
       }
       return;
     default:
@@ -153,6 +175,15 @@ void MainCommands::DeleteProduct(const TreeItemInfo& selected) {
     case Answer::kCancel:
       return;
   }
+}
+
+void MainCommands::DeleteSearch(std::int32_t number) {
+  SavedSearches& saved = state_.searches->saved_searches();
+  // The entry first: one without results would be an error to look at.
+  if (saved.DeleteSavedSearch(number) > 0) {
+    static_cast<void>(platform::RemoveFile(saved.ResultsPath(number)));
+  }
+  refresh_(true);
 }
 
 void MainCommands::Purchase() {

@@ -39,8 +39,10 @@ class MainCommands {
   int RunEditDialog(const TreeItemInfo& selected);
   int EditProduct(std::int32_t id, int mode);
   int EditCoupon(std::int32_t id, std::int16_t source);
+  void ShowSearchResults(std::int32_t number);
 
   void DeleteProduct(const TreeItemInfo& selected);
+  void DeleteSearch(std::int32_t number);
   bool Confirm(const QString& question);
   void MarkProduct(int kind, std::int32_t id, int action);
 

@@ -34,6 +34,7 @@ RowDetail PurchaseDetail(const ProductRecord& purchase) {
 
 /// The file that the shown list is read from.
 const std::string& ListFile(const MainState& state) {
+  if (state.list_id == kWebSearchesList) return state.searches->index_path();
   const DatabasePaths& paths = state.database->paths();
   if (state.list_id == kCouponsList) return paths.discount;
   return state.filter.kind == kPurchaseKind ? paths.purchase : paths.product;
@@ -71,15 +72,21 @@ int FillCoupons(RecordTree& tree, MainState& state) {
   return FillDiscountTree(tree, *state.database, AsDiscountFilter(state.filter));
 }
 
-int FillWebSearches(RecordTree& tree, MainState&) {
-  // Without saved searches there is nothing to walk; their headings carry blanks of their own.
+int FillWebSearches(RecordTree& tree, MainState& state) {
+  tree.ClearRows();
+  SavedSearches& saved = state.searches->saved_searches();
+  const int code =
+      saved.LoadSavedSearches({.from = state.filter.period_start, .to = state.filter.period_end});
+  if (code != 0) return code;
   DateHeadings headings({.unknown_date = 60, .without_change = 62});
+  for (const SavedSearch& search : saved.searches()) {
+    headings.Add(search.Date, {.id = search.Number, .name = WideText(search.Words)}, {});
+  }
   tree.SetRows(headings.Take());
   return 0;
 }
 
 QString EmptyListWords(const MainState& state, int view_mode, int code) {
-  if (state.list_id == kWebSearchesList) return QStringLiteral("No saved web searches");
   if (code != 0 && platform::FileExists(ListFile(state))) {
     return QStringLiteral("This list could not be read");
   }
@@ -93,6 +100,8 @@ QString EmptyListWords(const MainState& state, int view_mode, int code) {
   switch (state.list_id) {
     case kCouponsList:
       return QStringLiteral("No coupons %1").arg(PeriodWords(view_mode));
+    case kWebSearchesList:
+      return QStringLiteral("No saved web searches %1").arg(PeriodWords(view_mode));
     case kPurchasesList:
       return QStringLiteral("Nothing bought %1").arg(PeriodWords(view_mode));
     default:

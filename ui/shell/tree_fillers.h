@@ -22,6 +22,7 @@ int FillProducts(RecordTree& tree, MainState& state);
 
 int FillCoupons(RecordTree& tree, MainState& state);
 
+/// The saved searches of the period; the results of each stay unread.
 int FillWebSearches(RecordTree& tree, MainState& state);
 
 /// What an empty tree says, given the code that its filler returned.

@@ -97,6 +97,18 @@ TEST_F(RecordDelegateTest, LongNameIsCutBeforeTheStore) {
   for (int y = 0; y < 24; ++y) EXPECT_EQ(both.pixelColor(store_left - 2, y), theme::kGround);
 }
 
+TEST_F(RecordDelegateTest, ANameWithoutASecondLineStandsInTheMiddle) {
+  const QImage row = Row({.id = 1, .name = QStringLiteral("HHHH")}, {});
+  int top = row.height();
+  int bottom = 0;
+  for (int y = 0; y < row.height() - 1; ++y) {
+    if (Extent(row, y, y + 1).second < 0) continue;
+    top = std::min(top, y);
+    bottom = y;
+  }
+  EXPECT_NEAR(top, row.height() - 1 - bottom, 4);
+}
+
 TEST_F(RecordDelegateTest, OverdueWordsAreWarmAndOthersQuiet) {
   const QImage overdue = Row({}, {.shows_due = true, .due = kNoon - 2 * 86400});
   EXPECT_TRUE(LowerHalfHas(overdue, theme::kWarm));

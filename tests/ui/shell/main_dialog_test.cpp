@@ -328,7 +328,7 @@ TEST_F(MainDialogTest, EmptyListsSaySoInTheirOwnWords) {
   ChooseView(kMonthlyView);
   EXPECT_EQ(words(), "Nothing bought in this month");
   ChooseTab(3);
-  EXPECT_EQ(words(), "No saved web searches");
+  EXPECT_EQ(words(), "No saved web searches in this month");
 }
 
 }  // namespace

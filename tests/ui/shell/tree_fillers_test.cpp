@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/search/raw_searches.h"
 #include "tests/ui/shell/main_screen.h"
 
 namespace brovanta::test {
@@ -106,6 +107,37 @@ TEST_F(TreeFillersTest, CouponsAreFilteredByPeriodStartAgainstTheirEndAndEndAgai
   ChooseTab(1);
   EXPECT_THAT(Rows(),
               ElementsAre("[Saturday 11/21/2026]", "Ends today", "Starts tomorrow", "Always"));
+}
+
+TEST_F(TreeFillersTest, WebSearchesOfThePeriodStandUnderTheirDaysInTheOrderOfTheIndex) {
+  folder_.Write("websearch.dat",
+                RawIndex(9, {{.number = 2, .date = kToday, .words = "soap"},
+                             {.number = 3, .date = kToday - kOneDay, .words = "m\xFCsli"},
+                             {.number = 4, .date = kToday - kOneDay, .words = "gone", .deleted = 1},
+                             {.number = 5, .date = kToday, .words = "<b>tea</b>"},
+                             {.number = 6, .date = kToday - 40 * kOneDay, .words = "old"}}));
+  OpenMonthly(3);
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "soap", "[Friday 11/20/2026]",
+                                  "m\u00FCsli", "[Saturday 11/21/2026]", "<b>tea</b>"));
+  EXPECT_EQ(Row(1, 0).info().id, 3);
+  EXPECT_EQ(Row(1, 0).info().purchaseType, 0);
+  EXPECT_EQ(tree().topLevelItem(0)->text(0).toStdString(),
+            "Saturday 11/21/2026" + std::string(22, ' '));
+  EXPECT_EQ(Row(1, 0).Words().text, QString());
+  ChooseView(kDailyView);
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "soap", "<b>tea</b>"));
+}
+
+TEST_F(TreeFillersTest, AnIndexThatCannotBeReadLeavesTheListEmptyAndSaysSo) {
+  Bytes index = RawIndex(9, {{.number = 2, .date = kToday, .words = "soap"}});
+  index.back() = std::byte{1};
+  folder_.Write("websearch.dat", index);
+  Open();
+  ChooseTab(3);
+  EXPECT_THAT(Rows(), IsEmpty());
+  EXPECT_EQ(screen().RefreshList(true), -14);
+  EXPECT_EQ(tree().empty_text().toStdString(), "This list could not be read");
+  EXPECT_EQ(folder_.Read("websearch.dat"), index);
 }
 
 TEST_F(TreeFillersTest, StoreThatTheListDoesNotKnowHasNoName) {

@@ -6,7 +6,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
-#include <filesystem>
 
 #include "tests/support/form_check.h"
 #include "tests/ui/websearch/results_form.h"
@@ -23,13 +22,9 @@ using testing::IsEmpty;
 
 constexpr char kReadError[] =
     "There was an error while reading the search results from the database.";
-constexpr char kSaveError[] = "There was an error while saving the search results to the database.";
-constexpr char kDeleteError[] = "There was an error while deleting the selected search result.";
-constexpr char kOpenError[] = "There was an error while opening the selected search result.";
 constexpr char kSelectToView[] = "You must first select the search result that you want to view.";
 constexpr char kSelectToDelete[] =
     "You must first select the search result that you want to delete.";
-constexpr char kQuestion[] = "Do you want to permanently delete the selected search result?";
 
 const RawShownResult kSoap{.id = 1, .price = 2.5, .title = "Soap", .text = "Mild"};
 const RawShownResult kTea{.id = 2, .price = 9, .title = "Tea", .url = "https://tea.example/"};
@@ -37,13 +32,6 @@ const RawShownResult kCup{.id = 3, .price = 12, .title = "Cup", .url = "ftp://cu
 
 class SearchResultsDialogTest : public test::ResultsFormTest {
  protected:
-  /// Makes the results file impossible to replace, whoever runs the test.
-  void BlockWriting() const {
-    const std::string path = folder_.File("WebSearch/7.dat");
-    std::filesystem::remove(path);
-    std::filesystem::create_directory(path);
-    folder_.WriteText("WebSearch/7.dat/something", "x");
-  }
   /// Chooses Delete and answers its question.
   void DeleteAndAnswer(QMessageBox::StandardButton answer) {
     answers_.AnswerNext(answer);
@@ -138,83 +126,6 @@ TEST_F(SearchResultsDialogTest, EnterAndADoubleTapView) {
   EXPECT_THAT(viewed, ElementsAre("Soap", "Tea"));
 }
 
-TEST_F(SearchResultsDialogTest, DeletingFromTheViewerAsksNothing) {
-  Results({kSoap, kTea, kCup});
-  Run([&] {
-    Select(1);
-    InNextDialog([&] { Press("deleteButton"); });
-    Tool(2795);
-    EXPECT_EQ(Rows(), "Soap 1|Cup 3");
-    EXPECT_THAT(Enabled(), IsEmpty());  // no neighbour takes the selection
-  });
-  EXPECT_EQ(Messages(), "");
-  EXPECT_EQ(Stored(), RawResults({Raw(kSoap), Raw(kCup)}));
-}
-
-TEST_F(SearchResultsDialogTest, DeletingFromTheListAsks) {
-  Results({kSoap, kTea, kCup});
-  Run([&] {
-    Select(0);
-    DeleteAndAnswer(QMessageBox::Yes);
-    EXPECT_EQ(Rows(), "Tea 2|Cup 3");
-  });
-  EXPECT_EQ(Messages(), kQuestion);
-  EXPECT_EQ(Stored(), RawResults({Raw(kTea), Raw(kCup)}));
-}
-
-TEST_F(SearchResultsDialogTest, AnythingButYesDeletesNothing) {
-  Results({kSoap});
-  Run([&] {
-    Select(0);
-    DeleteAndAnswer(QMessageBox::No);
-    DeleteAndAnswer(QMessageBox::NoButton);  // Escape
-    EXPECT_EQ(Rows(), "Soap 1");
-  });
-  EXPECT_EQ(answers_.texts(), QStringList(2, QString::fromLatin1(kQuestion)));
-  EXPECT_EQ(Stored(), RawResults({Raw(kSoap)}));
-}
-
-TEST_F(SearchResultsDialogTest, TheDeleteKeyDeletes) {
-  Results({kSoap, kTea});
-  Run([&] {
-    QTest::keyClick(List(), Qt::Key_Down);
-    answers_.AnswerNext(QMessageBox::Yes);
-    QTest::keyClick(List(), Qt::Key_Delete);
-    EXPECT_EQ(Rows(), "Tea 2");
-    QTest::keyClick(List(), Qt::Key_Delete);  // nothing is selected
-    EXPECT_EQ(Rows(), "Tea 2");
-  });
-  EXPECT_EQ(Messages(), kQuestion);
-}
-
-TEST_F(SearchResultsDialogTest, TheLastResultLeavesAFileWithoutResults) {
-  Results({kSoap});
-  Run([&] {
-    Select(0);
-    DeleteAndAnswer(QMessageBox::Yes);
-    EXPECT_EQ(Rows(), "");
-    EXPECT_EQ(List()->empty_text(), QStringLiteral("No results"));
-  });
-  EXPECT_EQ(Stored(), test::Hex("81 38 01 00 83 38 01 00"));
-}
-
-TEST_F(SearchResultsDialogTest, WhatTheProgramDoesNotShowSurvivesADeletion) {
-  const RawShownResult odd{.id = 40,
-                           .price = 3,
-                           .title = "Caf\xE9 \xC3\xA9",
-                           .text = std::nullopt,
-                           .url = std::nullopt,
-                           .site = "",
-                           .status = 0xFFFE};
-  Results({kSoap, odd});
-  Run([&] {
-    EXPECT_EQ(List()->topLevelItem(1)->text(4), QStringLiteral("-2"));
-    Select(0);
-    DeleteAndAnswer(QMessageBox::Yes);
-  });
-  EXPECT_EQ(Stored(), RawResults({Raw(odd)}));
-}
-
 TEST_F(SearchResultsDialogTest, TheBrowserOpensTheSelectedPage) {
   Results({kSoap, kTea});
   Run([&] {
@@ -238,52 +149,7 @@ TEST_F(SearchResultsDialogTest, AnAddressThatIsNoWebPageIsNotOpened) {
             "There was an error while opening the selected search result in Internet Explorer.");
 }
 
-TEST_F(SearchResultsDialogTest, TheViewersDeleteSaysWhenTheFileCannotBeWritten) {
-  Results({kSoap, kTea});
-  Run([&] {
-    Select(0);
-    InNextDialog([&] {
-      BlockWriting();
-      Press("deleteButton");
-    });
-    Tool(2795);
-    EXPECT_EQ(Rows(), "Soap 1|Tea 2");
-  });
-  EXPECT_EQ(Messages(), kSaveError);
-  EXPECT_EQ(folder_.ReadText("WebSearch/7.dat/something"), "x");
-}
-
 // The list in memory is without the result then.
-TEST_F(SearchResultsDialogTest, AResultThatCouldNotBeWrittenAwayIsGoneForEveryCommand) {
-  Results({kSoap, kTea});
-  Run([&] {
-    Select(0);
-    BlockWriting();
-    DeleteAndAnswer(QMessageBox::Yes);
-    EXPECT_EQ(Rows(), "Soap 1|Tea 2");
-    EXPECT_THAT(Enabled(), ElementsAre(2795, 2805, 2796));
-    Tool(2795);
-    Tool(2805);
-    DeleteAndAnswer(QMessageBox::Yes);
-    EXPECT_EQ(Rows(), "Soap 1|Tea 2");
-  });
-  EXPECT_EQ(Messages(), std::string(kQuestion) + "\n" + kSaveError + "\n" + kOpenError + "\n" +
-                            kOpenError + "\n" + kQuestion + "\n" + kDeleteError);
-  EXPECT_EQ(opened_, QStringList());
-}
-
-TEST_F(SearchResultsDialogTest, WithoutTheirFolderTheResultsCannotBeWritten) {
-  Results({kSoap});
-  Run([&] {
-    Select(0);
-    std::filesystem::remove_all(folder_.File("WebSearch"));
-    DeleteAndAnswer(QMessageBox::Yes);
-    EXPECT_EQ(Rows(), "Soap 1");
-  });
-  EXPECT_EQ(Messages(), std::string(kQuestion) + "\n" + kSaveError);
-  EXPECT_EQ(Stored(), std::nullopt);
-}
-
 // The buttons are disabled then, yet a command may still be under way.
 TEST_F(SearchResultsDialogTest, WithoutASelectedRowEachCommandSaysWhatIsMissing) {
   Results({kSoap});
@@ -330,46 +196,7 @@ TEST_F(SearchResultsDialogTest, EscapeAndCloseEndIt) {
   });
 }
 
-TEST_F(SearchResultsDialogTest, ClosingTheProgramUnderTheQuestionDeletesNothing) {
-  Results({kSoap});
-  Run([&] {
-    Select(0);
-    QMetaObject::invokeMethod(
-        dialog_, [] { QApplication::closeAllWindows(); }, Qt::QueuedConnection);
-    Tool(2796);
-    EXPECT_FALSE(dialog_->isVisible());
-  });
-  EXPECT_EQ(Stored(), RawResults({Raw(kSoap)}));
-}
-
 // The screen is gone by the time the answer is looked at.
-TEST_F(SearchResultsDialogTest, AYesOverAClosedScreenDeletesNothing) {
-  Results({kSoap});
-  Run([&] {
-    Select(0);
-    QMetaObject::invokeMethod(
-        dialog_, [this] { dialog_->hide(); }, Qt::QueuedConnection);
-    DeleteAndAnswer(QMessageBox::Yes);
-    EXPECT_EQ(Rows(), "Soap 1");
-  });
-  EXPECT_EQ(Messages(), kQuestion);
-  EXPECT_EQ(Stored(), RawResults({Raw(kSoap)}));
-}
-
-TEST_F(SearchResultsDialogTest, TheViewersDeleteOverAClosedScreenDeletesNothing) {
-  Results({kSoap});
-  Run([&] {
-    Select(0);
-    InNextDialog([&, list = dialog_] {
-      list->hide();
-      Press("deleteButton");
-    });
-    Tool(2795);
-    EXPECT_EQ(Rows(), "Soap 1");
-  });
-  EXPECT_EQ(Stored(), RawResults({Raw(kSoap)}));
-}
-
 TEST_F(SearchResultsDialogTest, ClosingTheProgramUnderTheViewerEndsBoth) {
   Results({kSoap});
   Run([&] {
