@@ -261,21 +261,4 @@ void MainScreenTest::Click(QWidget& dialog, const char* button_name) {
   QTest::mouseClick(wanted, Qt::LeftButton);
 }
 
-DialogWatch::DialogWatch(std::function<void(QWidget&)> work) : work_(std::move(work)) {
-  qApp->installEventFilter(this);
-}
-
-bool DialogWatch::eventFilter(QObject* watched, QEvent* event) {
-  auto* dialog = qobject_cast<QDialog*>(watched);
-  const bool opens = event->type() == QEvent::Show && dialog != nullptr && dialog->isModal() &&
-                     qobject_cast<MainDialog*>(dialog) == nullptr;
-  if (opens) {
-    qApp->removeEventFilter(this);
-    // Queued, so that the dialog has started its own loop.
-    // The work is taken along: it may wait for a further dialog, which replaces this watch.
-    QTimer::singleShot(0, dialog, [work = std::move(work_), dialog] { work(*dialog); });
-  }
-  return false;
-}
-
 }  // namespace brovanta::test

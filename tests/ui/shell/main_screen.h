@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "db/schedule.h"
+#include "tests/support/dialog_watch.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/zone_guard.h"
@@ -32,18 +33,6 @@ constexpr std::int64_t kNow = 1795262400;    ///< Saturday 2026-11-21 12:00:00 U
 constexpr DateStamp kToday = 1795222800;     ///< the same day, 01:00:00
 constexpr DateStamp kMidnight = 1795219200;  ///< the same day, 00:00:00
 constexpr DateStamp kOneDay = 86400;
-
-/// Waits for the next dialog that opens over the main one and works in it.
-class DialogWatch : public QObject {
- public:
-  explicit DialogWatch(std::function<void(QWidget&)> work);
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
- private:
-  std::function<void(QWidget&)> work_;
-};
 
 /// What stood in a message box that was answered.
 struct SeenBox {
