@@ -1,0 +1,42 @@
+#include "ui/websearch/agent_delegate.h"
+
+#include <QIcon>
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/base/row_painting.h"
+#include "ui/base/theme.h"
+
+namespace brovanta {
+namespace {
+
+constexpr int kNameColumn = 0;
+
+}  // namespace
+
+void AgentDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const {
+  painter->save();
+  PaintRowGround(*painter, option, theme::kGround);
+  const bool is_name = index.column() == kNameColumn;
+  QRect text = option.rect.adjusted(is_name ? theme::kMargin : 0, 0, -kRowRightMargin, 0);
+  if (is_name) {
+    const QSize picture = option.decorationSize;
+    index.data(Qt::DecorationRole)
+        .value<QIcon>()
+        .paint(painter, QRect(text.topLeft(), QSize(picture.width(), text.height())));
+    text.setLeft(text.left() + picture.width() + kRowGap);
+  }
+  PaintRowText(*painter, option.font, is_name ? theme::kText : theme::kQuietText, text,
+               index.data().toString(), is_name ? Qt::AlignLeft : Qt::AlignRight);
+  PaintRowLine(*painter, option.rect, 0);
+  painter->restore();
+}
+
+QSize AgentDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const QFontMetrics metrics(option.font);
+  const int width = metrics.horizontalAdvance(index.data().toString()) + 1 + kRowRightMargin;
+  return {width, std::max(theme::kFingerHeight, metrics.height() + 2 * kRowPadding)};
+}
+
+}  // namespace brovanta

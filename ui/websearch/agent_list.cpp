@@ -1,0 +1,73 @@
+#include "ui/websearch/agent_list.h"
+
+#include <QHeaderView>
+#include <algorithm>
+
+#include "ui/base/icons.h"
+#include "ui/websearch/agent_delegate.h"
+
+namespace brovanta {
+namespace {
+
+constexpr int kAgentColumn = 0;
+constexpr int kStatusColumn = 1;
+constexpr int kStatusWidth = 100;
+constexpr int kPicture = 165;
+constexpr QSize kPictureSize{16, 16};
+constexpr int kAgentId = Qt::UserRole;
+
+// The name is whatever bytes the configuration has between its tags; a row has one line.
+QString OneLine(QString text) {
+  std::replace_if(
+      text.begin(), text.end(),
+      [](QChar character) {
+        return character.category() == QChar::Other_Control ||
+               character.category() == QChar::Separator_Line ||
+               character.category() == QChar::Separator_Paragraph;
+      },
+      QChar(u' '));
+  return text;
+}
+
+}  // namespace
+
+AgentList::AgentList(QWidget* parent) : RowTree(parent) {
+  setColumnCount(2);
+  setHeaderLabels({QStringLiteral("Agent"), QStringLiteral("Status")});
+  header()->setStretchLastSection(false);
+  header()->setMinimumSectionSize(kStatusWidth);
+  header()->setSectionResizeMode(kAgentColumn, QHeaderView::Stretch);
+  header()->setSectionResizeMode(kStatusColumn, QHeaderView::ResizeToContents);
+  setUniformRowHeights(true);
+  setIconSize(kPictureSize);
+  setSelectionMode(QAbstractItemView::NoSelection);
+  setItemDelegate(new AgentDelegate(this));
+}
+
+void AgentList::AddAgent(std::int32_t id, const QString& name) {
+  auto* row = new QTreeWidgetItem;
+  row->setText(kAgentColumn, OneLine(name));
+  row->setToolTip(kAgentColumn, row->text(kAgentColumn));  // a long one is cut on a small screen
+  row->setIcon(kAgentColumn, NumberedIcon(kPicture));
+  row->setData(kAgentColumn, kAgentId, id);
+  row->setTextAlignment(kStatusColumn, Qt::AlignRight | Qt::AlignVCenter);
+  insertTopLevelItem(0, row);
+}
+
+void AgentList::SetState(std::int32_t id, const QString& state) {
+  QTreeWidgetItem* const row = RowOf(id);
+  if (row == nullptr) return;
+  row->setText(kStatusColumn, state);
+  row->setData(kAgentColumn, Qt::AccessibleTextRole,
+               QStringLiteral("%1, %2").arg(row->text(kAgentColumn), state));
+}
+
+QTreeWidgetItem* AgentList::RowOf(std::int32_t id) const {
+  for (int i = 0; i < topLevelItemCount(); ++i) {
+    QTreeWidgetItem* const row = topLevelItem(i);
+    if (row->data(kAgentColumn, kAgentId).toInt() == id) return row;
+  }
+  return nullptr;
+}
+
+}  // namespace brovanta
