@@ -14,6 +14,7 @@
 #include "ui/shell/command_bar.h"
 #include "ui/shell/options_dialog.h"
 #include "ui/shell/update_dialog.h"
+#include "ui/websearch/search_dialog.h"
 #include "ui/websearch/search_results_dialog.h"
 
 namespace brovanta {
@@ -73,6 +74,8 @@ int MainCommands::RunAddDialog() {
       return DiscountDialog(nullptr, kNewDiscountMode, *state_.database, state_.update_server,
                             &window_)
           .exec();
+    case kWebSearchesList:
+      return SearchDialog(*state_.searches, &window_).exec();
     default:
       return kNoDialog;
   }
