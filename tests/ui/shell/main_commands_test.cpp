@@ -229,69 +229,6 @@ TEST_F(MainCommandsTest, EnterOnAToolRunsItsCommandOnce) {
   }
 }
 
-TEST_F(MainCommandsTest, ClosingTheProgramWhileADialogIsOpenChangesNothing) {
-  const std::string typed = "Typed but not saved";
-  for (const int command : {kToolAdd, kToolEdit, kToolDelete, kToolPurchase, kToolFind}) {
-    if (command == kToolAdd) AddProduct("Milk", kToday);
-    Open();
-    Select("Milk");
-    InNextDialog([&typed](QWidget& dialog) {
-      if (auto* field = dialog.findChild<QLineEdit*>()) {
-        QTest::keyClicks(field, QString::fromStdString(typed));
-      }
-      QApplication::closeAllWindows();  // what the end of the desktop does
-    });
-    Tool(command);
-    EXPECT_FALSE(screen().isVisible()) << command;
-    EXPECT_EQ(screen().database(), nullptr) << command;
-    EXPECT_THAT(StoredNames(kProductKind), ElementsAre("Milk")) << command;
-    EXPECT_FALSE(platform::FileExists(folder_.File("purchase.dat"))) << command;
-  }
-}
-
-TEST_F(MainCommandsTest, ClosingTheProgramUnderAMessageOfADialogEndsAllThree) {
-  Open();
-  InNextDialog([this](QWidget& dialog) {
-    InNextDialog([](QWidget&) { QApplication::closeAllWindows(); });
-    Click(dialog, "okButton");  // refused: there is no name
-  });
-  Tool(kToolAdd);
-  EXPECT_FALSE(screen().isVisible());
-  EXPECT_EQ(screen().database(), nullptr);
-}
-
-TEST_F(MainCommandsTest, ClosingTheMainWindowEndsWhatIsOpenOverIt) {
-  const std::string typed = "Typed but not saved";
-  for (const int command : {kToolAdd, kToolEdit, kToolDelete, kToolPurchase, kToolFind}) {
-    if (command == kToolAdd) AddProduct("Milk", kToday);
-    Open();
-    Select("Milk");
-    InNextDialog([this, &typed](QWidget& dialog) {
-      if (auto* field = dialog.findChild<QLineEdit*>()) {
-        QTest::keyClicks(field, QString::fromStdString(typed));
-      }
-      screen().close();
-      EXPECT_FALSE(dialog.isVisible());
-    });
-    Tool(command);
-    EXPECT_FALSE(screen().isVisible()) << command;
-    EXPECT_EQ(screen().database(), nullptr) << command;
-    EXPECT_THAT(StoredNames(kProductKind), ElementsAre("Milk")) << command;
-  }
-}
-
-TEST_F(MainCommandsTest, ClosingTheMainWindowUnderAMessageOfADialogEndsAllThree) {
-  Open();
-  InNextDialog([this](QWidget& dialog) {
-    InNextDialog([this](QWidget&) { screen().close(); });
-    Click(dialog, "okButton");  // refused: there is no name
-    EXPECT_FALSE(dialog.isVisible());
-  });
-  Tool(kToolAdd);
-  EXPECT_FALSE(screen().isVisible());
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-}
-
 TEST_F(MainCommandsTest, DeleteWithoutASelectedRecordAsksNothing) {
   AddProduct("Milk", kToday);
   Open();
