@@ -12,9 +12,13 @@ namespace {
 constexpr Department kDepartments[] = {Department::kGroceries, Department::kHousehold,
                                        Department::kElectronics};
 
-// The second size holds about twice as much, and costs somewhat less than twice.
-constexpr int kPercentOfNextSize = 180;
 constexpr int kPercentOfNextVariety = 107;
+
+// The second size of most things holds about twice as much, and costs somewhat less than twice;
+// that of devices is a little better.
+int PercentOfNextSize(Department department) {
+  return department == Department::kElectronics ? 130 : 180;
+}
 
 std::vector<std::string_view> Split(std::string_view list) {
   std::vector<std::string_view> parts;
@@ -45,7 +49,7 @@ void AppendGood(std::vector<Article>& articles, Department department, const Goo
       articles.push_back({static_cast<std::int32_t>(articles.size()) + 1,
                           Joined(maker, variety, good.name, size), std::string(maker), department,
                           PriceTag(cents)});
-      cents = cents * kPercentOfNextSize / 100;
+      cents = cents * PercentOfNextSize(department) / 100;
     }
     variety_cents = variety_cents * kPercentOfNextVariety / 100;
   }

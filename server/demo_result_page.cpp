@@ -219,7 +219,7 @@ const ResultMarkers& MarkersOf(PageStyle style) {
 }
 
 std::string SiteAddressOf(const DemoShop& shop) {
-  const std::string address = "http://" + std::string(kServerToken);
+  std::string address = "http://" + std::string(kServerToken);
   switch (shop.style) {
     case PageStyle::kCards:
       return address + ShopPath(shop);
@@ -235,8 +235,7 @@ std::string SiteAddressOf(const DemoShop& shop) {
 }
 
 std::string ResultPage(const DemoShop& shop, const Findings& findings) {
-  const std::string title =
-      findings.words.empty() ? std::string("Everything") : std::string(findings.words);
+  const std::string title = findings.words.empty() ? "Everything" : findings.words;
   return ShopFrame(shop, {title, findings.department, findings.words},
                    Heading(shop, findings) + Results(shop, findings));
 }

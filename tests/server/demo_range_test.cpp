@@ -49,6 +49,15 @@ TEST(DemoRange, NamesAndPricesFollowTheRule) {
   EXPECT_TRUE(FindArticle(7)->name.ends_with(" Plain Yogurt 150 g"));
 }
 
+// The last good is the laptop at $649.99; its second size costs 130 %, $844.98.
+TEST(DemoRange, TheNextSizeOfADeviceCostsLittleMore) {
+  const Article& first = *FindArticle(static_cast<std::int32_t>(Articles().size()) - 5);
+  EXPECT_TRUE(first.name.ends_with(" Student Laptop 14 inch")) << first.name;
+  EXPECT_EQ(first.cents, 64'999);
+  EXPECT_TRUE(FindArticle(first.number + 1)->name.ends_with(" Student Laptop 16 inch"));
+  EXPECT_EQ(FindArticle(first.number + 1)->cents, 84'499);
+}
+
 TEST(DemoRange, PriceTagsEndInNine) {
   EXPECT_EQ(PriceTag(120), 129);
   EXPECT_EQ(PriceTag(129), 129);
