@@ -24,6 +24,11 @@ void LookAround(Robot& robot, Stage& stage, QSize size);
 /// meets a server that is gone. Nothing where this build has no server.
 void BringUpToDate(Robot& robot, Stage& stage);
 
+/// A household without shops and a server beside it that plays some: searches, stops the one that
+/// is slow, opens the results again, views one, deletes two of them and then the search. Nothing
+/// where this build has no server.
+void SearchTheWeb(Robot& robot, Stage& stage);
+
 /// The long list from real life, where its file is at hand; otherwise nothing.
 void EnterALongList(Robot& robot, Stage& stage, const std::string& csv_path);
 

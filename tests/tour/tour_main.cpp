@@ -47,6 +47,8 @@ int PlayChapter(const QString& chapter, const QString& folder, const QString& pi
     brovanta::tour::LookAround(robot, stage, QSize(360, 640));
   } else if (chapter == QStringLiteral("8_update")) {
     brovanta::tour::BringUpToDate(robot, stage);
+  } else if (chapter == QStringLiteral("9_search")) {
+    brovanta::tour::SearchTheWeb(robot, stage);
   } else {
     brovanta::tour::EnterALongList(robot, stage, BROVANTA_REAL_PRODUCTS);
   }
@@ -82,9 +84,10 @@ int PlayAll(const QString& pictures) {
   QTemporaryDir household;
   QTemporaryDir long_list;
   QTemporaryDir updated;
-  if (!household.isValid() || !long_list.isValid() || !updated.isValid()) return 2;
+  QTemporaryDir searching;
   int result = 0;
-  for (const QTemporaryDir* folder : {&household, &long_list, &updated}) {
+  for (const QTemporaryDir* folder : {&household, &long_list, &updated, &searching}) {
+    if (!folder->isValid()) return 2;
     if (!brovanta::SeedNameLists(folder->path().toStdString())) return 2;
   }
   for (const char* chapter : {"1_list", "2_life", "3_coupons", "4_wide", "5_small", "6_double"}) {
@@ -92,6 +95,7 @@ int PlayAll(const QString& pictures) {
   }
   result |= StartChapter(QStringLiteral("7_long"), long_list.path(), pictures);
   result |= StartChapter(QStringLiteral("8_update"), updated.path(), pictures);
+  result |= StartChapter(QStringLiteral("9_search"), searching.path(), pictures);
   return result;
 }
 
