@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kSearchesTab = 3;
 constexpr QSize kPictureSize{32, 32};
-constexpr int kWindowWidth = 360;
+constexpr QSize kWindowSize{360, 240};  // a larger text scrolls
 
 }  // namespace
 
@@ -26,7 +26,7 @@ SearchDialog::SearchDialog(SearchManager& searches, QWidget* parent)
   connect(form_->searchButton, &QPushButton::clicked, this, &SearchDialog::Search);
   connect(form_->cancelButton, &QPushButton::clicked, this, &SearchDialog::reject);
   form_->categoryBox->setFocus();
-  resize(kWindowWidth, form_->content->layout()->totalHeightForWidth(kWindowWidth));
+  resize(kWindowSize);
 }
 
 SearchDialog::~SearchDialog() = default;

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 #include "tests/support/form_check.h"
@@ -326,6 +327,17 @@ TEST_F(SearchDialogTest, ProgramClosedDuringTheSearchIsNoCompletedSearch) {
       },
       &main);
   EXPECT_EQ(result, ModalDialog::kCancelled);
+}
+
+TEST_F(SearchDialogTest, OpensSmallWithAllOfItInView) {
+  WriteConfiguration(folder_);
+  Run([](SearchDialog& dialog) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    auto* area = dialog.findChild<QScrollArea*>();
+    EXPECT_EQ(area->verticalScrollBar()->maximum(), 0) << "nothing has to be scrolled for";
+    EXPECT_LT(dialog.height(), 300);
+    dialog.close();
+  });
 }
 
 TEST_F(SearchDialogTest, LooksWell) {
