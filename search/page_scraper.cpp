@@ -34,12 +34,13 @@ PageScraper::PageScraper(std::string_view page, const WebAgent& agent, ScrapeObs
       text_(agent, &WebAgent::StartText, &WebAgent::EndText),
       url_(agent, &WebAgent::StartURL, &WebAgent::EndURL),
       price_(agent, &WebAgent::StartPrice, &WebAgent::EndPrice),
-      promo_(agent, &WebAgent::StartPromo, &WebAgent::EndPromo) {
-  start_search_.Reset(page_);
-  end_search_.Reset(page_);
-}
+      promo_(agent, &WebAgent::StartPromo, &WebAgent::EndPromo) {}
 
 std::optional<SearchResultItem> PageScraper::FirstItem() {
+  cursor_ = 0;
+  end_ = PageEnd::kNotYet;
+  start_search_.Reset(page_);
+  end_search_.Reset(page_);
   if (agent_.EndHeader) {
     const auto match = FindPlain(page_, *agent_.EndHeader);
     if (observer_ != nullptr) observer_->OnMarker(&WebAgent::EndHeader, match);

@@ -122,7 +122,10 @@ void SearchRun::Run(Task& task) {
   try {
     RunAgent(task);
   } catch (...) {
-    Report(task, AGENT_NO_PAGE);
+    try {
+      Report(task, AGENT_NO_PAGE);
+    } catch (...) {  // not even for that was there memory; the agent has ended all the same
+    }
   }
   const std::lock_guard lock(mutex_);
   task.ended = true;

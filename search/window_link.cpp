@@ -16,7 +16,12 @@ void WindowLink::SendMessage(std::uint32_t message, std::uintptr_t wParam, std::
   std::unique_lock lock(mutex_);
   if (closed_) return;
   waiting_.push_back(&sent);
-  wake_();
+  try {
+    wake_();
+  } catch (...) {
+    waiting_.pop_back();  // nobody would come for it, and it goes with this call
+    return;
+  }
   // A message that is being handled is waited for even when the link is closed meanwhile.
   changed_.wait(lock, [&sent] { return sent.handled; });
 }

@@ -50,6 +50,21 @@ TEST(PageScraperTest, BlocksComeInTheOrderOfThePage) {
               ElementsAre("A", "B"));
 }
 
+TEST(PageScraperTest, AWalkCanBeginAgain) {
+  WebAgent agent = PlainAgent();
+  agent.EndHeader = "<hr>";
+  agent.StartResult = "<*i>";
+  const std::string page = "<hr>" + Block("A", "/a", "2") + Block("B", "/b", "1");
+  PageScraper scraper(page, agent);
+  for (int walk = 0; walk < 2; ++walk) {
+    std::vector<std::string> titles;
+    for (auto item = scraper.FirstItem(); item; item = scraper.NextItem()) {
+      titles.push_back(*item->Title);
+    }
+    EXPECT_THAT(titles, ElementsAre("A", "B")) << walk;
+  }
+}
+
 TEST(PageScraperTest, PageWithoutTheHeaderMarkerYieldsNothing) {
   WebAgent agent = PlainAgent();
   agent.EndHeader = "<hr>";

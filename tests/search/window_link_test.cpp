@@ -66,6 +66,17 @@ TEST(WindowLinkTest, OnItsOwnThreadSendingIsAPlainCall) {
   EXPECT_THAT(screen.messages, ElementsAre(1124U));
 }
 
+TEST(WindowLinkTest, MessageForWhichNobodyCanBeWokenIsLostAndHoldsNobody) {
+  int handled = 0;
+  WindowLink link([&](std::uint32_t, std::uintptr_t, std::intptr_t) { ++handled; },
+                  [] { throw std::bad_alloc(); });
+  std::thread sender([&] { link.SendMessage(WM_SEARCH_AGENT_STARTED, 0, 0); });
+  sender.join();
+  link.Deliver();  // finds nothing of it
+  link.Close();
+  EXPECT_EQ(handled, 0);
+}
+
 TEST(WindowLinkTest, MessageOfAnotherThreadIsHandledOnItsOwn) {
   Screen screen;
   std::vector<std::size_t> handled;
