@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "search/query_address.h"
 #include "util/utf16.h"
 #include "util/windows_1252.h"
 
@@ -58,7 +59,7 @@ std::string Quoted(std::string_view bytes) {
 
 std::string SearchWordsOf(std::string_view typed) {
   const auto wide = Utf8ToUtf16(typed);
-  return wide ? NarrowToWindows1252(*wide) : std::string(typed);
+  return (wide ? NarrowToWindows1252(*wide) : std::string(typed)).substr(0, kMaxWordsLength);
 }
 
 }  // namespace brovanta::agent_tool

@@ -10,6 +10,9 @@ namespace brovanta {
 /// What stands in a FormatString for the search words; its blanks go with it.
 inline constexpr char kKeyword[] = " KEYWORD ";
 
+/// A search is for the first so many bytes of its words.
+inline constexpr std::size_t kMaxWordsLength = 100;
+
 /// A query address is cut behind this many bytes.
 inline constexpr std::size_t kMaxAddressLength = 249;
 

@@ -105,10 +105,18 @@ TEST_F(RunAgentToolTest, AddressEndsWithOneWhereTheProgramCouldNotUseIt) {
 }
 
 TEST_F(RunAgentToolTest, AddressThatIsCutIsNoted) {
-  const ProgramEnd end = Address(std::string(300, 'x'));
+  std::string accented;
+  for (int i = 0; i < 100; ++i) accented += "\u00E9";  // three bytes each in the address
+  const ProgramEnd end = Address(accented);
   EXPECT_EQ(end.status, 0);
   EXPECT_EQ(end.output.size(), 250U);  // 249 bytes and the line feed
   EXPECT_THAT(end.errors, HasSubstr("the address is cut"));
+}
+
+TEST_F(RunAgentToolTest, OnlyTheFirst100BytesAreSearchedForAsInTheProgram) {
+  Write(kBooks + ShopWith("FormatString", "http://shop.example/ KEYWORD "));
+  EXPECT_EQ(Address(std::string(150, 'x')).output,
+            "http://shop.example/" + std::string(100, 'x') + "\n");
 }
 
 TEST_F(RunAgentToolTest, MissingFilesEndWithThreeAndTheirNames) {

@@ -3,6 +3,7 @@
 #include <QTimerEvent>
 #include <utility>
 
+#include "search/query_address.h"
 #include "ui/base/message_box.h"
 #include "ui/base/wide_text.h"
 #include "ui/websearch/search_results_dialog.h"
@@ -12,7 +13,6 @@ namespace brovanta {
 namespace {
 
 constexpr int kStartDelay = 500;  // milliseconds: the screen is on view before the agents start
-constexpr std::size_t kWordsLength = 100;
 
 }  // namespace
 
@@ -62,7 +62,7 @@ void SearchProgressDialog::KillStartTimer() {
 }
 
 void SearchProgressDialog::Start() {
-  const std::string words = NarrowText(item_name_).substr(0, kWordsLength);
+  const std::string words = NarrowText(item_name_).substr(0, kMaxWordsLength);
   if (searches_.StartSearch(category_id_, words, link_) == 0) {
     ShowMessage(this, QStringLiteral("There was an error while starting the search agents for the "
                                      "selected category."));
