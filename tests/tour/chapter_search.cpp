@@ -252,6 +252,7 @@ void SearchChapter::Reopen(MainDialog& main) {
                       Text("Yes"));
                   ExpectSaved(found_ - 2, "after one was deleted in the list");
                   const ResultList* rows = ListOf(list);
+                  if (rows == nullptr) return;
                   robot_.Expect(rows->topLevelItemCount() == static_cast<int>(found_) - 2,
                                 Text("the list has lost both"));
                   robot_.Picture(list, Text("two_less"));
@@ -261,8 +262,12 @@ void SearchChapter::Reopen(MainDialog& main) {
 
 void SearchChapter::ViewOne(QWidget& list) {
   SelectResult(list, 0);
-  const QString title = ListOf(list)->Selected()->subitem(kTitleSubitem);
-  const QString url = ListOf(list)->Selected()->subitem(kUrlSubitem);
+  const ResultList* rows = ListOf(list);
+  const ResultRow* row = rows != nullptr ? rows->Selected() : nullptr;
+  robot_.Expect(row != nullptr, Text("a result is selected"));
+  if (row == nullptr) return;
+  const QString title = row->subitem(kTitleSubitem);
+  const QString url = row->subitem(kUrlSubitem);
   opened_addresses.clear();
   const WebAddressHandler before = SetWebAddressHandler(&NoteAddress);
   robot_.During([&] { robot_.TapCommand(list, kResultView); },

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kAgentColumn = 0;
 constexpr int kStatusColumn = 1;
-constexpr int kStatusWidth = 100;
+constexpr int kLeastWidth = 100;
 constexpr int kPicture = 165;
 constexpr QSize kPictureSize{16, 16};
 constexpr int kAgentId = Qt::UserRole;
@@ -35,7 +35,7 @@ AgentList::AgentList(QWidget* parent) : RowTree(parent) {
   setColumnCount(2);
   setHeaderLabels({QStringLiteral("Agent"), QStringLiteral("Status")});
   header()->setStretchLastSection(false);
-  header()->setMinimumSectionSize(kStatusWidth);
+  header()->setMinimumSectionSize(kLeastWidth);
   header()->setSectionResizeMode(kAgentColumn, QHeaderView::Stretch);
   header()->setSectionResizeMode(kStatusColumn, QHeaderView::ResizeToContents);
   setUniformRowHeights(true);

@@ -8,6 +8,8 @@
 namespace brovanta {
 
 /// A row for each agent, the latest on top: its name on the left, its state in words on the right.
+/// Both columns are at least 100 wide; what the screen has more goes to the name, or to a state
+/// that needs it.
 class AgentList : public RowTree {
   Q_OBJECT
 

@@ -53,6 +53,8 @@ QVariant ResultRow::data(int column, int role) const {
       return id_;
     case Qt::AccessibleTextRole:
       return AccessibleText();
+    case Qt::ToolTipRole:
+      return subitem(kTitleSubitem);  // a long one is cut in the list
     default:
       return {};
   }

@@ -1,6 +1,5 @@
 #include "ui/websearch/search_results_dialog.h"
 
-#include <QTimer>
 #include <QToolButton>
 
 #include "ui/base/icons.h"
@@ -58,15 +57,24 @@ void SearchResultsDialog::AddCommands() {
 }
 
 void SearchResultsDialog::Load() {
-  const bool read = ReadSearchResults(results_, path_) == 0;
-  if (!read) {
-    results_.Clear();
-    QTimer::singleShot(0, this, [this] {  // the dialog is open then
-      Say("There was an error while reading the search results from the database.");
-    });
-  }
+  readable_ = ReadSearchResults(results_, path_) == 0;
+  if (!readable_) results_.Clear();
   form_->resultList->SetResults(results_);
-  form_->resultList->SetEmptyText(read ? tr("No results") : tr("The results could not be read"));
+  form_->resultList->SetEmptyText(readable_ ? tr("No results")
+                                            : tr("The results could not be read"));
+}
+
+int SearchResultsDialog::exec() {
+  if (!readable_) {
+    ShowMessage(parentWidget(), QStringLiteral("There was an error while reading the search "
+                                               "results from the database."));
+  }
+  return over_ ? result() : ModalDialog::exec();
+}
+
+void SearchResultsDialog::done(int result) {
+  over_ = true;
+  ModalDialog::done(result);
 }
 
 void SearchResultsDialog::OnCaretChanged() {

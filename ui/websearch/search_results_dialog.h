@@ -23,8 +23,8 @@ inline constexpr int kResultBrowse = 2805;
 inline constexpr int kResultDelete = 2796;
 
 /// Views a search's results, opens their pages and deletes some of them. A row goes only when the
-/// results file has been written without its result. What cannot be read is reported once the
-/// dialog is open, and the list is empty then. The result says nothing.
+/// results file has been written without its result. What cannot be read is reported
+/// before the dialog opens, with an empty list. The result says nothing.
 class SearchResultsDialog : public ModalDialog {
   Q_OBJECT
 
@@ -34,6 +34,10 @@ class SearchResultsDialog : public ModalDialog {
   SearchResultsDialog(const SavedSearches& searches, std::int32_t number,
                       const QString& search_text, QWidget* parent);
   ~SearchResultsDialog() override;
+
+  /// Does not open where it was ended under the message of an error, with the program.
+  int exec() override;
+  void done(int result) override;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -56,6 +60,8 @@ class SearchResultsDialog : public ModalDialog {
   std::string path_;
   QString search_text_;
   SearchResultList results_;
+  bool readable_ = true;
+  bool over_ = false;
   std::unique_ptr<Ui::SearchResultsForm> form_;
 };
 

@@ -167,6 +167,20 @@ TEST_F(MainCommandsSearchTest, ClosingTheProgramUnderTheQuestionDeletesNothing) 
   EXPECT_TRUE(HasResults(2));
 }
 
+TEST_F(MainCommandsSearchTest, ClosedWindowUnderTheReadErrorOpensNoResults) {
+  Searches({kSoap});
+  folder_.WriteText(ResultsName(2), "damaged");
+  OpenTab();
+  Select("soap");
+  InNextDialog([this](QWidget& box) {
+    EXPECT_NE(qobject_cast<QMessageBox*>(&box), nullptr) << "before the list opens";
+    screen().close();
+  });
+  Tool(kToolEdit);
+  EXPECT_FALSE(screen().isVisible());
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
 TEST_F(MainCommandsSearchTest, ClosingTheProgramUnderTheViewerDeletesNothing) {
   Searches({kSoap});
   const std::optional<Bytes> results = folder_.Read(ResultsName(2));

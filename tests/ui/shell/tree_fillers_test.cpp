@@ -128,6 +128,30 @@ TEST_F(TreeFillersTest, WebSearchesOfThePeriodStandUnderTheirDaysInTheOrderOfThe
   EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "soap", "<b>tea</b>"));
 }
 
+// The period of a screen lets no such search through; the rows are made all the same.
+TEST_F(TreeFillersTest, WebSearchesOfAnUnknownDateHaveTheirOwnHeadings) {
+  Open();
+  for (const auto& [date, blanks] : {std::pair{DateStamp{0}, 60}, std::pair{DateStamp{-1}, 62}}) {
+    folder_.Write(
+        "websearch.dat",
+        RawIndex(9, {{.number = 2, .date = static_cast<std::uint32_t>(date), .words = "soap"}}));
+    MainState state{.options = options_, .database = nullptr, .searches = nullptr, .filter = {}};
+    state.searches = std::make_unique<SearchManager>();
+    ASSERT_EQ(state.searches->SetSearchFolder(folder_.path()), 0);
+    RecordTree rows;
+    ASSERT_EQ(FillWebSearches(rows, state), 0);
+    ASSERT_EQ(rows.topLevelItemCount(), 1) << blanks;
+    const QTreeWidgetItem* heading = rows.topLevelItem(0);
+    EXPECT_EQ(heading->text(0).toStdString(),
+              "Unknown date" + std::string(static_cast<std::size_t>(blanks), ' '));
+    ASSERT_EQ(heading->childCount(), 1);
+    EXPECT_EQ(heading->child(0)->text(0).toStdString(), std::string(46, ' '));
+    const TreeItemInfo& info = *InfoOf(heading->child(0));
+    EXPECT_EQ(info.reserved, 0);
+    EXPECT_EQ(info.storeName, QString());
+  }
+}
+
 TEST_F(TreeFillersTest, AnIndexThatCannotBeReadLeavesTheListEmptyAndSaysSo) {
   Bytes index = RawIndex(9, {{.number = 2, .date = kToday, .words = "soap"}});
   index.back() = std::byte{1};

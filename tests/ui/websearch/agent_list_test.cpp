@@ -87,6 +87,16 @@ TEST_F(AgentListTest, RowsAreAFingerHighAndReadFromBothEnds) {
   EXPECT_FALSE(name.data(Qt::DecorationRole).value<QIcon>().isNull());
 }
 
+TEST_F(AgentListTest, BothColumnsKeepTheirWidthOnTheNarrowestScreen) {
+  list_.AddAgent(1, QStringLiteral("Shop"));
+  list_.SetState(1, QStringLiteral("failed"));
+  list_.resize(200, 300);
+  list_.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&list_));
+  EXPECT_GE(list_.visualRect(list_.model()->index(0, 0)).width(), 100);
+  EXPECT_GE(list_.visualRect(list_.model()->index(0, 1)).width(), 100);
+}
+
 TEST_F(AgentListTest, LongStateIsNotCut) {
   QFont font = list_.font();
   font.setPixelSize(32);

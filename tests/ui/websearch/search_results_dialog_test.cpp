@@ -149,7 +149,6 @@ TEST_F(SearchResultsDialogTest, AnAddressThatIsNoWebPageIsNotOpened) {
             "There was an error while opening the selected search result in Internet Explorer.");
 }
 
-// The list in memory is without the result then.
 // The buttons are disabled then, yet a command may still be under way.
 TEST_F(SearchResultsDialogTest, WithoutASelectedRowEachCommandSaysWhatIsMissing) {
   Results({kSoap});

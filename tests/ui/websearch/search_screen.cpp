@@ -69,7 +69,10 @@ void SearchScreenTest::LoadConfiguration() {
 int SearchScreenTest::RunProgress(const std::function<void(SearchProgressDialog&)>& work,
                                   const QString& name, std::int32_t category, QWidget* parent) {
   SearchProgressDialog dialog(*searches_, name, category, parent);
-  QTimer::singleShot(0, &dialog, [&] { work(dialog); });
+  QTimer::singleShot(0, &dialog, [&] {
+    work(dialog);
+    if (dialog.isVisible()) dialog.done(ModalDialog::kCancelled);  // the work gave up
+  });
   return dialog.exec();
 }
 
