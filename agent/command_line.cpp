@@ -1,10 +1,9 @@
 #include "agent/command_line.h"
 
 #include <charconv>
-#include <utility>
-#include <vector>
 
 #include "agent/readable_text.h"
+#include "util/argument_reader.h"
 
 namespace brovanta::agent_tool {
 namespace {
@@ -16,47 +15,29 @@ std::optional<Action> ActionOf(std::string_view word) {
   return std::nullopt;
 }
 
-// Takes options and words apart, in any order. Every step returns false after noting the error.
-class Parser {
+// Every step returns false after noting the error.
+class Parser : ArgumentReader {
  public:
-  Parser(std::span<const std::string_view> arguments, std::string& error)
-      : arguments_(arguments), error_(error) {}
+  using ArgumentReader::ArgumentReader;
 
   std::optional<CommandLine> Parse() {
-    bool options_end = false;
-    while (!arguments_.empty()) {
-      const std::string_view argument = Take();
-      if (!options_end && argument == "--") {
-        options_end = true;
-      } else if (options_end || argument.size() < 2 || !argument.starts_with('-')) {
-        words_.push_back(argument);
-      } else if (argument == "--help" || argument == "-h") {
-        line_.action = Action::kHelp;
-        return line_;
-      } else if (argument == "--version") {
-        line_.action = Action::kVersion;
-        return line_;
-      } else if (!TakeOption(argument)) {
-        return std::nullopt;
-      }
-    }
-    if (!TakeWords() || !CheckTogether()) return std::nullopt;
+    const bool read = ReadArguments([this](std::string_view option) { return TakeOption(option); });
+    if (asked_) return line_;
+    if (!read || !TakeWords() || !CheckTogether()) return std::nullopt;
     return line_;
   }
 
  private:
-  bool Fail(std::string message) {
-    error_ = std::move(message);
+  // --help and --version end the reading, whatever follows.
+  bool TakeQuestion(Action action) {
+    line_.action = action;
+    asked_ = true;
     return false;
   }
 
-  std::string_view Take() {
-    const std::string_view argument = arguments_.front();
-    arguments_ = arguments_.subspan(1);
-    return argument;
-  }
-
   bool TakeOption(std::string_view option) {
+    if (option == "--help" || option == "-h") return TakeQuestion(Action::kHelp);
+    if (option == "--version") return TakeQuestion(Action::kVersion);
     if (option == "--json") {
       line_.json = true;
       return true;
@@ -64,7 +45,7 @@ class Parser {
     if (option != "--site" && option != "--words") {
       return Fail("There is no option " + Quoted(option) + ".");
     }
-    if (arguments_.empty()) return Fail(std::string(option) + " needs a value.");
+    if (!HasMore()) return Fail(std::string(option) + " needs a value.");
     return option == "--site" ? TakeSite(Take()) : TakeSearchWords(Take());
   }
 
@@ -80,18 +61,18 @@ class Parser {
   }
 
   bool TakeWords() {
-    if (words_.empty()) return Fail("check, try or address is missing.");
-    const auto action = ActionOf(words_[0]);
-    if (!action) return Fail("There is no command " + Quoted(words_[0]) + ".");
+    if (words().empty()) return Fail("check, try or address is missing.");
+    const auto action = ActionOf(words()[0]);
+    if (!action) return Fail("There is no command " + Quoted(words()[0]) + ".");
     line_.action = *action;
-    const std::string command(words_[0]);
+    const std::string command(words()[0]);
     const std::size_t files = line_.action == Action::kTry ? 2 : 1;
-    if (words_.size() < 2) return Fail(command + " needs an agent file.");
-    if (words_.size() < files + 1) return Fail(command + " needs a page.");
-    if (words_.size() > files + 1)
-      return Fail(command + " does not take " + Quoted(words_.back()) + ".");
-    line_.file = words_[1];
-    if (files == 2) line_.page = words_[2];
+    if (words().size() < 2) return Fail(command + " needs an agent file.");
+    if (words().size() < files + 1) return Fail(command + " needs a page.");
+    if (words().size() > files + 1)
+      return Fail(command + " does not take " + Quoted(words().back()) + ".");
+    line_.file = words()[1];
+    if (files == 2) line_.page = words()[2];
     return true;
   }
 
@@ -105,10 +86,8 @@ class Parser {
     return true;
   }
 
-  std::span<const std::string_view> arguments_;
-  std::string& error_;
   CommandLine line_;
-  std::vector<std::string_view> words_;
+  bool asked_ = false;
 };
 
 }  // namespace

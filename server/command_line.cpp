@@ -1,9 +1,7 @@
 #include "server/command_line.h"
 
-#include <utility>
-#include <vector>
-
 #include "server/text_rules.h"
+#include "util/argument_reader.h"
 
 namespace brovanta::server {
 namespace {
@@ -16,50 +14,35 @@ std::optional<Subject> SubjectOf(std::string_view word) {
   return std::nullopt;
 }
 
-// Takes options and words apart, in any order. Every step returns false after noting the error.
-class Parser {
+// Every step returns false after noting the error.
+class Parser : ArgumentReader {
  public:
-  Parser(std::span<const std::string_view> arguments, std::string& error)
-      : arguments_(arguments), error_(error) {}
+  using ArgumentReader::ArgumentReader;
 
   std::optional<CommandLine> Parse() {
-    while (!arguments_.empty()) {
-      const std::string_view argument = Take();
-      const bool option = argument.size() > 1 && argument.starts_with('-');
-      if (!option) {
-        words_.push_back(argument);
-      } else if (!TakeOption(argument)) {
-        return std::nullopt;
-      }
-      if (line_.action == Action::kHelp || line_.action == Action::kVersion) return line_;
-    }
-    if (!TakeWords() || !CheckTogether()) return std::nullopt;
+    const bool read = ReadArguments([this](std::string_view option) { return TakeOption(option); });
+    if (asked_) return line_;
+    if (!read || !TakeWords() || !CheckTogether()) return std::nullopt;
     return line_;
   }
 
  private:
-  bool Fail(std::string message) {
-    error_ = std::move(message);
+  // --help and --version end the reading, whatever follows.
+  bool TakeQuestion(Action action) {
+    line_.action = action;
+    asked_ = true;
     return false;
   }
 
-  std::string_view Take() {
-    const std::string_view argument = arguments_.front();
-    arguments_ = arguments_.subspan(1);
-    return argument;
-  }
-
   bool TakeOption(std::string_view option) {
-    if (option == "--help" || option == "-h") {
-      line_.action = Action::kHelp;
-    } else if (option == "--version") {
-      line_.action = Action::kVersion;
-    } else if (option == "--demo") {
+    if (option == "--help" || option == "-h") return TakeQuestion(Action::kHelp);
+    if (option == "--version") return TakeQuestion(Action::kVersion);
+    if (option == "--demo") {
       line_.demo = true;
     } else if (option == "--replace") {
       line_.replace = true;
     } else if (option == "--data" || option == "--listen") {
-      if (arguments_.empty()) return Fail(std::string(option) + " needs a value.");
+      if (!HasMore()) return Fail(std::string(option) + " needs a value.");
       return option == "--data" ? TakeData(Take()) : TakeListen(Take());
     } else {
       return Fail("There is no option " + Quoted(option) + ".");
@@ -81,17 +64,17 @@ class Parser {
   }
 
   bool TakeWords() {
-    if (words_.empty()) return true;
-    if (words_[0] != "import" && words_[0] != "export") {
-      return Fail("There is no command " + Quoted(words_[0]) + ".");
+    if (words().empty()) return true;
+    if (words()[0] != "import" && words()[0] != "export") {
+      return Fail("There is no command " + Quoted(words()[0]) + ".");
     }
-    line_.action = words_[0] == "import" ? Action::kImport : Action::kExport;
-    const std::string command(words_[0]);
-    const auto subject = words_.size() > 1 ? SubjectOf(words_[1]) : std::nullopt;
+    line_.action = words()[0] == "import" ? Action::kImport : Action::kExport;
+    const std::string command(words()[0]);
+    const auto subject = words().size() > 1 ? SubjectOf(words()[1]) : std::nullopt;
     if (!subject) return Fail(command + " needs stores, categories, coupons or agents.");
     line_.subject = *subject;
-    if (words_.size() > 2) line_.file = words_[2];
-    if (words_.size() > 3) return Fail(command + " takes one file.");
+    if (words().size() > 2) line_.file = words()[2];
+    if (words().size() > 3) return Fail(command + " takes one file.");
     if (line_.action == Action::kImport && line_.file.empty()) {
       return Fail("import needs a file.");
     }
@@ -109,10 +92,8 @@ class Parser {
     return true;
   }
 
-  std::span<const std::string_view> arguments_;
-  std::string& error_;
   CommandLine line_;
-  std::vector<std::string_view> words_;
+  bool asked_ = false;
   bool listen_given_ = false;
 };
 

@@ -23,8 +23,6 @@ using test::WordAt;
 constexpr std::array kSlots{1001, 1002, 1003, 1004, 1055};
 constexpr int kSearch = 1056;
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 /// A coupon as its fields are filled in. Texts that are empty are left alone.
 struct Coupon {
   const char* name;

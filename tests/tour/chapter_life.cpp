@@ -14,8 +14,6 @@ using test::ReadFramedFile;
 using test::TextAt;
 using test::WordAt;
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 constexpr const char* kSeries =
     "The selected product was setup as a recurring purchase.\nDo you want to permanently delete "
     "all instances in the recurring series for this product??";

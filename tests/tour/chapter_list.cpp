@@ -17,8 +17,6 @@ using test::ReadFramedFile;
 using test::TextAt;
 using test::WordAt;
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 void TypeIfGiven(Robot& robot, QWidget& dialog, const char* label, const char* text) {
   if (*text == '\0') return;
   if (QWidget* field = robot.Field(dialog, Text(label))) robot.Type(*field, Text(text));

@@ -10,8 +10,6 @@ namespace {
 using test::DoubleAt;
 using test::ReadFramedFile;
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 void LookAtTheCouponForms(Robot& robot, MainDialog& main, QSize size) {
   robot.TapTab(main, 1);
   robot.SelectRow(main, Text("Dairy days"));

@@ -13,6 +13,7 @@
 
 #include "net/http/http_client.h"
 #include "search/results_file.h"
+#include "tests/support/browser_stand_in.h"
 #include "tests/support/framed_file.h"
 #include "tests/tour/chapters.h"
 #include "tests/tour/demo_server.h"
@@ -37,15 +38,6 @@ constexpr std::uint32_t kFirstSearch = 2;
 constexpr const char* kSlowShop = "Slow Boat Traders";
 constexpr const char* kBrokenShop = "Creaky Gate Bazaar";
 constexpr QSize kHandheld{360, 640};
-
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
-QStringList opened_addresses;  // by the stand-in for the browser
-
-bool NoteAddress(const QString& address) {
-  opened_addresses.append(address);
-  return true;
-}
 
 class SearchChapter {
  public:
@@ -268,8 +260,7 @@ void SearchChapter::ViewOne(QWidget& list) {
   if (row == nullptr) return;
   const QString title = row->subitem(kTitleSubitem);
   const QString url = row->subitem(kUrlSubitem);
-  opened_addresses.clear();
-  const WebAddressHandler before = SetWebAddressHandler(&NoteAddress);
+  const test::BrowserStandIn browser;
   robot_.During([&] { robot_.TapCommand(list, kResultView); },
                 [&](QWidget& viewer) {
                   Pictures(viewer, "viewer");
@@ -277,8 +268,8 @@ void SearchChapter::ViewOne(QWidget& list) {
                   robot_.Expect(viewer.isVisible(), Text("the viewer stays open"));
                   robot_.Tap(viewer, Text("Delete"));
                 });
-  SetWebAddressHandler(before);
-  robot_.Expect(opened_addresses == QStringList{url}, Text("the browser is sent to the article"));
+  robot_.Expect(browser.addresses() == QStringList{url},
+                Text("the browser is sent to the article"));
   const std::atomic<std::int32_t> flag{0};
   const auto page = DownloadUrlToBuffer(url.toStdString(), 0, flag);
   robot_.Expect(

@@ -7,6 +7,7 @@
 #include <ctime>
 
 #include "net/http/http_client.h"
+#include "tests/support/browser_stand_in.h"
 #include "tests/support/framed_file.h"
 #include "tests/tour/chapters.h"
 #include "tests/tour/demo_server.h"
@@ -27,15 +28,6 @@ constexpr const char* kNewCoupon =
     "source,id,name,product,description,type,value_type,value,start_date,end_date,store_id,"
     "category_id\n"
     "coupon,901,Half price for robots,Robot,Show this page.,store coupon,percent,50,,,1,1\n";
-
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
-QStringList opened_addresses;  // by the stand-in for the browser
-
-bool NoteAddress(const QString& address) {
-  opened_addresses.append(address);
-  return true;
-}
 
 class UpdateChapter {
  public:
@@ -131,8 +123,7 @@ void UpdateChapter::OnlyWhatIsNew(MainDialog& main) {
 }
 
 void UpdateChapter::ViewOnTheWeb(MainDialog& main, const QString& coupon, const QString& page) {
-  opened_addresses.clear();
-  const WebAddressHandler before = SetWebAddressHandler(&NoteAddress);
+  const test::BrowserStandIn browser;
   robot_.SelectRow(main, coupon);
   robot_.During([&] { robot_.TapCommand(main, 2772); },
                 [&](QWidget& dialog) {
@@ -140,10 +131,9 @@ void UpdateChapter::ViewOnTheWeb(MainDialog& main, const QString& coupon, const 
                   robot_.Tap(dialog, kViewOnTheWeb);
                   robot_.Tap(dialog, Text("Cancel"));
                 });
-  SetWebAddressHandler(before);
   const QString address = QString::fromStdString(server_.url()) + page;
-  robot_.Expect(opened_addresses == QStringList{address},
-                Text("the browser is sent to ") + opened_addresses.join(QLatin1Char(' ')));
+  robot_.Expect(browser.addresses() == QStringList{address},
+                Text("the browser is sent to ") + browser.addresses().join(QLatin1Char(' ')));
   const std::atomic<std::int32_t> flag{0};
   const auto text = DownloadUrlToBuffer(address.toStdString(), 0, flag);
   robot_.Expect(text && text->find(coupon.toStdString()) != std::string::npos,

@@ -13,6 +13,8 @@ class QWidget;
 
 namespace brovanta::tour {
 
+inline QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
+
 /// Drives the program through mouse and key events only. What cannot be done as described (a
 /// control that is missing, hidden or disabled, a dialog that does not come) is noted as a failure,
 /// and the tour goes on as well as it can. User-interface thread.

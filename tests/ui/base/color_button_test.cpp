@@ -9,27 +9,18 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "tests/support/browser_stand_in.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
 namespace {
-
-QStringList opened_addresses;
-
-bool RecordAddress(const QString& address) {
-  opened_addresses.append(address);
-  return true;
-}
 
 class ColorButtonTest : public testing::Test {
  protected:
   ColorButtonTest() : button_(&window_) {
     window_.resize(300, 300);
     button_.setGeometry(20, 20, 160, 40);
-    before_ = SetWebAddressHandler(&RecordAddress);
-    opened_addresses.clear();
   }
-  ~ColorButtonTest() override { SetWebAddressHandler(before_); }
 
   void Show() {
     window_.show();
@@ -40,7 +31,7 @@ class ColorButtonTest : public testing::Test {
 
   QWidget window_;
   ColorButton button_;
-  WebAddressHandler before_ = nullptr;
+  test::BrowserStandIn browser_;
 };
 
 TEST_F(ColorButtonTest, ColorIndexSixIsRefusedWithThreeAndChangesNothing) {
@@ -120,11 +111,11 @@ TEST_F(ColorButtonTest, AButtonWithAMenuNeverOpensItsWebAddress) {
   button_.AttachMenu(&menu, true);
   button_.SetWebAddress(QStringLiteral("http://localhost/deal"));
   Tap();
-  EXPECT_TRUE(opened_addresses.isEmpty());
+  EXPECT_TRUE(browser_.addresses().isEmpty());
   menu.close();
   button_.AttachMenu(nullptr, true);
   Tap();
-  EXPECT_EQ(opened_addresses, QStringList{QStringLiteral("http://localhost/deal")});
+  EXPECT_EQ(browser_.addresses(), QStringList{QStringLiteral("http://localhost/deal")});
 }
 
 TEST_F(ColorButtonTest, ReattachingForgetsTheOldMenuWithoutDestroyingIt) {
@@ -166,14 +157,14 @@ TEST_F(ColorButtonTest, CheckBoxModeInvertsTheMarkAndDropsNoMenu) {
   Tap();
   EXPECT_FALSE(button_.isChecked());
   EXPECT_FALSE(menu.isVisible());
-  EXPECT_TRUE(opened_addresses.isEmpty());
+  EXPECT_TRUE(browser_.addresses().isEmpty());
 }
 
 TEST_F(ColorButtonTest, AnEmptyWebAddressOpensNothing) {
   Show();
   button_.SetWebAddress(QString());
   Tap();
-  EXPECT_TRUE(opened_addresses.isEmpty());
+  EXPECT_TRUE(browser_.addresses().isEmpty());
 }
 
 TEST_F(ColorButtonTest, OnlyWebAndMailAddressesAreOpened) {
@@ -184,7 +175,7 @@ TEST_F(ColorButtonTest, OnlyWebAndMailAddressesAreOpened) {
   EXPECT_FALSE(OpenWebAddress(QStringLiteral("/bin/sh")));
   EXPECT_FALSE(OpenWebAddress(QStringLiteral("javascript:alert(1)")));
   EXPECT_FALSE(OpenWebAddress(QString()));
-  EXPECT_EQ(opened_addresses.size(), 3);
+  EXPECT_EQ(browser_.addresses().size(), 3);
 }
 
 TEST_F(ColorButtonTest, PointerIsFollowedOnlyWhileHoverTrackingIsOn) {

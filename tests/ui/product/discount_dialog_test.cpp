@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QTest>
 
+#include "tests/support/browser_stand_in.h"
 #include "tests/support/form_check.h"
 #include "tests/ui/product/discount_form.h"
 #include "ui/base/color_button.h"
@@ -21,26 +22,11 @@ namespace {
 using test::kDay;
 using test::kToday;
 
-QStringList opened;
-bool opens = true;
-
-bool NoteAddress(const QString& address) {
-  opened.append(address);
-  return opens;
-}
-
 class DiscountDialogTest : public test::DiscountFormTest {
  protected:
-  DiscountDialogTest() : before_(SetWebAddressHandler(&NoteAddress)) {
-    opened.clear();
-    opens = true;
-  }
-  ~DiscountDialogTest() override { SetWebAddressHandler(before_); }
-
   DateStamp Date(const char* name) { return Find<OptionalDateEdit>(name)->Stamp(); }
 
- private:
-  WebAddressHandler before_;
+  test::BrowserStandIn browser_;
 };
 
 TEST_F(DiscountDialogTest, ANewDiscountStartsEmpty) {
@@ -181,14 +167,14 @@ TEST_F(DiscountDialogTest, TheWebPageDependsOnTheSource) {
   Run(&coupon, kEditDiscountMode, [&] { Press("viewButton"); });
   const DiscountRecord deal = Stored(8, 2, Full());
   Run(&deal, kEditDiscountMode, [&] { Press("viewButton"); });
-  EXPECT_EQ(opened.join(QLatin1Char('\n')).toStdString(),
+  EXPECT_EQ(browser_.addresses().join(QLatin1Char('\n')).toStdString(),
             "http://server:8427/coupons/coupon.aspx?srcId=7\n"
             "http://server:8427/coupons/deal.aspx?srcId=8");
   EXPECT_EQ(Messages(), "");
 }
 
 TEST_F(DiscountDialogTest, APageThatDoesNotOpenIsReportedAndNothingIsLost) {
-  opens = false;
+  browser_.set_works(false);
   const DiscountRecord coupon = Stored(7, 1, Full());
   Run(&coupon, kEditDiscountMode, [&] {
     Type("couponNameEdit", QStringLiteral("Typed"));
@@ -203,7 +189,7 @@ TEST_F(DiscountDialogTest, APageThatDoesNotOpenIsReportedAndNothingIsLost) {
 TEST_F(DiscountDialogTest, AnotherSourceHasNoPageAndFailsTheSameWay) {
   const DiscountRecord record = Stored(7, 3, Full());
   Run(&record, kEditDiscountMode, [&] { Press("viewButton"); });
-  EXPECT_EQ(opened.size(), 0);
+  EXPECT_EQ(browser_.addresses().size(), 0);
   EXPECT_EQ(Messages(),
             "There was an error while opening the selected coupon in Internet Explorer.");
 }

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QToolButton>
 
+#include "tests/support/browser_stand_in.h"
 #include "tests/ui/shell/main_screen.h"
 #include "ui/shell/main_commands.h"
 
@@ -12,13 +13,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
-
-QStringList opened;
-
-bool NoteAddress(const QString& address) {
-  opened.append(address);
-  return true;
-}
 
 void ChooseFirst(QWidget& dialog, const char* box) {
   QTest::keyClick(dialog.findChild<QComboBox*>(QLatin1String(box)), Qt::Key_Down);
@@ -129,8 +123,7 @@ TEST_F(MainCommandsCouponsTest, FindLooksForAllWordsInTheName) {
 }
 
 TEST_F(MainCommandsCouponsTest, ThePageOfACouponIsOnTheGivenServer) {
-  const WebAddressHandler before = SetWebAddressHandler(&NoteAddress);
-  opened.clear();
+  const BrowserStandIn browser;
   AddCoupon("Deal", 0, 0, "", "", 2);
   Open();
   screen().SetUpdateServer("http://update.example:80");
@@ -141,8 +134,7 @@ TEST_F(MainCommandsCouponsTest, ThePageOfACouponIsOnTheGivenServer) {
     Click(dialog, "cancelButton");
   });
   Tool(kToolEdit);
-  SetWebAddressHandler(before);
-  EXPECT_EQ(opened.join(QLatin1Char(' ')).toStdString(),
+  EXPECT_EQ(browser.addresses().join(QLatin1Char(' ')).toStdString(),
             "http://update.example:80/coupons/deal.aspx?srcId=2");
 }
 

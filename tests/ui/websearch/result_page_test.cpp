@@ -14,9 +14,9 @@ TEST_F(ResultPageTest, WebPagesAreOpened) {
   OpenResultPage(QStringLiteral("http://shop.example/1?a=b&c=d"), nullptr);
   OpenResultPage(QStringLiteral("HTTPS://shop.example/2"), nullptr);
   OpenResultPage(QStringLiteral(" http://shop.example/3\r\n"), nullptr);
-  EXPECT_EQ(opened_, (QStringList{QStringLiteral("http://shop.example/1?a=b&c=d"),
-                                  QStringLiteral("HTTPS://shop.example/2"),
-                                  QStringLiteral("http://shop.example/3")}));
+  EXPECT_EQ(browser_.addresses(), (QStringList{QStringLiteral("http://shop.example/1?a=b&c=d"),
+                                               QStringLiteral("HTTPS://shop.example/2"),
+                                               QStringLiteral("http://shop.example/3")}));
   EXPECT_EQ(Messages(), "");
 }
 
@@ -32,14 +32,14 @@ TEST_F(ResultPageTest, NothingElseIs) {
                                  QStringLiteral(" "),
                                  QString()};
   for (const QString& address : addresses) OpenResultPage(address, nullptr);
-  EXPECT_EQ(opened_, QStringList());
+  EXPECT_EQ(browser_.addresses(), QStringList());
   EXPECT_EQ(answers_.texts(), QStringList(addresses.size(), QString::fromLatin1(kFailed)));
 }
 
 TEST_F(ResultPageTest, ABrowserThatFailsIsReported) {
-  browser_works_ = false;
+  browser_.set_works(false);
   OpenResultPage(QStringLiteral("http://shop.example/1"), nullptr);
-  EXPECT_EQ(opened_.size(), 1);
+  EXPECT_EQ(browser_.addresses().size(), 1);
   EXPECT_EQ(Messages(), kFailed);
 }
 

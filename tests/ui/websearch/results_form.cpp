@@ -18,15 +18,7 @@ Bytes Raw(const RawShownResult& result) {
 ResultsFormTest::ResultsFormTest() {
   std::filesystem::create_directory(folder_.File("WebSearch"));
   EXPECT_EQ(searches_.SetSearchFolder(folder_.path()), 0);
-  opened_.clear();
-  browser_works_ = true;
-  SetWebAddressHandler([](const QString& address) {
-    opened_ << address;
-    return browser_works_;
-  });
 }
-
-ResultsFormTest::~ResultsFormTest() { SetWebAddressHandler(nullptr); }
 
 void ResultsFormTest::Results(const std::vector<RawShownResult>& results) const {
   std::vector<Bytes> raw;

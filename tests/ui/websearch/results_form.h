@@ -9,6 +9,7 @@
 
 #include "search/search_manager.h"
 #include "tests/search/raw_searches.h"
+#include "tests/support/browser_stand_in.h"
 #include "tests/support/dialog_test.h"
 #include "ui/websearch/result_list.h"
 
@@ -32,7 +33,6 @@ class ResultsFormTest : public DialogTest {
   static constexpr std::int32_t kNumber = 7;
 
   ResultsFormTest();
-  ~ResultsFormTest() override;
 
   /// Writes "WebSearch/7.dat".
   void Results(const std::vector<RawShownResult>& results) const;
@@ -52,8 +52,7 @@ class ResultsFormTest : public DialogTest {
   TempFolder folder_;
   SearchManager searches_;
   /// The addresses that went to the browser, which does as it is told.
-  static inline QStringList opened_;
-  static inline bool browser_works_ = true;
+  BrowserStandIn browser_;
 };
 
 }  // namespace brovanta::test

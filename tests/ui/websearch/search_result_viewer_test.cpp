@@ -93,12 +93,12 @@ TEST_F(SearchResultViewerTest, OpenLeavesTheViewerOpen) {
     QTest::keyClick(dialog_, Qt::Key_Return);
     EXPECT_TRUE(dialog_->isVisible());
   });
-  EXPECT_EQ(opened_, QStringList(2, kSoap.url));
+  EXPECT_EQ(browser_.addresses(), QStringList(2, kSoap.url));
   EXPECT_EQ(Messages(), "");
 }
 
 TEST_F(SearchResultViewerTest, APageThatDoesNotOpenIsReportedAndTheViewerStays) {
-  browser_works_ = false;
+  browser_.set_works(false);
   View(kSoap, [&] {
     Press("openButton");
     EXPECT_TRUE(dialog_->isVisible());
@@ -110,12 +110,12 @@ TEST_F(SearchResultViewerTest, AnAddressThatIsNoWebPageIsNotOpened) {
   ShownResult result = kSoap;
   result.url = QStringLiteral("file:///etc/passwd");
   View(result, [&] { Press("openButton"); });
-  EXPECT_EQ(opened_, QStringList());
+  EXPECT_EQ(browser_.addresses(), QStringList());
   EXPECT_EQ(Messages(), kFailed);
 }
 
 TEST_F(SearchResultViewerTest, ClosingTheProgramUnderItsMessageDeletesNothing) {
-  browser_works_ = false;
+  browser_.set_works(false);
   const int result = View(kSoap, [&] {
     QMetaObject::invokeMethod(
         dialog_, [] { QApplication::closeAllWindows(); }, Qt::QueuedConnection);

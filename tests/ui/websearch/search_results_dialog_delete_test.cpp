@@ -147,7 +147,7 @@ TEST_F(SearchResultsDeleteTest, AResultThatCouldNotBeWrittenAwayIsGoneForEveryCo
   });
   EXPECT_EQ(Messages(), std::string(kQuestion) + "\n" + kSaveError + "\n" + kOpenError + "\n" +
                             kOpenError + "\n" + kQuestion + "\n" + kDeleteError);
-  EXPECT_EQ(opened_, QStringList());
+  EXPECT_EQ(browser_.addresses(), QStringList());
 }
 
 TEST_F(SearchResultsDeleteTest, WithoutTheirFolderTheResultsCannotBeWritten) {

@@ -134,7 +134,7 @@ TEST_F(SearchResultsDialogTest, TheBrowserOpensTheSelectedPage) {
     QTest::keyClick(List(), Qt::Key_O, Qt::ControlModifier);
     EXPECT_TRUE(dialog_->isVisible());
   });
-  EXPECT_EQ(opened_, QStringList(2, QStringLiteral("https://tea.example/")));
+  EXPECT_EQ(browser_.addresses(), QStringList(2, QStringLiteral("https://tea.example/")));
   EXPECT_EQ(Messages(), "");
 }
 
@@ -144,7 +144,7 @@ TEST_F(SearchResultsDialogTest, AnAddressThatIsNoWebPageIsNotOpened) {
     Select(0);
     Tool(2805);
   });
-  EXPECT_EQ(opened_, QStringList());
+  EXPECT_EQ(browser_.addresses(), QStringList());
   EXPECT_EQ(Messages(),
             "There was an error while opening the selected search result in Internet Explorer.");
 }
