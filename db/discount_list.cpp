@@ -99,7 +99,7 @@ std::optional<DiscountRecord> DiscountList::Add(std::int32_t id, std::int16_t so
                                                 DiscountFields& fields) {
   if (ResolveNames(fields) != 0) return std::nullopt;
   DiscountRecord record = BuildRecord(id, source, fields);
-  UnitOfWork work;
+  UnitOfWork work(database_.paths().backup);
   if (AppendRecord<DiscountFormat>(work, database_.paths().discount, record) != 0 ||
       work.Commit() != 0) {
     return std::nullopt;
@@ -109,6 +109,7 @@ std::optional<DiscountRecord> DiscountList::Add(std::int32_t id, std::int16_t so
 }
 
 std::size_t DiscountList::AddAll(std::span<NewDiscount> discounts) {
+  if (database_.RollBack() != 0) return 0;
   // A list that cannot be written costs the discounts that need a new name in it, not the others.
   struct Attempt {
     bool new_stores;
@@ -133,7 +134,7 @@ std::optional<std::size_t> DiscountList::TryAddAll(std::span<NewDiscount> discou
     records.push_back(BuildRecord(discount.id, discount.source, fields));
   }
   if (records.empty()) return std::nullopt;  // then no name is needed either
-  UnitOfWork work;
+  UnitOfWork work(database_.paths().backup);
   if (stores.NoteSave(work) != 0 || categories.NoteSave(work) != 0 ||
       AppendRecords<DiscountFormat>(work, database_.paths().discount, records) != 0 ||
       work.Commit() != 0) {
@@ -151,10 +152,11 @@ std::optional<std::size_t> DiscountList::TryAddAll(std::span<NewDiscount> discou
 
 std::optional<DiscountRecord> DiscountList::Update(std::int32_t id, std::int16_t source,
                                                    DiscountFields& fields) {
+  if (database_.RollBack() != 0) return std::nullopt;
   LocatedRecord<DiscountFormat> located = Locate(database_.paths().discount, id, source);
   if (located.code != 0 || ResolveNames(fields) != 0) return std::nullopt;
   const DiscountRecord record = BuildRecord(id, source, fields);
-  UnitOfWork work;
+  UnitOfWork work(database_.paths().backup);
   const auto file = work.Adopt(std::move(located.file), database_.paths().discount);
   work.Write(file, located.offset, EncodeDiscount(record));
   if (work.Commit() != 0) return std::nullopt;
@@ -164,12 +166,13 @@ std::optional<DiscountRecord> DiscountList::Update(std::int32_t id, std::int16_t
 }
 
 int DiscountList::Mark(std::int32_t id, std::int16_t source, int action) {
+  if (const int code = database_.RollBack(); code != 0) return code;
   LocatedRecord<DiscountFormat> located = Locate(database_.paths().discount, id, source);
   if (located.code != 0) return located.code;
   if (action != kMarkDeleted && action != kMarkFlagged) return id;
   const std::size_t flag = action == kMarkDeleted ? layout::kDeleted : layout::kFlagged;
   const std::array<std::byte, 1> set{std::byte{1}};
-  UnitOfWork work;
+  UnitOfWork work(database_.paths().backup);
   const auto file = work.Adopt(std::move(located.file), database_.paths().discount);
   work.Write(file, located.offset + static_cast<std::int64_t>(flag), set);
   if (const int code = work.Commit(); code != 0) return code;

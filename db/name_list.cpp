@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "db/error_codes.h"
+#include "db/journal.h"
 #include "db/marked_reader.h"
 #include "db/record_format.h"
 #include "db/unit_of_work.h"
@@ -15,8 +16,6 @@
 namespace brovanta {
 namespace {
 
-constexpr int kBadNamesTried = 1000;
-
 void AppendWord(std::vector<std::byte>& bytes, std::uint32_t word) {
   bytes.resize(bytes.size() + kWordSize);
   StoreLittle(bytes.data() + bytes.size() - kWordSize, word);
@@ -26,12 +25,9 @@ void AppendWord(std::vector<std::byte>& bytes, std::uint32_t word) {
 int NoteCopy(UnitOfWork& work, const std::string& path) {
   std::string bytes;
   if (const int code = platform::ReadWholeFile(path, bytes); code != 0) return code;
-  std::string copy = path + ".bad";
-  for (int number = 2; platform::FileExists(copy); ++number) {
-    if (number > kBadNamesTried) return ERR_OPEN;
-    copy = path + ".bad" + std::to_string(number);
-  }
-  work.Replace(std::move(copy), std::as_bytes(std::span(bytes)));
+  std::optional<std::string> copy = platform::FreePathAside(path);
+  if (!copy) return ERR_OPEN;
+  work.Replace(*std::move(copy), std::as_bytes(std::span(bytes)));
   return 0;
 }
 
@@ -73,7 +69,9 @@ int NameList::EnsureLoaded(const std::string& path) {
 }
 
 int NameList::Save(const std::string& path) {
-  UnitOfWork work;
+  const std::string journal = JournalBeside(path);
+  if (const int code = RollBackJournal(journal); code != 0) return code;
+  UnitOfWork work(journal);
   if (const int code = NoteSave(work, path); code != 0) return code;
   const int code = work.Commit();
   if (code == 0) MarkSaved();

@@ -115,7 +115,7 @@ std::optional<ProductRecord> ProductList::Add(int kind, ProductFields& fields) {
   if (path == nullptr || ResolveNames(database_, fields) != 0) return std::nullopt;
 
   ProductRecord record = FreshRecord(fields);
-  UnitOfWork work;
+  UnitOfWork work(database_.paths().backup);
   if (AppendRecord<ProductFormat>(work, *path, record) != 0) return std::nullopt;
   if (work.Commit() != 0) return std::nullopt;
   Show(kind, record);
@@ -124,13 +124,13 @@ std::optional<ProductRecord> ProductList::Add(int kind, ProductFields& fields) {
 
 std::optional<ProductRecord> ProductList::Update(int kind, std::int32_t id, ProductFields& fields) {
   const std::string* path = PathOf(database_, kind);
-  if (path == nullptr) return std::nullopt;
+  if (path == nullptr || database_.RollBack() != 0) return std::nullopt;
   LocatedRecord<ProductFormat> located = Locate(*path, id);
   if (located.code != 0 || ResolveNames(database_, fields) != 0) return std::nullopt;
 
   ProductRecord record = FreshRecord(fields);
   record.Id = id;
-  UnitOfWork work;
+  UnitOfWork work(database_.paths().backup);
   const UnitOfWork::FileIndex file = work.Adopt(std::move(located.file), *path);
   work.Write(file, located.offset, EncodeProduct(record));
   if (work.Commit() != 0) return std::nullopt;
@@ -142,10 +142,11 @@ std::optional<ProductRecord> ProductList::Update(int kind, std::int32_t id, Prod
 int ProductList::Mark(int kind, std::int32_t id, int action) {
   const std::string* path = PathOf(database_, kind);
   if (path == nullptr) return kNoSuchKind;
+  if (const int code = database_.RollBack(); code != 0) return code;
   LocatedRecord<ProductFormat> located = Locate(*path, id);
   if (located.code != 0) return located.code;
 
-  UnitOfWork work;
+  UnitOfWork work(database_.paths().backup);
   const UnitOfWork::FileIndex file = work.Adopt(std::move(located.file), *path);
   // Only the bytes concerned are written: what else stands in the record stays as it is.
   if (action == kProductDelete) {

@@ -22,9 +22,10 @@ std::vector<std::byte> EmptyRecordFile(std::int32_t last_id) {
 int OpenForAppend(UnitOfWork& work, const std::string& path, std::size_t record_size,
                   std::int32_t initial_last_id, AppendPlace& place) {
   if (!platform::FileExists(path)) {
-    if (const int code = work.Create(path, EmptyRecordFile(initial_last_id)); code != 0) {
-      return code;
-    }
+    place.file = work.Make(path, EmptyRecordFile(initial_last_id));
+    place.end_mark = static_cast<std::int64_t>(kFirstRecordMark);
+    place.last_id = initial_last_id;
+    return 0;
   }
   platform::File file;
   if (!file.Open(path, platform::File::Mode::kReadWrite)) return ERR_OPEN;

@@ -109,8 +109,8 @@ struct AppendPlace {
   std::int32_t last_id = 0;
 };
 
-/// Opens a record file for appending and gives it to `work`; a missing one is made, empty. 0;
-/// ERR_OPEN when it cannot be opened or made; ERR_IO when it is too short or has a wrong magic;
+/// Opens a record file for appending and gives it to `work`; a missing one is made by Commit. 0;
+/// ERR_OPEN when it cannot be opened; ERR_IO when it is too short or has a wrong magic;
 /// ERR_FORMAT when it does not end with an end mark behind whole records: what would be written
 /// there no reader would find.
 [[nodiscard]] int OpenForAppend(UnitOfWork& work, const std::string& path, std::size_t record_size,
@@ -146,7 +146,7 @@ template <typename Format>
 }
 
 /// Notes in `work` that the records shall be appended to the file; nothing is written before
-/// Commit (except that a missing file is made; it goes again when Commit fails or does not come).
+/// Commit, which makes a missing file.
 /// An Id of 0 is replaced by the file's next. 0, ERR_OPEN, ERR_IO or ERR_FORMAT.
 template <typename Format>
 [[nodiscard]] int AppendRecords(UnitOfWork& work, const std::string& path,

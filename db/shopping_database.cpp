@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "db/journal.h"
 #include "db/new_names.h"
 #include "db/unit_of_work.h"
 
@@ -20,11 +21,12 @@ void AppendName(std::string& path, std::string_view name) {
   path = (path.append(name)).substr(0, kMaxPathLength);
 }
 
-int Resolve(NameList& list, const std::string& path, NameRef* reference) {
+int Resolve(NameList& list, const std::string& path, const std::string& journal_path,
+            NameRef* reference) {
   if (reference == nullptr) return 0;
   NewNames names(list, path);
   if (const int code = names.Resolve(*reference); code != 0 || names.empty()) return code;
-  UnitOfWork work;
+  UnitOfWork work(journal_path);
   if (const int code = names.NoteSave(work); code != 0) return code;
   const int code = work.Commit();
   if (code == 0) names.Keep();
@@ -51,16 +53,20 @@ int ShoppingDatabase::Open(const std::optional<std::string>& folder) {
   stores_.Clear();
   categories_.Clear();
   units_.Clear();
+  const int rolled_back = RollBack();
   int code = stores_.Load(paths_.store);
   if (code == 0) code = categories_.Load(paths_.category);
   if (code == 0) code = units_.Load(paths_.unit);
-  return code;
+  return code != 0 ? code : rolled_back;
 }
 
+int ShoppingDatabase::RollBack() const { return RollBackJournal(paths_.backup); }
+
 int ShoppingDatabase::ResolveNames(NameRef* store, NameRef* category, NameRef* unit) {
-  int code = Resolve(stores_, paths_.store, store);
-  if (code == 0) code = Resolve(categories_, paths_.category, category);
-  if (code == 0) code = Resolve(units_, paths_.unit, unit);
+  int code = RollBack();
+  if (code == 0) code = Resolve(stores_, paths_.store, paths_.backup, store);
+  if (code == 0) code = Resolve(categories_, paths_.category, paths_.backup, category);
+  if (code == 0) code = Resolve(units_, paths_.unit, paths_.backup, unit);
   return code;
 }
 

@@ -30,16 +30,21 @@ class ShoppingDatabase {
   ShoppingDatabase(const ShoppingDatabase&) = delete;
   ShoppingDatabase& operator=(const ShoppingDatabase&) = delete;
 
-  /// Builds the seven paths in the folder (UTF-8, native or with "\\") and loads the store,
-  /// category and unit lists. Returns 0 or the code of the first list that fails; the lists after
-  /// it stay empty. Without a folder, or with one shorter than 2 bytes, the file names are appended
-  /// to whatever the paths hold: kept, so that a fresh object works in the current folder.
+  /// Builds the seven paths in the folder (UTF-8, native or with "\\"), rolls back what an earlier
+  /// run left in the middle, and loads the store, category and unit lists. Returns 0 or the code of
+  /// the first list that fails; the lists after it stay empty. When only the roll-back fails, its
+  /// code; the lists are loaded all the same, and every change tries again before it begins.
+  /// Without a folder, or with one shorter than 2 bytes, the file names are appended to whatever
+  /// the paths hold: kept, so that a fresh object works in the current folder.
   [[nodiscard]] int Open(const std::optional<std::string>& folder);
 
   /// Gives every reference that is present and has id 0 the next own id of its list, in the order
   /// store, category, unit, and rewrites the list. nullptr = missing. 0 or an error code; a name
   /// whose list could not be written is taken out again and its reference keeps id 0.
   [[nodiscard]] int ResolveNames(NameRef* store, NameRef* category, NameRef* unit);
+
+  /// RollBackJournal with this folder's journal: what every change begins with, before it reads.
+  [[nodiscard]] int RollBack() const;
 
   [[nodiscard]] ProductList& products() { return products_; }
   [[nodiscard]] DiscountList& discounts() { return discounts_; }

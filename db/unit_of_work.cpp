@@ -7,64 +7,94 @@
 #include "platform/text_file.h"
 
 namespace brovanta {
+namespace {
 
-UnitOfWork::~UnitOfWork() { RemoveCreated(); }
+// Journal and files stand in one folder: the name is enough.
+std::string NameOf(const std::string& path) {
+  const std::size_t separator = path.find_last_of("\\/");
+  return separator == std::string::npos ? path : path.substr(separator + 1);
+}
+
+}  // namespace
 
 UnitOfWork::FileIndex UnitOfWork::Adopt(platform::File file, std::string path) {
   files_.push_back({std::move(file), std::move(path)});
   return files_.size() - 1;
 }
 
-int UnitOfWork::Create(const std::string& path, std::span<const std::byte> bytes) {
-  if (platform::FileExists(path) || !platform::ReplaceFile(path, bytes)) return ERR_OPEN;
-  created_.push_back(path);
-  return 0;
+UnitOfWork::FileIndex UnitOfWork::Make(std::string path, std::span<const std::byte> bytes) {
+  files_.push_back({platform::File(), std::move(path), true});
+  const FileIndex index = files_.size() - 1;
+  changes_.push_back({Kind::kMake, index, 0, {}, {bytes.begin(), bytes.end()}});
+  return index;
 }
 
 void UnitOfWork::Write(FileIndex index, std::int64_t offset, std::span<const std::byte> bytes) {
-  changes_.push_back({false, index, offset, {}, {bytes.begin(), bytes.end()}});
+  changes_.push_back({Kind::kWrite, index, offset, {}, {bytes.begin(), bytes.end()}});
 }
 
 void UnitOfWork::Replace(std::string path, std::span<const std::byte> bytes) {
-  changes_.push_back({true, 0, 0, std::move(path), {bytes.begin(), bytes.end()}});
+  changes_.push_back({Kind::kReplace, 0, 0, std::move(path), {bytes.begin(), bytes.end()}});
+}
+
+const std::string& UnitOfWork::PathOf(const Change& change) const {
+  return change.kind == Kind::kReplace ? change.path : files_[change.file].path;
 }
 
 int UnitOfWork::Commit() {
-  undos_.resize(changes_.size());
-  int code = 0;
-  for (std::size_t i = 0; i < changes_.size() && code == 0; ++i) {
-    code = SaveOldBytes(changes_[i], undos_[i]);
-  }
-  std::size_t begun = 0;
-  for (; code == 0 && begun < changes_.size(); ++begun) {
-    code = CarryOut(changes_[begun]);
-    if (code != 0 && changes_[begun].replaces) break;  // the old file was not touched
-  }
-  if (code == 0 && !SyncFiles()) code = ERR_IO;
-  if (code != 0) {
-    RollBack(begun);
-  } else {
-    created_.clear();
+  if (changes_.empty()) return 0;
+  // Held even where nothing is written into it, so that no roll-back comes between.
+  int code = journal_.Hold(journal_path_);
+  for (std::size_t i = 0; i < changes_.size() && code == 0; ++i) code = NoteUndo(changes_[i]);
+  if (code == 0 && NeedsJournal()) code = WriteJournal();
+  if (code == 0) {
+    code = CarryOutAll();
+    if (code == 0) code = Finish();
+    if (code != 0) RollBack();
   }
   files_.clear();
+  journal_.Release();
   return code;
 }
 
-int UnitOfWork::SaveOldBytes(const Change& change, Undo& undo) {
-  if (change.replaces) return SaveOldFile(change.path, undo);
+// A single replacement happens whole or not by itself.
+bool UnitOfWork::NeedsJournal() const {
+  return changes_.size() > 1 || changes_.front().kind != Kind::kReplace;
+}
+
+int UnitOfWork::WriteJournal() {
+  std::vector<UndoRecord> records;
+  for (std::size_t i = 0; i < changes_.size(); ++i) {
+    // A new file vanishes as a whole.
+    const Change& change = changes_[i];
+    if (change.kind != Kind::kWrite || !files_[change.file].is_new) records.push_back(undos_[i]);
+  }
+  return journal_.Write(records);
+}
+
+int UnitOfWork::NoteUndo(const Change& change) {
+  UndoRecord& undo = undos_.emplace_back();
+  undo.name = NameOf(PathOf(change));
+  if (change.kind == Kind::kReplace) return NoteOldFile(change.path, undo);
+  if (files_[change.file].is_new) {
+    undo.kind = UndoKind::kMade;
+    return change.kind == Kind::kMake && platform::FileExists(PathOf(change)) ? ERR_OPEN : 0;
+  }
   platform::File& file = files_[change.file].file;
-  const std::int64_t size = file.Size();
-  if (size < 0) return ERR_IO;
+  undo.old_size = file.Size();
+  if (undo.old_size < 0) return ERR_IO;
+  undo.offset = change.offset;
   const std::int64_t end =
-      std::min(size, change.offset + static_cast<std::int64_t>(change.bytes.size()));
-  undo.old_size = size;
+      std::min(undo.old_size, change.offset + static_cast<std::int64_t>(change.bytes.size()));
   undo.old_bytes.resize(static_cast<std::size_t>(std::max<std::int64_t>(0, end - change.offset)));
   const std::int64_t count = file.ReadAt(change.offset, undo.old_bytes);
   return count == static_cast<std::int64_t>(undo.old_bytes.size()) ? 0 : ERR_IO;
 }
 
-int UnitOfWork::SaveOldFile(const std::string& path, Undo& undo) const {
+int UnitOfWork::NoteOldFile(const std::string& path, UndoRecord& undo) const {
+  undo.kind = UndoKind::kMade;
   if (!platform::FileExists(path)) return 0;
+  undo.kind = UndoKind::kReplaced;
   std::string text;
   if (const int code = platform::ReadWholeFile(path, text); code != 0) return code;
   const std::span<const std::byte> bytes = std::as_bytes(std::span(text));
@@ -73,41 +103,57 @@ int UnitOfWork::SaveOldFile(const std::string& path, Undo& undo) const {
   return 0;
 }
 
+int UnitOfWork::CarryOutAll() {
+  for (const Change& change : changes_) {
+    if (const int code = CarryOut(change); code != 0) return code;
+  }
+  if (!SyncFiles()) return ERR_IO;
+  const auto is_new = [](const OpenFile& open) { return open.is_new; };
+  const bool has_new = std::any_of(files_.begin(), files_.end(), is_new);
+  return !has_new || platform::SyncFolderOf(journal_path_) ? 0 : ERR_IO;
+}
+
 int UnitOfWork::CarryOut(const Change& change) {
-  if (change.replaces) return platform::ReplaceFile(change.path, change.bytes) ? 0 : ERR_OPEN;
-  return files_[change.file].file.WriteAt(change.offset, change.bytes) ? 0 : ERR_IO;
+  if (change.kind == Kind::kReplace) {
+    const platform::Replacement result = platform::TryReplaceFile(change.path, change.bytes);
+    if (result != platform::Replacement::kRefused) ++begun_;
+    return result == platform::Replacement::kDone ? 0 : ERR_OPEN;
+  }
+  OpenFile& open = files_[change.file];
+  ++begun_;  // a file that is made may be there although it does not open
+  if (change.kind == Kind::kMake && !open.file.Open(open.path, platform::File::Mode::kCreateNew)) {
+    return ERR_OPEN;
+  }
+  return open.file.WriteAt(change.offset, change.bytes) ? 0 : ERR_IO;
+}
+
+// The journal is emptied last: that is the moment at which the change has happened.
+int UnitOfWork::Finish() {
+  if (!journal_.is_active() || journal_.Empty() == 0) return 0;
+  (void)journal_.WriteAgain();
+  return ERR_IO;
 }
 
 bool UnitOfWork::SyncFiles() {
-  return std::all_of(files_.begin(), files_.end(), [](OpenFile& open) { return open.file.Sync(); });
+  return std::all_of(files_.begin(), files_.end(),
+                     [](OpenFile& open) { return !open.file.is_open() || open.file.Sync(); });
 }
 
-// Putting back needs no new space, so that a full disk does not stand in its way. Nothing better
-// can be done when it fails all the same.
-void UnitOfWork::PutBack(const Change& change, const Undo& undo) {
-  if (!change.replaces) {
-    platform::File& file = files_[change.file].file;
-    (void)file.WriteAt(change.offset, undo.old_bytes);
-    if (undo.old_size) (void)file.Truncate(*undo.old_size);
-  } else if (undo.old_size) {
-    (void)platform::ReplaceFile(change.path, undo.old_bytes);
-  } else {
-    (void)platform::RemoveFile(change.path);
-  }
+bool UnitOfWork::PutBackChange(const Change& change, const UndoRecord& undo) {
+  if (change.kind == Kind::kReplace) return PutBackWhole(change.path, undo);
+  OpenFile& open = files_[change.file];
+  if (!open.is_new) return PutBack(open.file, undo);
+  return change.kind != Kind::kMake || PutBackWhole(open.path, undo);
 }
 
-// The old bytes were all saved before the first change, so that the order does not matter.
-void UnitOfWork::RollBack(std::size_t changes_begun) {
-  if (changes_begun > 0) {
-    for (std::size_t i = 0; i < changes_begun; ++i) PutBack(changes_[i], undos_[i]);
-    (void)SyncFiles();
-  }
-  RemoveCreated();
-}
-
-void UnitOfWork::RemoveCreated() {
-  for (const std::string& path : created_) (void)platform::RemoveFile(path);
-  created_.clear();
+// Putting overwritten bytes back needs no new space, so that a full disk does not stand in its
+// way. The old bytes were all noted before the first change: the order does not matter. What could
+// not be put back stays in the journal.
+void UnitOfWork::RollBack() {
+  bool done = true;
+  for (std::size_t i = 0; i < begun_; ++i) done = PutBackChange(changes_[i], undos_[i]) && done;
+  done = SyncFiles() && done;
+  if (done && journal_.is_active()) (void)journal_.Empty();
 }
 
 }  // namespace brovanta

@@ -3,35 +3,39 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "db/journal.h"
 #include "platform/file.h"
 
 namespace brovanta {
 
-/// Collects changes to one or more files and carries them out in Commit. Until then no byte has
-/// changed; when Commit fails every file is put back as it was. The files that it was given stay
-/// open and locked until Commit returns or the object is destroyed, so that what was read before
-/// is still true when it is written. Not reusable after Commit. One thread.
+/// Collects changes to one or more files of a folder and carries them out in Commit. Until then no
+/// byte has changed; when Commit fails every file is put back as it was, and when the program ends
+/// in the middle, RollBackJournal does that later. The files that it was given stay open and
+/// locked until Commit returns or the object is destroyed, so that what was read before is still
+/// true when it is written. Not reusable after Commit. One thread.
 class UnitOfWork {
  public:
   using FileIndex = std::size_t;
 
-  UnitOfWork() = default;
+  /// `journal_path` is that of the journal in the folder of the files. What the journal holds from
+  /// before must have been rolled back when the files are read: RollBackJournal comes first.
+  explicit UnitOfWork(std::string journal_path) : journal_path_(std::move(journal_path)) {}
   UnitOfWork(const UnitOfWork&) = delete;
   UnitOfWork& operator=(const UnitOfWork&) = delete;
-  ~UnitOfWork();
+  ~UnitOfWork() = default;
 
   /// Takes over an open file; changes and reads name it by the index.
   FileIndex Adopt(platform::File file, std::string path);
   [[nodiscard]] platform::File& file(FileIndex index) { return files_[index].file; }
 
-  /// Makes a file that does not exist yet, whole and at once, so that it can be opened and added
-  /// to. It is removed again unless Commit succeeds. 0 or ERR_OPEN.
-  [[nodiscard]] int Create(const std::string& path, std::span<const std::byte> bytes);
+  /// Notes that a file, which must not be there yet, shall be made and hold the bytes. Later writes
+  /// name it by the index; it cannot be read.
+  [[nodiscard]] FileIndex Make(std::string path, std::span<const std::byte> bytes);
 
   /// Notes that `bytes` shall stand at `offset`, extending the file where they reach past its end.
   void Write(FileIndex index, std::int64_t offset, std::span<const std::byte> bytes);
@@ -39,41 +43,45 @@ class UnitOfWork {
   /// Notes that a whole new file shall stand at the documented path (temporary file and rename).
   void Replace(std::string path, std::span<const std::byte> bytes);
 
-  /// Carries the changes out in the order in which they were noted and syncs them. 0, ERR_OPEN when
-  /// a file to replace is held by someone else or cannot be created, or ERR_IO; with an error
-  /// everything is as before.
+  /// Carries the changes out in the order in which they were noted; after 0 they have reached the
+  /// storage device. ERR_OPEN when someone else holds the journal or a file to replace, or a file
+  /// cannot be made, or ERR_IO; with an error everything is as before, or will be when the journal
+  /// is rolled back.
   [[nodiscard]] int Commit();
 
  private:
+  enum class Kind { kMake, kWrite, kReplace };
   struct OpenFile {
     platform::File file;
     std::string path;
+    bool is_new = false;  // not open before Commit makes it
   };
   struct Change {
-    bool replaces = false;
+    Kind kind = Kind::kWrite;
     FileIndex file = 0;
     std::int64_t offset = 0;
     std::string path;  // of a replacement
     std::vector<std::byte> bytes;
   };
-  // All that is needed to put a change back.
-  struct Undo {
-    std::optional<std::int64_t> old_size;  // nothing: the file was not there
-    std::vector<std::byte> old_bytes;      // what stood where the change goes, or the whole file
-  };
 
-  [[nodiscard]] int SaveOldBytes(const Change& change, Undo& undo);
-  [[nodiscard]] int SaveOldFile(const std::string& path, Undo& undo) const;
+  [[nodiscard]] const std::string& PathOf(const Change& change) const;
+  [[nodiscard]] bool NeedsJournal() const;
+  [[nodiscard]] int WriteJournal();
+  [[nodiscard]] int NoteUndo(const Change& change);
+  [[nodiscard]] int NoteOldFile(const std::string& path, UndoRecord& undo) const;
+  [[nodiscard]] int CarryOutAll();
   [[nodiscard]] int CarryOut(const Change& change);
+  [[nodiscard]] int Finish();
   [[nodiscard]] bool SyncFiles();
-  void PutBack(const Change& change, const Undo& undo);
-  void RollBack(std::size_t changes_begun);
-  void RemoveCreated();
+  [[nodiscard]] bool PutBackChange(const Change& change, const UndoRecord& undo);
+  void RollBack();
 
+  std::string journal_path_;
+  Journal journal_;
   std::vector<OpenFile> files_;
-  std::vector<std::string> created_;
   std::vector<Change> changes_;
-  std::vector<Undo> undos_;  // one for each change, filled before the first is carried out
+  std::vector<UndoRecord> undos_;  // one for each change, filled before the first is carried out
+  std::size_t begun_ = 0;          // so many changes may have left a trace
 };
 
 }  // namespace brovanta

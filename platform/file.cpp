@@ -1,14 +1,13 @@
 #include "platform/file.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <utility>
+
+#include "platform/system_calls.h"
 
 namespace brovanta::platform {
 namespace {
@@ -52,23 +51,26 @@ enum class Attempt { kOpened, kRefused, kReplacedMeanwhile };
 Attempt TryOpen(const char* path, File::Mode mode, int& descriptor) {
   struct stat status {};
   // Looked at before it is opened: the opening of a device may already do something.
-  if (mode != File::Mode::kCreateNew && (stat(path, &status) != 0 || !MayOpen(status, mode))) {
+  if (mode != File::Mode::kCreateNew &&
+      (Calls().Status(path, &status) != 0 || !MayOpen(status, mode))) {
     return Attempt::kRefused;
   }
-  const int opened = Uninterrupted([&] { return open(path, OpenFlags(mode), S_IRUSR | S_IWUSR); });
+  const int opened =
+      Uninterrupted([&] { return Calls().Open(path, OpenFlags(mode), S_IRUSR | S_IWUSR); });
   if (opened < 0) return Attempt::kRefused;
   struct stat now {};
-  if (fstat(opened, &status) == 0 && MayOpen(status, mode) &&
-      Uninterrupted([&] { return flock(opened, LOCK_EX | LOCK_NB); }) == 0) {
+  if (Calls().StatusOf(opened, &status) == 0 && MayOpen(status, mode) &&
+      Uninterrupted([&] { return Calls().Lock(opened); }) == 0) {
     // The former holder may have put another file here before it let go of this one.
-    if (stat(path, &now) == 0 && IsSameFile(status, now)) {
+    if (Calls().Status(path, &now) == 0 && IsSameFile(status, now)) {
       descriptor = opened;
       return Attempt::kOpened;
     }
-    close(opened);
+    Calls().Close(opened);
     return Attempt::kReplacedMeanwhile;
   }
-  close(opened);
+  // Somebody else may hold what was made here by now: it is not removed.
+  Calls().Close(opened);
   return Attempt::kRefused;
 }
 
@@ -118,38 +120,38 @@ bool File::Open(const std::string& path, Mode mode) {
 
 void File::Close() {
   // Not repeated when interrupted: the descriptor is free by then.
-  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+  if (descriptor_ >= 0) Calls().Close(std::exchange(descriptor_, -1));
 }
 
 std::int64_t File::Read(std::span<std::byte> buffer) {
   return Repeat(buffer.size(), [&](std::size_t done) {
-    return read(descriptor_, buffer.data() + done, buffer.size() - done);
+    return Calls().Read(descriptor_, buffer.data() + done, buffer.size() - done);
   });
 }
 
 std::int64_t File::ReadAt(std::int64_t offset, std::span<std::byte> buffer) {
   return Repeat(buffer.size(), [&](std::size_t done) {
-    return pread(descriptor_, buffer.data() + done, buffer.size() - done,
-                 offset + static_cast<std::int64_t>(done));
+    return Calls().ReadAt(descriptor_, buffer.data() + done, buffer.size() - done,
+                          offset + static_cast<std::int64_t>(done));
   });
 }
 
 bool File::WriteAt(std::int64_t offset, std::span<const std::byte> bytes) {
   const std::int64_t written = Repeat(bytes.size(), [&](std::size_t done) {
-    return pwrite(descriptor_, bytes.data() + done, bytes.size() - done,
-                  offset + static_cast<std::int64_t>(done));
+    return Calls().WriteAt(descriptor_, bytes.data() + done, bytes.size() - done,
+                           offset + static_cast<std::int64_t>(done));
   });
   return written == static_cast<std::int64_t>(bytes.size());
 }
 
 std::int64_t File::Size() const {
   struct stat status {};
-  return fstat(descriptor_, &status) == 0 ? std::int64_t{status.st_size} : -1;
+  return Calls().StatusOf(descriptor_, &status) == 0 ? std::int64_t{status.st_size} : -1;
 }
 
 std::optional<FileState> File::State() const {
   struct stat status {};
-  if (fstat(descriptor_, &status) != 0) return std::nullopt;
+  if (Calls().StatusOf(descriptor_, &status) != 0) return std::nullopt;
   return FileState{.device = status.st_dev,
                    .number = status.st_ino,
                    .size = status.st_size,
@@ -158,16 +160,18 @@ std::optional<FileState> File::State() const {
 }
 
 bool File::Truncate(std::int64_t size) {
-  return Uninterrupted([&] { return ftruncate(descriptor_, size); }) == 0;
+  return Uninterrupted([&] { return Calls().Truncate(descriptor_, size); }) == 0;
 }
 
 bool File::Sync() {
-  return Uninterrupted([&] { return fsync(descriptor_); }) == 0;
+  return Uninterrupted([&] { return Calls().Sync(descriptor_); }) == 0;
 }
 
 bool FileExists(const std::string& path) {
   struct stat status {};
-  return lstat(NativePath(path).c_str(), &status) == 0;
+  if (Calls().LinkStatus(NativePath(path).c_str(), &status) == 0) return true;
+  // A file that the device only fails to show must not be taken for a missing one and made anew.
+  return errno != ENOENT && errno != ENOTDIR;
 }
 
 }  // namespace brovanta::platform

@@ -79,22 +79,43 @@ class File {
   int descriptor_ = -1;
 };
 
-/// Whether something stands at the documented path.
+/// Whether something stands at the documented path, or may stand there: false only when it does
+/// not.
 [[nodiscard]] bool FileExists(const std::string& path);
+
+/// What became of putting a file in the place of another.
+enum class Replacement {
+  kRefused,    ///< the old file stands untouched
+  kDone,       ///< the new file stands and has reached the storage device
+  kNotSynced,  ///< the new file stands, but the next power loss may bring the old one back
+};
 
 /// Puts a whole new file in the place of whatever stands at the documented path: a temporary file
 /// beside it is written, synced and renamed, and the folder is synced. The old file stays untouched
-/// until the rename and whenever the result is false; then no temporary is left either. The new
-/// file has the permissions of the old one, 0600 when there was none. A file held open by someone
-/// else, or one that may not be written, is not replaced. Where a symbolic link stands, the file
-/// that it leads to is replaced.
+/// until the rename; when it is refused, no temporary is left either. The new file has the
+/// permissions of the old one, 0600 when there was none. A file held open by someone else, or one
+/// that may not be written, is not replaced. Where a symbolic link stands, the file that it leads
+/// to is replaced.
+[[nodiscard]] Replacement TryReplaceFile(const std::string& path, std::span<const std::byte> bytes);
+
+/// The same; true when it is done.
 [[nodiscard]] bool ReplaceFile(const std::string& path, std::span<const std::byte> bytes);
 
-/// Removes the file at the documented path; true when nothing stands there any more.
+/// Removes the file at the documented path and syncs the folder; true when nothing stands there
+/// any more.
 [[nodiscard]] bool RemoveFile(const std::string& path);
 
-/// Renames within a folder, documented paths; what stood at `to` is gone then.
+/// Renames within a folder, documented paths, and syncs the folder; what stood at `to` is gone
+/// then.
 [[nodiscard]] bool RenameFile(const std::string& from, const std::string& to);
+
+/// Returns when the names in the folder of the file have reached the storage device; false when
+/// they may not have. True where the file system knows no such thing.
+[[nodiscard]] bool SyncFolderOf(const std::string& path);
+
+/// The path under which a file that is none of ours, or damaged, is kept: "<path>.bad", or with a
+/// number behind it where that is taken. Nothing when a thousand are.
+[[nodiscard]] std::optional<std::string> FreePathAside(const std::string& path);
 
 /// Makes the folder at the documented path and those above it that are missing, for their owner
 /// alone (0700). True when the folder stands, new or not; otherwise errno says why.

@@ -1,14 +1,14 @@
 // Operations on whole files and folders. Declared in platform/file.h.
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
+#include <unistd.h>  // geteuid
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
 #include "platform/file.h"
+#include "platform/system_calls.h"
 
 namespace brovanta::platform {
 namespace {
@@ -19,14 +19,6 @@ std::string FolderOf(const std::string& native) {
   return slash == 0 ? "/" : native.substr(0, slash);
 }
 
-// Not every file system can sync a folder; the rename itself is whole with or without it.
-void SyncFolder(const std::string& folder) {
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
-  close(descriptor);
-}
-
 // Where symbolic links lead, or the path itself where nothing stands.
 std::string ResolvedPath(const std::string& native) {
   const std::unique_ptr<char, decltype(&std::free)> real(realpath(native.c_str(), nullptr),
@@ -35,85 +27,117 @@ std::string ResolvedPath(const std::string& native) {
 }
 
 bool WriteAll(int descriptor, std::span<const std::byte> bytes) {
+  off_t offset = 0;
   while (!bytes.empty()) {
-    const ssize_t count = write(descriptor, bytes.data(), bytes.size());
+    const ssize_t count = Calls().WriteAt(descriptor, bytes.data(), bytes.size(), offset);
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0) return false;
     bytes = bytes.subspan(static_cast<std::size_t>(count));
+    offset += count;
   }
   return true;
+}
+
+bool SyncAll(int descriptor) {
+  int result = Calls().Sync(descriptor);
+  while (result != 0 && errno == EINTR) result = Calls().Sync(descriptor);
+  return result == 0;
 }
 
 bool TakeOver(int descriptor, const struct stat& old) {
   // Only the superuser may give a file away; for everybody else the owner is the same already.
   if (old.st_uid != geteuid() || old.st_gid != getegid()) {
-    [[maybe_unused]] const int ignored = fchown(descriptor, old.st_uid, old.st_gid);
+    [[maybe_unused]] const int ignored = Calls().SetOwner(descriptor, old.st_uid, old.st_gid);
   }
-  return fchmod(descriptor, old.st_mode & 07777) == 0;
+  return Calls().SetMode(descriptor, old.st_mode & 07777) == 0;
 }
 
 // Writes and syncs a temporary beside `native`; its path, empty when that failed.
 std::string WriteTemporary(const std::string& native, const struct stat* old,
                            std::span<const std::byte> bytes) {
   std::string temporary = native + ".XXXXXX";
-  const int descriptor = mkostemp(temporary.data(), O_CLOEXEC);
+  const int descriptor = Calls().MakeTemporary(temporary.data());
   if (descriptor < 0) return "";
   const bool written = (old == nullptr || TakeOver(descriptor, *old)) &&
-                       WriteAll(descriptor, bytes) && fsync(descriptor) == 0;
-  if (close(descriptor) == 0 && written) return temporary;
-  unlink(temporary.c_str());
+                       WriteAll(descriptor, bytes) && SyncAll(descriptor);
+  if (Calls().Close(descriptor) == 0 && written) return temporary;
+  Calls().Remove(temporary.c_str());
   return "";
+}
+
+// Some file systems cannot sync a folder; there the rename is all that can be had.
+bool SyncNativeFolder(const std::string& folder) {
+  const int descriptor = Calls().Open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
+  if (descriptor < 0) return errno == EACCES;  // it may be written, not looked into
+  const bool synced = SyncAll(descriptor) || errno == EINVAL || errno == ENOTSUP;
+  Calls().Close(descriptor);
+  return synced;
 }
 
 }  // namespace
 
-bool ReplaceFile(const std::string& path, std::span<const std::byte> bytes) {
+bool SyncFolderOf(const std::string& path) { return SyncNativeFolder(FolderOf(NativePath(path))); }
+
+Replacement TryReplaceFile(const std::string& path, std::span<const std::byte> bytes) {
   const std::string native = ResolvedPath(NativePath(path));
   struct stat status {};
   const struct stat* old = nullptr;
   File held;  // until the new file stands
-  if (lstat(native.c_str(), &status) == 0) {
+  if (Calls().LinkStatus(native.c_str(), &status) == 0) {
     old = &status;
-    if (!held.Open(native, File::Mode::kReadWrite)) return false;
+    if (!held.Open(native, File::Mode::kReadWrite)) return Replacement::kRefused;
+  } else if (errno != ENOENT) {
+    return Replacement::kRefused;
   }
   const std::string temporary = WriteTemporary(native, old, bytes);
-  if (temporary.empty()) return false;
-  if (std::rename(temporary.c_str(), native.c_str()) != 0) {
-    unlink(temporary.c_str());
-    return false;
+  if (temporary.empty()) return Replacement::kRefused;
+  if (Calls().Rename(temporary.c_str(), native.c_str()) != 0) {
+    Calls().Remove(temporary.c_str());
+    return Replacement::kRefused;
   }
-  SyncFolder(FolderOf(native));
-  return true;
+  return SyncNativeFolder(FolderOf(native)) ? Replacement::kDone : Replacement::kNotSynced;
+}
+
+bool ReplaceFile(const std::string& path, std::span<const std::byte> bytes) {
+  return TryReplaceFile(path, bytes) == Replacement::kDone;
 }
 
 bool RemoveFile(const std::string& path) {
   const std::string native = NativePath(path);
-  if (unlink(native.c_str()) != 0) return errno == ENOENT || errno == ENOTDIR;
-  SyncFolder(FolderOf(native));
-  return true;
+  if (Calls().Remove(native.c_str()) != 0) return errno == ENOENT || errno == ENOTDIR;
+  return SyncNativeFolder(FolderOf(native));
 }
 
 bool RenameFile(const std::string& from, const std::string& to) {
   const std::string native = NativePath(to);
-  if (std::rename(NativePath(from).c_str(), native.c_str()) != 0) return false;
-  SyncFolder(FolderOf(native));
-  return true;
+  if (Calls().Rename(NativePath(from).c_str(), native.c_str()) != 0) return false;
+  return SyncNativeFolder(FolderOf(native));
+}
+
+std::optional<std::string> FreePathAside(const std::string& path) {
+  constexpr int kMostFilesAside = 1000;
+  std::string aside = path + ".bad";
+  for (int number = 2; FileExists(aside); ++number) {
+    if (number > kMostFilesAside) return std::nullopt;
+    aside = path + ".bad" + std::to_string(number);
+  }
+  return aside;
 }
 
 bool CreateFolder(const std::string& path) {
   std::string native = NativePath(path);
   while (native.size() > 1 && native.back() == '/') native.pop_back();
   struct stat status {};
-  if (stat(native.c_str(), &status) == 0) {
+  if (Calls().Status(native.c_str(), &status) == 0) {
     if (S_ISDIR(status.st_mode)) return true;
     errno = ENOTDIR;
     return false;
   }
   const std::string above = FolderOf(native);
   if (native.empty() || (above != native && !CreateFolder(above))) return false;
-  if (mkdir(native.c_str(), S_IRWXU) == 0) return true;
+  if (Calls().MakeFolder(native.c_str(), S_IRWXU) == 0) return SyncNativeFolder(above);
   // Somebody else may have been faster.
-  return errno == EEXIST && stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  return errno == EEXIST && Calls().Status(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 }  // namespace brovanta::platform

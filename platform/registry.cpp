@@ -14,7 +14,6 @@ namespace {
 
 // A file larger than this is none of ours.
 constexpr std::uintmax_t kLargestFile = 16u << 20;
-constexpr int kMostFilesAside = 1000;
 
 std::span<const std::byte> AsBytes(const std::string& text) {
   return std::as_bytes(std::span(text));
@@ -57,16 +56,8 @@ Contents Load(const std::string& path) {
 }
 
 bool PutAside(const std::string& path, const std::string& bytes) {
-  std::string aside = path + ".bad";
-  for (int number = 2; FileExists(aside); ++number) {
-    if (number > kMostFilesAside) return false;
-    aside = path + ".bad" + std::to_string(number);
-  }
-  File file;
-  if (!file.Open(aside, File::Mode::kCreateNew)) return false;
-  if (file.WriteAt(0, AsBytes(bytes)) && file.Sync()) return true;
-  (void)RemoveFile(aside);
-  return false;
+  const auto aside = FreePathAside(path);
+  return aside && ReplaceFile(*aside, AsBytes(bytes));
 }
 
 // Puts the changed file in the place of what was loaded.

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "db/record_format.h"
-#include "db/unit_of_work.h"
+#include "platform/file.h"
 #include "platform/text_file.h"
 #include "search/search_format.h"
 #include "util/error_codes.h"
@@ -105,9 +105,7 @@ int WriteSearchResults(const SearchResultList& list, const std::string& path) {
     for (const ItemText text : kTextsInOrder) PutText(bytes, item.*text);
   }
   Put(bytes, END_MARK);
-  UnitOfWork work;
-  work.Replace(path, bytes);
-  return work.Commit();
+  return platform::ReplaceFile(path, bytes) ? 0 : ERR_OPEN;
 }
 
 int ReadSearchResults(SearchResultList& list, const std::string& path) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "db/journal.h"
 #include "db/marked_reader.h"
 #include "db/record_file.h"
 #include "db/unit_of_work.h"
@@ -47,9 +48,11 @@ std::string StoredWords(const std::string& words) {
 
 // Writes the entry behind its new number.
 int AppendEntry(const std::string& index_path, SavedSearch& search) {
-  UnitOfWork work;
+  const std::string journal = JournalBeside(index_path);
+  UnitOfWork work(journal);
   AppendPlace place;
-  int code = OpenForAppend(work, index_path, layout::kSize, kInitialSearchNumber, place);
+  int code = RollBackJournal(journal);
+  if (code == 0) code = OpenForAppend(work, index_path, layout::kSize, kInitialSearchNumber, place);
   if (code == 0) code = NoteNextId(work, place, search.Number);
   if (code != 0) return code;
   NoteRecords(work, place, Encode(search), layout::kSize);
@@ -98,6 +101,8 @@ int SavedSearches::LoadSavedSearches(const SavedSearchFilter& filter) {
 }
 
 std::int32_t SavedSearches::DeleteSavedSearch(std::int32_t number) {
+  const std::string journal = JournalBeside(index_path_);
+  if (const int code = RollBackJournal(journal); code != 0) return code;
   MarkedReader reader(layout::kSize);
   int code = reader.Open(index_path_, platform::File::Mode::kReadWrite, kFirstRecordMark);
   if (code != 0) return code;
@@ -109,7 +114,7 @@ std::int32_t SavedSearches::DeleteSavedSearch(std::int32_t number) {
   if (!found) return reader.code();
 
   const std::int64_t flag = reader.offset() + static_cast<std::int64_t>(layout::kDeleted);
-  UnitOfWork work;
+  UnitOfWork work(journal);
   const auto file = work.Adopt(reader.TakeFile(), index_path_);
   work.Write(file, flag, std::array{std::byte{1}});
   code = work.Commit();

@@ -266,9 +266,9 @@ TEST_F(NameListTest, AFailedSaveLeavesTheFileAndNothingBesideIt) {
   cut.pop_back();
   ASSERT_EQ(Load(cut), ERR_FORMAT);
   list_.Insert(Item(2, "b"));
-  for (const std::int64_t limit : {0, 10, 75, 100}) {  // 75: the copy fits, the new file does not
+  for (const std::int64_t limit : {0, 10, 75, 100}) {
     const test::WriteLimit full(limit);
-    ASSERT_EQ(list_.Save(path_), ERR_OPEN) << limit;
+    ASSERT_EQ(list_.Save(path_), ERR_IO) << limit;
     ASSERT_EQ(folder_.Read("store.lst"), cut) << limit;
     ASSERT_FALSE(folder_.Read("store.lst.bad")) << limit;
     ASSERT_FALSE(list_.loaded()) << limit;

@@ -38,7 +38,7 @@ TEST_F(NewNamesTest, GivesIdsInMemoryAndWritesTheListOnce) {
   EXPECT_EQ(list_.size(), 3U);
   EXPECT_EQ(folder_.Read("store.lst"), RawListFile({RawItem(7, "Corner Shop")}));
 
-  UnitOfWork work;
+  UnitOfWork work(JournalBeside(path()));
   EXPECT_EQ(names.NoteSave(work), 0);
   EXPECT_EQ(work.Commit(), 0);
   names.Keep();
@@ -76,7 +76,7 @@ TEST_F(NewNamesTest, NothingNewMeansNothingToWrite) {
   EXPECT_TRUE(names.empty());
   platform::File holder;  // so that writing would fail
   ASSERT_TRUE(holder.Open(path(), platform::File::Mode::kRead));
-  UnitOfWork work;
+  UnitOfWork work(JournalBeside(path()));
   EXPECT_EQ(names.NoteSave(work), 0);
   EXPECT_EQ(work.Commit(), 0);
 }

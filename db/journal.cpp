@@ -1,0 +1,163 @@
+#include "db/journal.h"
+
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+#include "db/error_codes.h"
+#include "platform/text_file.h"
+
+namespace brovanta {
+namespace {
+
+using platform::File;
+
+constexpr std::string_view kJournalName = "backup.dat";
+
+std::size_t FolderLength(std::string_view path) {
+  const std::size_t separator = path.find_last_of("\\/");
+  return separator == std::string_view::npos ? 0 : separator + 1;
+}
+
+// What the open journal holds; nothing in `records` when it is not to be followed. 0 or ERR_IO.
+int Read(File& file, std::optional<std::vector<UndoRecord>>& records) {
+  const std::int64_t size = file.Size();
+  if (size < 0) return ERR_IO;
+  if (size == 0) records.emplace();
+  if (size == 0 || size > platform::kLargestWholeFile) return 0;
+  std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+  if (file.ReadAt(0, bytes) != size) return ERR_IO;
+  records = DecodeJournal(bytes);
+  return 0;
+}
+
+// The open files of a journal's records, one for each record that overwrites.
+struct FilesToPutBack {
+  std::vector<File> files;
+  std::vector<std::string> paths;
+  std::vector<std::size_t> file_of;  // by record
+  bool fit = true;                   // false: the files are not those that the journal speaks of
+};
+
+int OpenFiles(const std::string& folder, std::span<const UndoRecord> records, FilesToPutBack& to) {
+  for (const UndoRecord& record : records) {
+    to.file_of.push_back(0);
+    if (record.kind != UndoKind::kOverwritten) continue;
+    const std::string path = folder + record.name;
+    std::size_t index = 0;
+    while (index < to.paths.size() && to.paths[index] != path) ++index;
+    to.file_of.back() = index;
+    if (index == to.paths.size()) {
+      File file;
+      if (!platform::FileExists(path)) {
+        to.fit = false;
+        return 0;
+      }
+      if (!file.Open(path, File::Mode::kReadWrite)) return ERR_OPEN;
+      to.files.push_back(std::move(file));
+      to.paths.push_back(path);
+    }
+    const std::int64_t size = to.files[index].Size();
+    if (size < 0) return ERR_IO;
+    // No change makes a file shorter.
+    if (size < record.old_size) to.fit = false;
+  }
+  return 0;
+}
+
+// 0, ERR_OPEN or ERR_IO; `fit` false when the journal is not to be followed.
+int Follow(const std::string& folder, std::span<const UndoRecord> records, bool& fit) {
+  FilesToPutBack files;
+  if (const int code = OpenFiles(folder, records, files); code != 0) return code;
+  fit = files.fit;
+  if (!fit) return 0;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const bool done = records[i].kind == UndoKind::kOverwritten
+                          ? PutBack(files.files[files.file_of[i]], records[i])
+                          : PutBackWhole(folder + records[i].name, records[i]);
+    if (!done) return ERR_IO;
+  }
+  for (File& file : files.files) {
+    if (!file.Sync()) return ERR_IO;
+  }
+  return 0;
+}
+
+int SetAside(const std::string& path) {
+  const auto aside = platform::FreePathAside(path);
+  return aside && platform::RenameFile(path, *aside) ? 0 : ERR_OPEN;
+}
+
+bool MakeEmpty(File& file) {
+  return file.Truncate(static_cast<std::int64_t>(journal_layout::kEmptySize)) && file.Sync();
+}
+
+}  // namespace
+
+std::string JournalBeside(std::string_view path) {
+  return std::string(path.substr(0, FolderLength(path))).append(kJournalName);
+}
+
+int RollBackJournal(const std::string& path) {
+  if (!platform::FileExists(path)) return 0;
+  File journal;
+  if (!journal.Open(path, File::Mode::kReadWrite)) return ERR_OPEN;
+  std::optional<std::vector<UndoRecord>> records;
+  if (const int code = Read(journal, records); code != 0) return code;
+  if (!records) return SetAside(path);
+  if (records->empty()) return 0;
+  bool fit = true;
+  const std::string folder = path.substr(0, FolderLength(path));
+  if (const int code = Follow(folder, *records, fit); code != 0) return code;
+  if (!fit) return SetAside(path);
+  return MakeEmpty(journal) ? 0 : ERR_IO;
+}
+
+bool PutBack(File& file, const UndoRecord& record) {
+  if (!file.WriteAt(record.offset, record.old_bytes)) return false;
+  return file.Size() == record.old_size || file.Truncate(record.old_size);
+}
+
+bool PutBackWhole(const std::string& path, const UndoRecord& record) {
+  if (record.kind == UndoKind::kMade) return platform::RemoveFile(path);
+  return platform::ReplaceFile(path, record.old_bytes);
+}
+
+int Journal::Hold(const std::string& path) {
+  path_ = path;
+  if (!file_.Open(path, File::Mode::kReadWrite)) {
+    if (platform::FileExists(path) || !file_.Open(path, File::Mode::kCreateNew)) return ERR_OPEN;
+  }
+  std::optional<std::vector<UndoRecord>> records;
+  if (Read(file_, records) != 0 || !records || !records->empty()) {
+    file_.Close();
+    return ERR_OPEN;
+  }
+  is_new_ = file_.Size() == 0;
+  return 0;
+}
+
+int Journal::Write(std::span<const UndoRecord> records) {
+  std::vector<std::byte> bytes = EncodeJournal(records);
+  if (bytes.size() > static_cast<std::size_t>(platform::kLargestWholeFile)) return ERR_IO;
+  // An empty file may be one whose name has not reached the storage device yet; after a power loss
+  // nobody would find it. From now on it has its first words.
+  if (is_new_ && !platform::SyncFolderOf(path_)) return ERR_IO;
+  if (file_.WriteAt(0, bytes) && file_.Sync()) {
+    written_ = std::move(bytes);
+    return 0;
+  }
+  const std::size_t before = is_new_ ? 0 : journal_layout::kEmptySize;
+  if (file_.Truncate(static_cast<std::int64_t>(before))) (void)file_.Sync();
+  return ERR_IO;
+}
+
+bool Journal::WriteAgain() { return file_.WriteAt(0, written_) && file_.Sync(); }
+
+int Journal::Empty() {
+  if (!MakeEmpty(file_)) return ERR_IO;
+  written_.clear();
+  return 0;
+}
+
+}  // namespace brovanta

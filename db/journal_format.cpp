@@ -1,0 +1,131 @@
+#include "db/journal_format.h"
+
+#include <utility>
+
+#include "util/crc32.h"
+#include "util/little_endian.h"
+
+namespace brovanta {
+namespace {
+
+namespace header = journal_layout;
+namespace undo = undo_layout;
+using Bytes = std::vector<std::byte>;
+
+template <typename T>
+void Append(Bytes& bytes, T value) {
+  bytes.resize(bytes.size() + sizeof value);
+  StoreLittle(bytes.data() + bytes.size() - sizeof value, value);
+}
+
+void AppendBytes(Bytes& bytes, std::span<const std::byte> more) {
+  bytes.insert(bytes.end(), more.begin(), more.end());
+}
+
+std::size_t EncodedSize(const UndoRecord& record) {
+  return undo::kName + record.name.size() + record.old_bytes.size() + undo::kChecksumSize;
+}
+
+// The name of a file in the folder itself, which cannot lead anywhere else.
+bool IsPlainName(const std::string& name) {
+  return !name.empty() && name.size() <= kLongestUndoName && name != "." && name != ".." &&
+         name.find_first_of(std::string("/\\\0", 3)) == std::string::npos;
+}
+
+bool MakesSense(const UndoRecord& record) {
+  const auto count = static_cast<std::int64_t>(record.old_bytes.size());
+  if (!IsPlainName(record.name) || record.old_size < 0 || record.offset < 0) return false;
+  switch (record.kind) {
+    case UndoKind::kOverwritten:
+      return count == 0 ||
+             (record.offset <= record.old_size && count <= record.old_size - record.offset);
+    case UndoKind::kReplaced:
+      return record.offset == 0 && count == record.old_size;
+    case UndoKind::kMade:
+      return record.offset == 0 && record.old_size == 0 && count == 0;
+  }
+  return false;
+}
+
+// The record at the front of `bytes`, which are those up to the journal's end; `sum` is that of all
+// before, the checksums left out: a sum over bytes and their own sum is the same for all bytes.
+// Nothing where it is not whole.
+std::optional<UndoRecord> DecodeRecord(std::span<const std::byte> bytes, std::uint32_t& sum) {
+  if (bytes.size() < undo::kName + undo::kChecksumSize) return std::nullopt;
+  const auto name_length = LoadLittle<std::uint32_t>(bytes.data() + undo::kNameLength);
+  const auto byte_count = LoadLittle<std::uint64_t>(bytes.data() + undo::kByteCount);
+  const std::size_t left = bytes.size() - undo::kName - undo::kChecksumSize;
+  if (name_length > left || byte_count > left - name_length) return std::nullopt;
+  const std::size_t end = undo::kName + name_length + static_cast<std::size_t>(byte_count);
+  sum = Crc32(bytes.first(end), sum);
+  if (sum != LoadLittle<std::uint32_t>(bytes.data() + end)) return std::nullopt;
+  UndoRecord record;
+  record.kind = static_cast<UndoKind>(LoadLittle<std::uint32_t>(bytes.data() + undo::kKind));
+  record.name.assign(reinterpret_cast<const char*>(bytes.data()) + undo::kName, name_length);
+  record.old_size = LoadLittle<std::int64_t>(bytes.data() + undo::kOldSize);
+  record.offset = LoadLittle<std::int64_t>(bytes.data() + undo::kOffset);
+  const auto old_bytes = bytes.subspan(undo::kName + name_length, byte_count);
+  record.old_bytes.assign(old_bytes.begin(), old_bytes.end());
+  return MakesSense(record) ? std::optional(std::move(record)) : std::nullopt;
+}
+
+}  // namespace
+
+std::vector<std::byte> EncodeEmptyJournal() {
+  Bytes bytes;
+  Append(bytes, JOURNAL_MAGIC);
+  Append(bytes, kJournalVersion);
+  return bytes;
+}
+
+std::vector<std::byte> EncodeJournal(std::span<const UndoRecord> records) {
+  std::size_t length = header::kFirstRecord;
+  for (const UndoRecord& record : records) length += EncodedSize(record);
+  Bytes bytes = EncodeEmptyJournal();
+  bytes.reserve(length);
+  Append(bytes, static_cast<std::uint32_t>(records.size()));
+  Append(bytes, static_cast<std::uint64_t>(length));
+  std::uint32_t sum = Crc32(bytes);
+  Append(bytes, sum);
+  for (const UndoRecord& record : records) {
+    const std::size_t start = bytes.size();
+    Append(bytes, static_cast<std::uint32_t>(record.kind));
+    Append(bytes, static_cast<std::uint32_t>(record.name.size()));
+    Append(bytes, record.old_size);
+    Append(bytes, record.offset);
+    Append(bytes, static_cast<std::uint64_t>(record.old_bytes.size()));
+    AppendBytes(bytes, std::as_bytes(std::span(record.name)));
+    AppendBytes(bytes, record.old_bytes);
+    sum = Crc32(std::span(bytes).subspan(start), sum);
+    Append(bytes, sum);
+  }
+  return bytes;
+}
+
+std::optional<std::vector<UndoRecord>> DecodeJournal(std::span<const std::byte> bytes) {
+  if (bytes.size() < header::kEmptySize ||
+      LoadLittle<std::uint32_t>(bytes.data() + header::kMagic) != JOURNAL_MAGIC ||
+      LoadLittle<std::uint32_t>(bytes.data() + header::kVersion) != kJournalVersion) {
+    return std::nullopt;
+  }
+  std::vector<UndoRecord> records;
+  if (bytes.size() == header::kEmptySize) return records;
+  if (bytes.size() < header::kFirstRecord ||
+      LoadLittle<std::uint64_t>(bytes.data() + header::kLength) != bytes.size() ||
+      LoadLittle<std::uint32_t>(bytes.data() + header::kChecksum) !=
+          Crc32(bytes.first(header::kChecksum))) {
+    return std::nullopt;
+  }
+  const auto count = LoadLittle<std::uint32_t>(bytes.data() + header::kCount);
+  std::uint32_t sum = Crc32(bytes.first(header::kChecksum));
+  std::span<const std::byte> rest = bytes.subspan(header::kFirstRecord);
+  for (std::uint32_t i = 0; i < count; ++i) {
+    auto record = DecodeRecord(rest, sum);
+    if (!record) return std::nullopt;
+    rest = rest.subspan(EncodedSize(*record));
+    records.push_back(*std::move(record));
+  }
+  return rest.empty() ? std::optional(std::move(records)) : std::nullopt;
+}
+
+}  // namespace brovanta

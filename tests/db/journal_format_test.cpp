@@ -1,0 +1,120 @@
+#include "db/journal_format.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/format_page.h"
+#include "tests/support/temp_folder.h"
+
+namespace brovanta {
+namespace {
+
+using test::Bytes;
+using test::ExampleOf;
+using test::Hex;
+using test::Join;
+using test::Rows;
+using test::TableOf;
+
+UndoRecord LastIdOfAnEmptyFile() {
+  return {UndoKind::kOverwritten, "product.dat", 12, 4, Hex("00 00 00 00")};
+}
+
+std::vector<UndoRecord> OneOfEachKind() {
+  return {LastIdOfAnEmptyFile(),
+          {UndoKind::kReplaced, "store.lst", 3, 0, Hex("01 02 03")},
+          {UndoKind::kMade, "discount.dat", 0, 0, {}},
+          {UndoKind::kOverwritten, "purchase.dat", 12, 12, {}}};
+}
+
+TEST(JournalFormatTest, ThePageAgrees) {
+  namespace header = journal_layout;
+  namespace undo = undo_layout;
+  const Rows file = TableOf("journal.md", "File");
+  EXPECT_EQ(file, (Rows{{"JOURNAL_MAGIC", header::kMagic, 4, "uint32"},
+                        {"version", header::kVersion, 4, "uint32"},
+                        {"count", header::kCount, 4, "uint32"},
+                        {"length", header::kLength, 8, "uint64"},
+                        {"checksum", header::kChecksum, 4, "uint32"}}));
+  test::ExpectWithoutGap(file, header::kFirstRecord);
+  const Rows record = TableOf("journal.md", "Record");
+  EXPECT_EQ(record, (Rows{{"kind", undo::kKind, 4, "uint32"},
+                          {"name length", undo::kNameLength, 4, "uint32"},
+                          {"old size", undo::kOldSize, 8, "int64"},
+                          {"offset", undo::kOffset, 8, "int64"},
+                          {"byte count", undo::kByteCount, 8, "uint64"}}));
+  test::ExpectWithoutGap(record, undo::kName);
+  EXPECT_EQ(JOURNAL_MAGIC, 80101u);
+}
+
+TEST(JournalFormatTest, TheExampleIsWhatIsWritten) {
+  const std::vector records = {LastIdOfAnEmptyFile()};
+  EXPECT_EQ(EncodeJournal(records), ExampleOf("journal.md"));
+  EXPECT_EQ(DecodeJournal(ExampleOf("journal.md")), records);
+}
+
+TEST(JournalFormatTest, AnEmptyJournalIsItsFirstEightBytes) {
+  EXPECT_EQ(EncodeEmptyJournal(), Hex("e5 38 01 00 01 00 00 00"));
+  EXPECT_EQ(DecodeJournal(EncodeEmptyJournal()), std::vector<UndoRecord>());
+}
+
+TEST(JournalFormatTest, EveryKindComesBack) {
+  EXPECT_EQ(DecodeJournal(EncodeJournal(OneOfEachKind())), OneOfEachKind());
+}
+
+TEST(JournalFormatTest, NoJournalCutShortIsFollowed) {
+  const Bytes whole = EncodeJournal(OneOfEachKind());
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    const auto records = DecodeJournal(std::span(whole).first(size));
+    // At the empty header it is an empty one, which is not followed either.
+    EXPECT_EQ(records.has_value(), size == journal_layout::kEmptySize) << size;
+    EXPECT_TRUE(!records || records->empty());
+  }
+}
+
+TEST(JournalFormatTest, NoJournalWithAnotherByteIsFollowed) {
+  const Bytes whole = EncodeJournal(OneOfEachKind());
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    Bytes damaged = whole;
+    damaged[i] ^= std::byte{0x10};
+    EXPECT_FALSE(DecodeJournal(damaged)) << i;
+  }
+  EXPECT_FALSE(DecodeJournal(Join({whole, Hex("00")})));
+}
+
+TEST(JournalFormatTest, PiecesOfTwoJournalsAreNotFollowed) {
+  std::vector<UndoRecord> other = OneOfEachKind();
+  other[0].old_bytes = Hex("07 00 00 00");
+  const Bytes one = EncodeJournal(OneOfEachKind());
+  const Bytes two = EncodeJournal(other);
+  ASSERT_EQ(one.size(), two.size());
+  constexpr std::size_t kSecondRecord = 75;
+  Bytes mixed = one;
+  std::copy(two.begin() + kSecondRecord, two.end(), mixed.begin() + kSecondRecord);
+  EXPECT_FALSE(DecodeJournal(mixed));
+}
+
+TEST(JournalFormatTest, ARecordThatLeadsOutOfTheFolderIsNotFollowed) {
+  for (const std::string& name : {std::string("../product.dat"), std::string("..\\product.dat"),
+                                  std::string("/etc/passwd"), std::string(".."), std::string("."),
+                                  std::string(), std::string("a\0b", 3), std::string(256, 'a')}) {
+    UndoRecord record = LastIdOfAnEmptyFile();
+    record.name = name;
+    EXPECT_FALSE(DecodeJournal(EncodeJournal(std::span(&record, 1)))) << name;
+  }
+}
+
+TEST(JournalFormatTest, ARecordThatMakesNoSenseIsNotFollowed) {
+  for (const UndoRecord& record :
+       {UndoRecord{UndoKind::kOverwritten, "a", 12, 9, Hex("00 00 00 00")},
+        UndoRecord{UndoKind::kOverwritten, "a", 12, -1, Hex("00")},
+        UndoRecord{UndoKind::kOverwritten, "a", -1, 0, {}},
+        UndoRecord{UndoKind::kOverwritten, "a", 12, INT64_MAX, Hex("00")},
+        UndoRecord{UndoKind::kReplaced, "a", 2, 0, Hex("00")},
+        UndoRecord{UndoKind::kMade, "a", 1, 0, Hex("00")},
+        UndoRecord{static_cast<UndoKind>(4), "a", 0, 0, {}}}) {
+    EXPECT_FALSE(DecodeJournal(EncodeJournal(std::span(&record, 1))));
+  }
+}
+
+}  // namespace
+}  // namespace brovanta

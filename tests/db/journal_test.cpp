@@ -1,0 +1,235 @@
+#include "db/journal.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "db/error_codes.h"
+#include "db/shopping_database.h"
+#include "db/unit_of_work.h"
+#include "tests/support/faulty_calls.h"
+#include "tests/support/temp_folder.h"
+
+namespace brovanta {
+namespace {
+
+using platform::File;
+using platform::SystemCallsInUse;
+using test::Bytes;
+using test::Fault;
+using test::FaultyCalls;
+using test::Hex;
+using test::TempFolder;
+
+const char* const kJournal = "backup.dat";
+
+class JournalTest : public testing::Test {
+ protected:
+  std::string Path(const char* name = kJournal) const { return folder_.path() + "\\" + name; }
+
+  void WriteJournal(const std::vector<UndoRecord>& records) const {
+    folder_.Write(kJournal, EncodeJournal(records));
+  }
+  void ExpectEmptyJournal() const { EXPECT_EQ(folder_.Read(kJournal), EncodeEmptyJournal()); }
+
+  TempFolder folder_;
+};
+
+TEST_F(JournalTest, StandsBesideTheFileInEitherWayOfWriting) {
+  EXPECT_EQ(JournalBeside("/data\\product.dat"), "/data\\backup.dat");
+  EXPECT_EQ(JournalBeside("/data/product.dat"), "/data/backup.dat");
+  EXPECT_EQ(JournalBeside("product.dat"), "backup.dat");
+}
+
+TEST_F(JournalTest, WithoutAJournalOneQuestionIsAsked) {
+  FaultyCalls calls;
+  const SystemCallsInUse in_use(calls);
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(calls.count(), 1);
+}
+
+TEST_F(JournalTest, AnEmptyJournalChangesNothing) {
+  for (const Bytes& empty : {Bytes(), EncodeEmptyJournal()}) {
+    folder_.Write(kJournal, empty);
+    EXPECT_EQ(RollBackJournal(Path()), 0);
+    EXPECT_EQ(folder_.Read(kJournal), empty);
+  }
+}
+
+TEST_F(JournalTest, OverwrittenBytesComeBackAndTheFileIsCut) {
+  folder_.WriteText("a.dat", "01XX45XXXX");
+  folder_.WriteText("b.dat", "b");
+  WriteJournal({{UndoKind::kOverwritten, "a.dat", 6, 2, Hex("32 33")},
+                {UndoKind::kOverwritten, "a.dat", 6, 6, {}}});
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "012345");
+  EXPECT_EQ(folder_.ReadText("b.dat"), "b");
+  ExpectEmptyJournal();
+}
+
+TEST_F(JournalTest, ReplacedFilesComeBackAndMadeOnesGo) {
+  folder_.WriteText("store.lst", "the new list");
+  folder_.WriteText("made.dat", "made");
+  WriteJournal({{UndoKind::kReplaced, "store.lst", 3, 0, Hex("6f 6c 64")},
+                {UndoKind::kMade, "made.dat", 0, 0, {}},
+                {UndoKind::kMade, "never made.dat", 0, 0, {}}});
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("store.lst"), "old");
+  EXPECT_FALSE(folder_.ReadText("made.dat"));
+  ExpectEmptyJournal();
+}
+
+TEST_F(JournalTest, AForeignJournalIsSetAsideUnderTheNextFreeName) {
+  for (const char* aside : {"backup.dat.bad", "backup.dat.bad2"}) {
+    folder_.WriteText(kJournal, "a backup of another kind");
+    EXPECT_EQ(RollBackJournal(Path()), 0);
+    EXPECT_FALSE(folder_.Read(kJournal));
+    EXPECT_EQ(folder_.ReadText(aside), "a backup of another kind");
+  }
+}
+
+TEST_F(JournalTest, ATornJournalIsSetAsideAndNotFollowed) {
+  folder_.WriteText("a.dat", "0123");
+  Bytes torn = EncodeJournal(
+      std::vector{UndoRecord{UndoKind::kOverwritten, "a.dat", 4, 0, Hex("41 42 43 44")}});
+  torn.pop_back();
+  folder_.Write(kJournal, torn);
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "0123");
+  EXPECT_EQ(folder_.Read("backup.dat.bad"), torn);
+}
+
+TEST_F(JournalTest, AJournalOfOtherFilesIsSetAsideBeforeAnythingChanges) {
+  for (const char* other : {"missing.dat", "short.dat"}) {
+    folder_.WriteText("a.dat", "0123");
+    folder_.WriteText("short.dat", "012");
+    WriteJournal({{UndoKind::kOverwritten, "a.dat", 4, 0, Hex("41")},
+                  {UndoKind::kOverwritten, other, 4, 0, Hex("41")}});
+    EXPECT_EQ(RollBackJournal(Path()), 0);
+    EXPECT_EQ(folder_.ReadText("a.dat"), "0123");
+    EXPECT_EQ(folder_.ReadText("short.dat"), "012");
+    EXPECT_FALSE(folder_.Read(kJournal));
+  }
+}
+
+TEST_F(JournalTest, WhatSomeoneElseHoldsIsRolledBackLater) {
+  folder_.WriteText("a.dat", "XXXX");
+  WriteJournal({{UndoKind::kOverwritten, "a.dat", 4, 0, Hex("30 31 32 33")}});
+  for (const char* name : {kJournal, "a.dat"}) {
+    File holder;
+    ASSERT_TRUE(holder.Open(Path(name), File::Mode::kRead));
+    EXPECT_EQ(RollBackJournal(Path()), ERR_OPEN);
+    EXPECT_EQ(folder_.ReadText("a.dat"), "XXXX");
+  }
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "0123");
+}
+
+TEST_F(JournalTest, ARollBackThatFailsAnywhereIsDoneTheNextTime) {
+  for (int k = 1;; ++k) {
+    folder_.WriteText("a.dat", "01XX45XXXX");
+    folder_.WriteText("store.lst", "the new list");
+    folder_.WriteText("made.dat", "made");
+    WriteJournal({{UndoKind::kOverwritten, "a.dat", 6, 2, Hex("32 33")},
+                  {UndoKind::kReplaced, "store.lst", 3, 0, Hex("6f 6c 64")},
+                  {UndoKind::kMade, "made.dat", 0, 0, {}}});
+    bool struck = false;
+    {
+      FaultyCalls calls(Fault::kIo, k);
+      const SystemCallsInUse in_use(calls);
+      (void)RollBackJournal(Path());
+      struck = calls.has_struck();
+    }
+    ASSERT_EQ(RollBackJournal(Path()), 0) << k;
+    EXPECT_EQ(folder_.ReadText("a.dat"), "012345") << k;
+    EXPECT_EQ(folder_.ReadText("store.lst"), "old") << k;
+    EXPECT_FALSE(folder_.ReadText("made.dat")) << k;
+    ExpectEmptyJournal();
+    if (!struck) break;
+  }
+}
+
+TEST_F(JournalTest, OneWriterHoldsIt) {
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  Journal other;
+  EXPECT_EQ(other.Hold(Path()), ERR_OPEN);
+  journal.Release();
+  EXPECT_EQ(other.Hold(Path()), 0);
+}
+
+TEST_F(JournalTest, WhatIsToBeRolledBackIsNotOverwritten) {
+  WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
+  const auto before = folder_.Read(kJournal);
+  Journal journal;
+  EXPECT_EQ(journal.Hold(Path()), ERR_OPEN);
+  EXPECT_EQ(folder_.Read(kJournal), before);
+}
+
+TEST_F(JournalTest, RecordsStandInItUntilItIsEmptied) {
+  const std::vector<UndoRecord> records = {{UndoKind::kMade, "a.dat", 0, 0, {}}};
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  ASSERT_EQ(journal.Write(records), 0);
+  EXPECT_TRUE(journal.is_active());
+  EXPECT_EQ(folder_.Read(kJournal), EncodeJournal(records));
+  ASSERT_EQ(journal.Empty(), 0);
+  EXPECT_FALSE(journal.is_active());
+  ExpectEmptyJournal();
+}
+
+TEST_F(JournalTest, ARecordThatDoesNotFitOntoTheDiskLeavesItEmpty) {
+  const std::vector<UndoRecord> records = {{UndoKind::kMade, "a.dat", 0, 0, {}}};
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  {
+    // One call asks for the folder, one syncs it, one closes it; then the records are written.
+    FaultyCalls calls(Fault::kNoSpace, 4);
+    const SystemCallsInUse in_use(calls);
+    EXPECT_EQ(journal.Write(records), ERR_IO);
+    EXPECT_TRUE(calls.has_struck());
+  }
+  EXPECT_FALSE(journal.is_active());
+  EXPECT_EQ(folder_.Read(kJournal), Bytes());
+}
+
+TEST_F(JournalTest, OpeningTheDatabaseRollsBack) {
+  folder_.WriteText("product.dat", "torn");
+  WriteJournal({{UndoKind::kOverwritten, "product.dat", 2, 0, Hex("41 42")}});
+  ShoppingDatabase database;
+  EXPECT_EQ(database.Open(folder_.path()), ERR_OPEN);  // there are no lists
+  EXPECT_EQ(folder_.ReadText("product.dat"), "AB");
+}
+
+TEST_F(JournalTest, OpeningTheDatabaseLoadsTheListsWhenTheRollBackFails) {
+  for (const char* list : {"store.lst", "category.lst", "unit.lst"}) {
+    folder_.Write(list, NameList().Encode());
+  }
+  WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
+  File holder;
+  ASSERT_TRUE(holder.Open(Path(), File::Mode::kRead));
+  ShoppingDatabase database;
+  EXPECT_EQ(database.Open(folder_.path()), ERR_OPEN);
+  EXPECT_TRUE(database.units().loaded());
+  holder.Close();
+  EXPECT_EQ(database.Open(folder_.path()), 0);
+}
+
+TEST_F(JournalTest, TheFirstChangeRollsBackBeforeItReads) {
+  for (const char* list : {"store.lst", "category.lst", "unit.lst"}) {
+    folder_.Write(list, NameList().Encode());
+  }
+  ShoppingDatabase database;
+  ASSERT_EQ(database.Open(folder_.path()), 0);
+  folder_.Write("product.dat", Hex("81 38 01 00 09 00 00 00 ff ff ff ff"));  // torn since
+  WriteJournal({{UndoKind::kOverwritten, "product.dat", 12, 4, Hex("06 00 00 00")},
+                {UndoKind::kOverwritten, "product.dat", 12, 8, Hex("83 38 01 00")}});
+  ProductFields fields;
+  fields.name = "Milk";
+  const auto added = database.products().Add(kProductKind, fields);
+  ASSERT_TRUE(added);
+  EXPECT_EQ(added->Id, 7);
+}
+
+}  // namespace
+}  // namespace brovanta
