@@ -1,0 +1,237 @@
+#include "tests/faults/power_loss.h"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+namespace brovanta::test {
+namespace {
+
+using Kind = DiskEvent::Kind;
+
+std::string FolderOf(const std::string& name) {
+  const std::size_t slash = name.rfind('/');
+  return slash == std::string::npos ? "." : name.substr(0, slash);
+}
+
+/// The device: what is on it for good, and what still waits.
+class Disk {
+ public:
+  Disk(const Snapshot& before, const std::map<std::string, int>& first_names) {
+    for (const auto& [name, file] : first_names) {
+      names_[name] = file;
+      if (const auto found = before.find(name); found != before.end()) {
+        contents_[file] = found->second;
+      }
+    }
+  }
+
+  void Take(const DiskEvent& event) {
+    switch (event.kind) {
+      case Kind::kWrite:
+      case Kind::kTruncate:
+        waiting_bytes_[event.file].push_back(&event);
+        return;
+      case Kind::kMake:
+      case Kind::kRename:
+      case Kind::kRemove:
+        waiting_names_[FolderOf(event.name)].push_back(&event);
+        return;
+      case Kind::kSyncFile:
+        for (const DiskEvent* waiting : waiting_bytes_[event.file]) Change(*waiting);
+        waiting_bytes_.erase(event.file);
+        return;
+      case Kind::kSyncFolder:
+        for (const DiskEvent* waiting : waiting_names_[event.name]) Change(*waiting);
+        waiting_names_.erase(event.name);
+        return;
+    }
+  }
+
+  void LosePower(Survivors survivors, std::mt19937& random) {
+    const bool bytes = survivors == Survivors::kAll || survivors == Survivors::kBytesOnly;
+    const bool names = survivors == Survivors::kAll || survivors == Survivors::kNamesOnly;
+    for (const auto& [folder, waiting] : waiting_names_) {
+      std::size_t count = names ? waiting.size() : 0;
+      if (survivors == Survivors::kSome) count = random() % (waiting.size() + 1);
+      for (std::size_t i = 0; i < count; ++i) Change(*waiting[i]);
+    }
+    for (const auto& [file, waiting] : waiting_bytes_) {
+      for (const DiskEvent* event : waiting) {
+        if (bytes) Change(*event);
+        if (survivors == Survivors::kSome && random() % 2 == 0) ChangePart(*event, random);
+      }
+    }
+  }
+
+  [[nodiscard]] Snapshot Files() const {
+    Snapshot files;
+    for (const auto& [name, file] : names_) {
+      const auto found = contents_.find(file);
+      files[name] = found == contents_.end() ? Bytes() : found->second;
+    }
+    return files;
+  }
+
+ private:
+  void Change(const DiskEvent& event) {
+    switch (event.kind) {
+      case Kind::kMake:
+        names_[event.name] = event.file;
+        return;
+      case Kind::kRename:
+        if (const auto found = names_.find(event.name); found != names_.end()) {
+          const int file = found->second;
+          names_.erase(found);
+          names_[event.new_name] = file;
+        }
+        return;
+      case Kind::kRemove:
+        names_.erase(event.name);
+        return;
+      case Kind::kTruncate:
+        contents_[event.file].resize(static_cast<std::size_t>(event.offset));
+        return;
+      case Kind::kWrite: {
+        Bytes& bytes = contents_[event.file];
+        const auto offset = static_cast<std::size_t>(event.offset);
+        bytes.resize(std::max(bytes.size(), offset + event.bytes.size()));
+        std::copy(event.bytes.begin(), event.bytes.end(),
+                  bytes.begin() + static_cast<std::ptrdiff_t>(offset));
+        return;
+      }
+      case Kind::kSyncFile:
+      case Kind::kSyncFolder:
+        return;
+    }
+  }
+
+  /// A write of which the front or the back is there; the file may have its new size already.
+  void ChangePart(DiskEvent event, std::mt19937& random) {
+    if (event.kind == Kind::kWrite && !event.bytes.empty()) {
+      const std::size_t cut = random() % (event.bytes.size() + 1);
+      if (random() % 2 == 0) {
+        event.bytes.resize(cut);
+      } else {
+        event.bytes.erase(event.bytes.begin(),
+                          event.bytes.begin() + static_cast<std::ptrdiff_t>(cut));
+        event.offset += static_cast<std::int64_t>(cut);
+      }
+    }
+    Change(event);
+  }
+
+  std::map<std::string, int> names_;
+  std::map<int, Bytes> contents_;
+  std::map<std::string, std::vector<const DiskEvent*>> waiting_names_;
+  std::map<int, std::vector<const DiskEvent*>> waiting_bytes_;
+};
+
+}  // namespace
+
+RecordingCalls::RecordingCalls(std::string folder) : folder_(std::move(folder)) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_)) {
+    if (entry.is_regular_file()) names.push_back(Relative(entry.path().string()));
+  }
+  std::sort(names.begin(), names.end());
+  for (const std::string& name : names) names_[name] = next_file_++;
+  first_names_ = names_;
+}
+
+std::string RecordingCalls::Relative(const std::string& path) const {
+  return std::filesystem::path(path).lexically_relative(folder_).string();
+}
+
+void RecordingCalls::Made(const std::string& name, int descriptor) {
+  const int file = next_file_++;
+  names_[name] = file;
+  files_by_descriptor_[descriptor] = file;
+  events_.push_back({Kind::kMake, file, name, {}, 0, {}});
+}
+
+int RecordingCalls::Open(const char* path, int flags, mode_t mode) {
+  const int descriptor = SystemCalls::Open(path, flags, mode);
+  if (descriptor < 0) return descriptor;
+  const std::string name = Relative(path);
+  if ((flags & O_DIRECTORY) != 0) {
+    folders_by_descriptor_[descriptor] = name;
+  } else if ((flags & O_CREAT) != 0) {
+    Made(name, descriptor);
+  } else {
+    files_by_descriptor_[descriptor] = names_.at(name);
+  }
+  return descriptor;
+}
+
+int RecordingCalls::MakeTemporary(char* pattern) {
+  const int descriptor = SystemCalls::MakeTemporary(pattern);
+  if (descriptor >= 0) Made(Relative(pattern), descriptor);
+  return descriptor;
+}
+
+int RecordingCalls::Close(int descriptor) {
+  files_by_descriptor_.erase(descriptor);
+  folders_by_descriptor_.erase(descriptor);
+  return SystemCalls::Close(descriptor);
+}
+
+ssize_t RecordingCalls::WriteAt(int descriptor, const void* bytes, std::size_t size, off_t offset) {
+  const ssize_t count = SystemCalls::WriteAt(descriptor, bytes, size, offset);
+  if (count > 0) {
+    const auto* first = static_cast<const std::byte*>(bytes);
+    events_.push_back({Kind::kWrite,
+                       files_by_descriptor_.at(descriptor),
+                       {},
+                       {},
+                       offset,
+                       Bytes(first, first + count)});
+  }
+  return count;
+}
+
+int RecordingCalls::Truncate(int descriptor, off_t size) {
+  const int result = SystemCalls::Truncate(descriptor, size);
+  events_.push_back({Kind::kTruncate, files_by_descriptor_.at(descriptor), {}, {}, size, {}});
+  return result;
+}
+
+int RecordingCalls::Sync(int descriptor) {
+  const auto folder = folders_by_descriptor_.find(descriptor);
+  if (folder != folders_by_descriptor_.end()) {
+    events_.push_back({Kind::kSyncFolder, 0, folder->second, {}, 0, {}});
+  } else {
+    events_.push_back({Kind::kSyncFile, files_by_descriptor_.at(descriptor), {}, {}, 0, {}});
+  }
+  return 0;  // the disk is only thought of
+}
+
+int RecordingCalls::Rename(const char* from, const char* to) {
+  const int result = SystemCalls::Rename(from, to);
+  if (result != 0) return result;
+  const std::string old_name = Relative(from);
+  names_[Relative(to)] = names_.at(old_name);
+  names_.erase(old_name);
+  events_.push_back({Kind::kRename, 0, old_name, Relative(to), 0, {}});
+  return 0;
+}
+
+int RecordingCalls::Remove(const char* path) {
+  const int result = SystemCalls::Remove(path);
+  if (result != 0) return result;
+  names_.erase(Relative(path));
+  events_.push_back({Kind::kRemove, 0, Relative(path), {}, 0, {}});
+  return 0;
+}
+
+Snapshot DiskAfter(const Snapshot& before, const RecordingCalls& recording, std::size_t count,
+                   Survivors survivors, std::mt19937& random) {
+  Disk disk(before, recording.first_names());
+  for (std::size_t i = 0; i < count; ++i) disk.Take(recording.events()[i]);
+  disk.LosePower(survivors, random);
+  return disk.Files();
+}
+
+}  // namespace brovanta::test
