@@ -2,7 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -89,58 +92,104 @@ TEST_F(SearchOverLoopbackTest, TwoHundredShopsAnswerAtOnce) {
   EXPECT_EQ(window_->seen().back(), Finished(200));
 }
 
-// Shops that say nothing, one that goes on for ever, one that leads in circles, one that nobody
-// can connect to.
+// Counts what comes over a server's threads, and lets the test wait for it.
+class Counter {
+ public:
+  void Add() {
+    const std::lock_guard lock(mutex_);
+    ++count_;
+    changed_.notify_all();
+  }
+  [[nodiscard]] bool WaitFor(int count) {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::seconds(30), [&] { return count_ >= count; });
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  int count_ = 0;
+};
+
+// Takes requests and says nothing, until the other side goes.
+class SilentShop {
+ public:
+  Counter asked;
+  Counter left;
+  const LoopbackServer server{[this](LoopbackPeer& peer, const std::string&) {
+    asked.Add();
+    if (peer.WaitUntilClosed()) left.Add();
+  }};
+};
+
+// Sends whoever asks back to itself.
+class CircleShop {
+ public:
+  Counter asked;
+  const LoopbackServer server{[this](LoopbackPeer& peer, const std::string& request) {
+    const std::size_t host = request.find("127.0.0.1:");
+    if (host == std::string::npos) return;  // the other side has gone before it asked
+    const std::string self = request.substr(host, request.find('\r', host) - host);
+    (void)peer.Send(HttpReply("302 Found", "", {"Location: http://" + self + "/"}));
+    asked.Add();
+  }};
+};
+
+// Shops that say nothing, one that leads in circles, one that nobody can connect to.
 TEST_F(SearchOverLoopbackTest, StopEndsWhateverTheShopsDo) {
-  const LoopbackServer silent(
-      [](LoopbackPeer& peer, const std::string&) { (void)peer.WaitUntilClosed(); });
+  SilentShop silent;
+  CircleShop circle;
+  const test::DeafPort deaf;
+  SearchEngine engine;
+  const Agents agents{AgentAt(1, silent.server.Url("/")), AgentAt(2, silent.server.Url("/")),
+                      AgentAt(3, circle.server.Url("/")), AgentAt(4, deaf.Url() + "/")};
+  ASSERT_EQ(engine.StartSearch(agents, 1, "soap", window_), 4);
+  ASSERT_TRUE(silent.asked.WaitFor(2));
+  ASSERT_TRUE(circle.asked.WaitFor(3));
+  EXPECT_EQ(window_->seen().size(), 4U) << "nobody has reported";
+  EXPECT_EQ(engine.StopSearch(), 0);
+  ASSERT_TRUE(window_->WaitUntilFinished(4));
+  for (std::int32_t site = 1; site <= 4; ++site) {
+    EXPECT_THAT(window_->seen(), testing::Contains(Failed(site, AGENT_NO_PAGE)));
+  }
+  EXPECT_TRUE(silent.left.WaitFor(2));
+}
+
+TEST_F(SearchOverLoopbackTest, EndlessPageEndsWhereAPageIsFull) {
   const LoopbackServer endless([](LoopbackPeer& peer, const std::string&) {
-    (void)peer.Send("HTTP/1.1 200 OK\r\n\r\n");
+    (void)peer.Send("HTTP/1.1 200 OK\r\n\r\n" + Block("Soap", "/1", "2"));
     while (peer.Send("<p>")) {
     }
   });
-  std::string circle_url;
-  const LoopbackServer circle([&circle_url](LoopbackPeer& peer, const std::string&) {
-    (void)peer.Send(HttpReply("302 Found", "", {"Location: " + circle_url}));
-  });
-  circle_url = circle.Url("/");
-  const test::DeafPort deaf;
   SearchEngine engine;
-  const Agents agents{AgentAt(1, silent.Url("/")), AgentAt(2, silent.Url("/")),
-                      AgentAt(3, circle.Url("/")), AgentAt(4, deaf.Url() + "/")};
-  ASSERT_EQ(engine.StartSearch(agents, 1, "soap", window_), 4);
-  EXPECT_EQ(engine.StopSearch(), 0);
-  ASSERT_TRUE(window_->WaitUntilFinished(4));
-  EXPECT_EQ(window_->Count(WM_SEARCH_AGENT_FAILED), 4U);
-  // An endless page ends by itself where a page is full.
   ASSERT_EQ(engine.StartSearch(Agents{AgentAt(5, endless.Url("/"))}, 1, "soap", window_), 1);
-  ASSERT_TRUE(window_->WaitFor(WM_SEARCH_AGENT_RESULTS));
+  ASSERT_TRUE(window_->WaitUntilFinished());
+  EXPECT_THAT(window_->seen(), testing::ElementsAre(Started(5), Delivered(5, 1), Finished(1)));
 }
 
 TEST_F(SearchOverLoopbackTest, EndOfTheProgramLeavesNoConnection) {
-  bool closed = false;
-  std::mutex mutex;
-  std::condition_variable changed;
-  bool asked = false;
-  LoopbackServer silent([&](LoopbackPeer& peer, const std::string&) {
-    {
-      const std::lock_guard lock(mutex);
-      asked = true;
-      changed.notify_all();
-    }
-    const bool gone = peer.WaitUntilClosed();
-    const std::lock_guard lock(mutex);
-    closed = gone;
-    changed.notify_all();
-  });
+  SilentShop silent;
   {
     SearchEngine engine;
-    ASSERT_EQ(engine.StartSearch(Agents{AgentAt(1, silent.Url("/"))}, 1, "soap", window_), 1);
-    std::unique_lock lock(mutex);
-    ASSERT_TRUE(changed.wait_for(lock, std::chrono::seconds(30), [&] { return asked; }));
+    ASSERT_EQ(engine.StartSearch(Agents{AgentAt(1, silent.server.Url("/"))}, 1, "soap", window_),
+              1);
+    ASSERT_TRUE(silent.asked.WaitFor(1));
   }
-  std::unique_lock lock(mutex);
-  EXPECT_TRUE(changed.wait_for(lock, std::chrono::seconds(30), [&] { return closed; }));
+  EXPECT_TRUE(silent.left.WaitFor(1));
+}
+
+TEST_F(SearchOverLoopbackTest, EndOfTheProgramEndsARedirectCircle) {
+  CircleShop circle;
+  {
+    SearchEngine engine;
+    ASSERT_EQ(engine.StartSearch(Agents{AgentAt(1, circle.server.Url("/"))}, 1, "soap", window_),
+              1);
+    ASSERT_TRUE(circle.asked.WaitFor(3));
+    EXPECT_EQ(window_->seen().size(), 1U) << "it goes on";
+  }
+  ASSERT_TRUE(window_->WaitUntilFinished());
+  EXPECT_THAT(window_->seen(),
+              testing::ElementsAre(Started(1), Failed(1, AGENT_NO_PAGE), Finished(0)));
 }
 
 }  // namespace
