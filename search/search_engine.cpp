@@ -6,19 +6,13 @@
 #include "search/search_run.h"
 
 namespace brovanta {
-namespace {
-
-// Long enough for every thread whose download notices its flag.
-constexpr std::chrono::milliseconds kEndWait{1000};
-
-}  // namespace
-
 SearchServices SearchServices::Real() {
   return {[](const std::string& url, std::uint32_t context,
              const std::atomic<std::int32_t>& cancel_flag) {
             return DownloadUrlToBuffer(url, context, cancel_flag);
           },
-          [](std::function<void()> procedure) { return std::thread(std::move(procedure)); }};
+          [](std::function<void()> procedure) { return std::thread(std::move(procedure)); },
+          [](std::chrono::milliseconds time) { std::this_thread::sleep_for(time); }};
 }
 
 SearchEngine::SearchEngine(SearchServices services) : services_(std::move(services)) {}
@@ -26,7 +20,7 @@ SearchEngine::SearchEngine(SearchServices services) : services_(std::move(servic
 SearchEngine::~SearchEngine() {
   if (current_ != nullptr) previous_.push_back(std::move(current_));
   for (const auto& run : previous_) run->Abandon();
-  const auto deadline = std::chrono::steady_clock::now() + kEndWait;
+  const auto deadline = std::chrono::steady_clock::now() + services_.end_wait;
   for (const auto& run : previous_) run->JoinUntil(deadline);
 }
 

@@ -29,8 +29,13 @@ struct SearchServices {
       download;
   /// Runs the procedure on a thread of its own; throws std::system_error when there is none left.
   std::function<std::thread(std::function<void()> procedure)> start_thread;
+  /// Lets the thread that calls it sleep.
+  std::function<void(std::chrono::milliseconds)> sleep;
+  /// How long the end of the engine waits for the threads; for each whose download notices its flag
+  /// a second is long enough.
+  std::chrono::milliseconds end_wait{1000};
 
-  /// The network and the system's threads.
+  /// The network, the system's threads and its clock.
   [[nodiscard]] static SearchServices Real();
 };
 
@@ -46,9 +51,9 @@ class SearchEngine {
   SearchEngine(const SearchEngine&) = delete;
   SearchEngine& operator=(const SearchEngine&) = delete;
 
-  /// Stops every agent and waits for their threads, a second at most; one that is stuck then is
-  /// left behind with what belongs to its search. Windows whose messages are handled on this thread
-  /// must be closed before, or the wait is in vain.
+  /// Stops every agent and waits for their threads, not longer than end_wait; one that is stuck
+  /// then is left behind with what belongs to its search. Windows whose messages are handled on
+  /// this thread must be closed before, or the wait is in vain.
   ~SearchEngine();
 
   /// Starts the agents that serve the category, in their order. WM_SEARCH_AGENT_STARTED is sent for

@@ -133,7 +133,7 @@ void SearchRun::Run(Task& task) {
 }
 
 void SearchRun::RunAgent(Task& task) {
-  std::this_thread::sleep_for(kAgentDelay);
+  services_.sleep(kAgentDelay);
   {
     // However long it took to start the others: nobody reports before all are registered.
     std::unique_lock lock(mutex_);

@@ -45,18 +45,29 @@ class ScriptedShops : public std::enable_shared_from_this<ScriptedShops> {
   }
   /// Thread number `nth` (from 0) cannot be made.
   void RefuseThread(int nth) { refused_ = nth; }
+  /// Nobody gets past the delay at the start of its thread before EndDelay. Without it there is
+  /// none.
+  void HoldDelay() {
+    const std::lock_guard lock(mutex_);
+    delay_held_ = true;
+  }
+  void EndDelay() {
+    const std::lock_guard lock(mutex_);
+    delay_held_ = false;
+    changed_.notify_all();
+  }
   /// Called in each download, on its thread.
   void OnDownload(std::function<void()> call) { on_download_ = std::move(call); }
 
   [[nodiscard]] SearchServices Services() {
     auto self = shared_from_this();
-    return {[self](const std::string& url, std::uint32_t context,
-                   const std::atomic<std::int32_t>& flag) {
-              return self->Download(url, context, flag);
-            },
-            [self](std::function<void()> procedure) {
-              return self->StartThread(std::move(procedure));
-            }};
+    return {
+        [self](const std::string& url, std::uint32_t context,
+               const std::atomic<std::int32_t>& flag) {
+          return self->Download(url, context, flag);
+        },
+        [self](std::function<void()> procedure) { return self->StartThread(std::move(procedure)); },
+        [self](std::chrono::milliseconds time) { self->Sleep(time); }, std::chrono::seconds(30)};
   }
 
   /// The agents 1 to `count`.
@@ -82,6 +93,11 @@ class ScriptedShops : public std::enable_shared_from_this<ScriptedShops> {
     const std::lock_guard lock(mutex_);
     return contexts_;
   }
+  /// For how long each thread has been sent to sleep.
+  [[nodiscard]] std::vector<std::chrono::milliseconds> delays() const {
+    const std::lock_guard lock(mutex_);
+    return delays_;
+  }
   [[nodiscard]] int threads() const {
     const std::lock_guard lock(mutex_);
     return threads_;
@@ -92,10 +108,16 @@ class ScriptedShops : public std::enable_shared_from_this<ScriptedShops> {
     std::unique_lock lock(mutex_);
     return changed_.wait_for(lock, limit, [&] { return urls_.size() >= count; });
   }
-  /// Whether every thread has ended, within half a minute.
-  [[nodiscard]] bool WaitForThreads() {
+  /// Whether so many threads are in their delay, or have been, within half a minute.
+  [[nodiscard]] bool WaitForDelays(std::size_t count) {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, std::chrono::seconds(30), [&] { return threads_ == 0; });
+    return changed_.wait_for(lock, std::chrono::seconds(30),
+                             [&] { return delays_.size() >= count; });
+  }
+  /// Whether all threads but so many have ended, within half a minute.
+  [[nodiscard]] bool WaitForThreads(int left = 0) {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::seconds(30), [&] { return threads_ <= left; });
   }
 
  private:
@@ -125,6 +147,13 @@ class ScriptedShops : public std::enable_shared_from_this<ScriptedShops> {
     return page->second;
   }
 
+  void Sleep(std::chrono::milliseconds time) {
+    std::unique_lock lock(mutex_);
+    delays_.push_back(time);
+    changed_.notify_all();
+    changed_.wait(lock, [this] { return !delay_held_; });
+  }
+
   std::thread StartThread(std::function<void()> procedure) {
     if (started_++ == refused_) {
       throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again));
@@ -150,6 +179,8 @@ class ScriptedShops : public std::enable_shared_from_this<ScriptedShops> {
   std::function<void()> on_download_;
   std::vector<std::string> urls_;
   std::set<std::uint32_t> contexts_;
+  std::vector<std::chrono::milliseconds> delays_;
+  bool delay_held_ = false;
   int threads_ = 0;
   int started_ = 0;  // the starting thread's only, as the next
   int refused_ = -1;

@@ -1,11 +1,17 @@
 // The program ends while a search runs.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
+#include <memory>
+#include <thread>
+
 #include "tests/search/search_engine_fixture.h"
 
 namespace brovanta {
 namespace {
 
+using test::ScriptedShops;
 using SearchEngineEndTest = test::SearchEngineTest;
 
 TEST_F(SearchEngineEndTest, EndOfTheProgramEndsTheSearch) {
@@ -18,21 +24,53 @@ TEST_F(SearchEngineEndTest, EndOfTheProgramEndsTheSearch) {
 }
 
 TEST_F(SearchEngineEndTest, EndOfTheProgramWithinTheDelayEndsTheSearch) {
+  shops_->HoldDelay();
   ASSERT_EQ(Start(10), 10);
+  ASSERT_TRUE(shops_->WaitForDelays(10));
+  // The end waits for threads that have seen nothing of it yet; each finds its flag set.
+  std::thread clock([this] { shops_->EndDelay(); });
   engine_.reset();
+  clock.join();
   EXPECT_EQ(shops_->threads(), 0);
 }
 
 TEST_F(SearchEngineEndTest, EndOfTheProgramDoesNotWaitForAStuckDownload) {
+  SearchServices services = shops_->Services();
+  services.end_wait = std::chrono::milliseconds(0);
+  engine_ = std::make_unique<SearchEngine>(services);
   shops_->Hold(1, true);
   shops_->Hold(2);
   ASSERT_EQ(Start(2), 2);
   ASSERT_TRUE(shops_->WaitForDownloads(2));
+  EXPECT_EQ(engine_->StopSearch(), 0);
+  ASSERT_TRUE(shops_->WaitForThreads(1));
   engine_.reset();
   EXPECT_EQ(shops_->threads(), 1);
   shops_->Release();
   ASSERT_TRUE(shops_->WaitForThreads());
   EXPECT_EQ(window_->Count(WM_SEARCH_AGENT_FAILED), 2U);
+}
+
+// Its threads are stuck on their way to a screen that has not let go of them.
+TEST_F(SearchEngineEndTest, EndOfTheProgramDoesNotWaitForAMessageForEver) {
+  std::promise<void> handled;
+  const auto wait = handled.get_future().share();
+  const auto window = std::make_shared<test::RecordingWindow>([wait](const test::Seen& seen) {
+    if (seen.message == WM_SEARCH_AGENT_FAILED) wait.wait();
+  });
+  SearchServices services = shops_->Services();
+  services.end_wait = std::chrono::milliseconds(0);
+  engine_ = std::make_unique<SearchEngine>(services);
+  ASSERT_EQ(Start(ScriptedShops::Agents(2), window), 2);
+  ASSERT_TRUE(window->WaitFor(WM_SEARCH_AGENT_FAILED));
+  engine_.reset();
+  EXPECT_EQ(shops_->threads(), 2);
+  handled.set_value();
+  ASSERT_TRUE(window->WaitUntilFinished());
+}
+
+TEST_F(SearchEngineEndTest, ThreadsAreWaitedForForASecond) {
+  EXPECT_EQ(SearchServices::Real().end_wait, std::chrono::seconds(1));
 }
 
 TEST_F(SearchEngineEndTest, EndOfTheProgramEndsWhatEarlierSearchesLeft) {

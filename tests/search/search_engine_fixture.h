@@ -18,6 +18,7 @@ class SearchEngineTest : public testing::Test {
  protected:
   SearchEngineTest() { engine_ = std::make_unique<SearchEngine>(shops_->Services()); }
   ~SearchEngineTest() override {
+    shops_->EndDelay();
     engine_.reset();
     shops_->Release();
     EXPECT_TRUE(shops_->WaitForThreads());

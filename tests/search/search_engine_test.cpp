@@ -138,10 +138,43 @@ TEST_F(SearchEngineTest, NobodyNeedsToListen) {
   EXPECT_EQ(engine_->RunningCount(), 0U);
 }
 
-TEST_F(SearchEngineTest, EveryThreadWaitsATenthOfASecondFirst) {
+// Also before it reports what it could know at once.
+class SearchEngineDelayTest : public SearchEngineTest {
+ protected:
+  // Two agents, the second without a keyword. Nothing happens before all have come to their sleep.
+  void StartAndWake(const std::string& words) {
+    WebAgent no_keyword = ScriptedShops::Agent(2);
+    no_keyword.FormatString = "http://shop2.example/";
+    shops_->HoldDelay();
+    ASSERT_EQ(
+        Start({ScriptedShops::Share(ScriptedShops::Agent(1)), ScriptedShops::Share(no_keyword)},
+              window_, words),
+        2);
+    ASSERT_TRUE(shops_->WaitForDelays(2));
+    EXPECT_THAT(window_->seen(), ElementsAre(Started(1), Started(2)));
+    EXPECT_THAT(shops_->urls(), IsEmpty());
+    EXPECT_THAT(shops_->delays(), ElementsAre(milliseconds(100), milliseconds(100)));
+    shops_->EndDelay();
+    ASSERT_TRUE(window_->WaitUntilFinished());
+    EXPECT_EQ(shops_->delays().size(), 2U);
+  }
+};
+
+TEST_F(SearchEngineDelayTest, EveryThreadSleepsBeforeItAsksOrReportsItsMissingKeyword) {
+  StartAndWake("soap");
+  EXPECT_EQ(shops_->urls().size(), 1U);
+  EXPECT_THAT(window_->seen(), testing::IsSupersetOf({Failed(1, AGENT_NO_PAGE), Failed(2, -63)}));
+}
+
+TEST_F(SearchEngineDelayTest, EveryThreadSleepsBeforeItReportsMissingWords) {
+  StartAndWake("");
+  EXPECT_THAT(shops_->urls(), IsEmpty());
+  EXPECT_THAT(window_->seen(), testing::IsSupersetOf({Failed(1, -62), Failed(2, -62)}));
+}
+
+TEST_F(SearchEngineTest, RealSleepIsOne) {
   const auto start = std::chrono::steady_clock::now();
-  ASSERT_EQ(Start(1), 1);
-  ASSERT_TRUE(shops_->WaitForDownloads(1));
+  SearchServices::Real().sleep(kAgentDelay);
   EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(100));
 }
 
