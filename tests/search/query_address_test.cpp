@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <optional>
+#include <string>
+
 #include "search/agent_status.h"
 
 namespace brovanta {
@@ -65,6 +69,21 @@ TEST(QueryAddressTest, AddressIsCutBehind249Bytes) {
   EXPECT_EQ(Address("http://a.example/?q= KEYWORD &sort=price", std::string(100, '\xE9')),
             expected);
   EXPECT_EQ(Address(std::string(300, 'x') + " KEYWORD ", "w"), std::string(249, 'x'));
+}
+
+TEST(QueryAddressTest, WordsThatCannotBeEncodedFail) {
+  const WordsEncoder without_memory = [](const char*) -> std::optional<std::string> {
+    throw std::bad_alloc();
+  };
+  const WordsEncoder without_result = [](const char*) -> std::optional<std::string> {
+    return std::nullopt;
+  };
+  for (const WordsEncoder encoder : {without_memory, without_result}) {
+    std::string address = "untouched";
+    EXPECT_EQ(BuildQueryAddress("a KEYWORD ", "x", address, encoder), AGENT_NO_ENCODING);
+    EXPECT_EQ(BuildQueryAddress("a", "x", address, encoder), AGENT_NO_KEYWORD) << "before that";
+    EXPECT_EQ(address, "untouched");
+  }
 }
 
 TEST(QueryAddressTest, CodesAreThoseOfTheMessages) {
