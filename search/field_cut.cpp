@@ -2,10 +2,10 @@
 
 namespace brovanta {
 
-FieldCut::FieldCut(const WebAgent& agent, AgentText start, AgentText end)
+FieldCut::FieldCut(const WebAgent& agent, AgentText start, AgentText end, CancelFlag cancel_flag)
     : start_name_(start), end_name_(end) {
-  if (agent.*start) start_ = std::make_unique<Searched>(*(agent.*start));
-  if (agent.*end) end_ = std::make_unique<Searched>(*(agent.*end));
+  if (agent.*start) start_ = std::make_unique<Searched>(*(agent.*start), cancel_flag);
+  if (agent.*end) end_ = std::make_unique<Searched>(*(agent.*end), cancel_flag);
 }
 
 std::optional<std::string_view> FieldCut::Cut(std::string_view block, std::size_t offset,

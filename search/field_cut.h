@@ -14,7 +14,8 @@ namespace brovanta {
 /// The two markers of one field of an agent, prepared for all blocks of a page. One thread.
 class FieldCut {
  public:
-  FieldCut(const WebAgent& agent, AgentText start, AgentText end);
+  /// The flag, if any, ends every search of it.
+  FieldCut(const WebAgent& agent, AgentText start, AgentText end, CancelFlag cancel_flag = nullptr);
 
   /// What stands behind the first start marker, up to the first end marker behind it; nothing when
   /// either is not defined or not found, or when nothing stands between them. The observer, if any,
@@ -25,7 +26,8 @@ class FieldCut {
  private:
   // A marker and its search, which refers to it: neither moves.
   struct Searched {
-    explicit Searched(std::string_view text) : marker(text), search(marker) {}
+    Searched(std::string_view text, CancelFlag cancel_flag)
+        : marker(text), search(marker, cancel_flag) {}
     Marker marker;
     MarkerSearch search;
   };

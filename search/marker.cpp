@@ -1,33 +1,59 @@
 #include "search/marker.h"
 
 #include <cstring>
+#include <string>
 
 namespace brovanta {
+
+namespace {
+
+// The second "*" in a row looks for a "*", finds the one that the first has found, and stays there.
+// So does each further one: they change nothing.
+std::string WithoutIdleStars(std::string_view text) {
+  std::string kept;
+  kept.reserve(text.size());
+  for (const char character : text) {
+    if (character != '*' || !kept.ends_with("**")) kept += character;
+  }
+  return kept;
+}
+
+}  // namespace
 
 // The character behind a "*" belongs to what follows it, unless it is a "*" itself: that one is
 // looked for, found, and then stands for any run again, from that very place.
 Marker::Marker(std::string_view text) : size_(text.size()) {
-  std::size_t star = text.find('*');
-  head_ = RigidText(text.substr(0, star));
+  const std::string kept = WithoutIdleStars(text);
+  const std::string_view marker = kept;
+  std::size_t star = marker.find('*');
+  head_ = RigidText(marker.substr(0, star));
+  least_ = head_.size();
   while (star != std::string_view::npos) {
-    if (star + 1 == text.size()) {
+    if (star + 1 == marker.size()) {
       ends_with_star_ = true;
+      ++least_;
       return;
     }
-    const std::size_t next = text.find('*', star + 1);
-    stars_.push_back({text[star + 1], RigidText(text.substr(star + 1, next - star - 1))});
+    const std::size_t next = marker.find('*', star + 1);
+    stars_.push_back({marker[star + 1], RigidText(marker.substr(star + 1, next - star - 1))});
+    // A "*" that was looked for stands before what the next one looks for, unless that is the end.
+    const bool found_star = next == star + 1 && next + 1 < marker.size();
+    least_ += stars_.back().rest.size() + (found_star ? 1 : 0);
     star = next;
   }
 }
 
-MarkerSearch::MarkerSearch(const Marker& marker) : marker_(marker), head_(marker.head_) {
-  stars_.reserve(marker.stars_.size());
-  for (const Marker::Star& star : marker.stars_) stars_.push_back({RigidSearch(star.rest)});
-}
+MarkerSearch::MarkerSearch(const Marker& marker, CancelFlag cancel_flag)
+    : marker_(marker), cancel_flag_(cancel_flag), head_(marker.head_) {}
 
 void MarkerSearch::Reset(std::string_view text) {
   text_ = text;
+  if (text.size() < marker_.least_) return;  // nor is anything looked at
   head_.Reset(text);
+  if (stars_.empty()) {
+    stars_.reserve(marker_.stars_.size());
+    for (const Marker::Star& star : marker_.stars_) stars_.push_back({RigidSearch(star.rest)});
+  }
   for (StarState& star : stars_) {
     star.rest.Reset(text);
     star.searched = false;
@@ -36,6 +62,8 @@ void MarkerSearch::Reset(std::string_view text) {
 
 std::optional<MarkerMatch> MarkerSearch::Find(std::size_t from) {
   for (;;) {
+    if (cancel_flag_ != nullptr && *cancel_flag_ != 0) return std::nullopt;
+    if (from > text_.size() || text_.size() - from < marker_.least_) return std::nullopt;
     const std::size_t start = head_.Find(from);
     if (start == RigidSearch::kNowhere) return std::nullopt;
     std::size_t at = start + marker_.head_.size();

@@ -1,7 +1,9 @@
 // Markers, the patterns that cut a shop's page, and the search for them.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,22 +43,28 @@ class Marker {
   };
 
   std::size_t size_;
-  RigidText head_;  // before the first "*"
+  std::size_t least_ = 0;  // bytes that every match takes up at least: not fewer than stars
+  RigidText head_;         // before the first "*"
   std::vector<Star> stars_;
   bool ends_with_star_ = false;
 };
 
-/// Searches one text for one marker, from front to back. All searches of a text together look at
-/// each of its bytes a bounded number of times, whatever stands in it. Borrows marker and text.
+/// Whoever waits for a search sets it to give up; nullptr: nobody can.
+using CancelFlag = const std::atomic<std::int32_t>*;
+
+/// Searches one text for one marker, from front to back. For each "*" of the marker (several in a
+/// row count as two) all searches of a text together look at each of its bytes a bounded number of
+/// times, whatever stands in it. A marker that is longer than the text costs nothing. Borrows
+/// marker, text and flag.
 class MarkerSearch {
  public:
-  explicit MarkerSearch(const Marker& marker);
+  explicit MarkerSearch(const Marker& marker, CancelFlag cancel_flag = nullptr);
 
   /// Turns to another text.
   void Reset(std::string_view text);
 
   /// The first match that starts at `from` or behind. Calls for one text go forward: no `from`
-  /// before the last match that was found.
+  /// before the last match that was found. Nothing as soon as the flag is set.
   [[nodiscard]] std::optional<MarkerMatch> Find(std::size_t from);
 
  private:
@@ -72,6 +80,7 @@ class MarkerSearch {
   };
 
   const Marker& marker_;
+  const CancelFlag cancel_flag_;
   std::string_view text_;
   RigidSearch head_;
   std::vector<StarState> stars_;

@@ -22,19 +22,21 @@ std::optional<MarkerMatch> FindPlain(std::string_view text, std::string_view wha
 
 }  // namespace
 
-PageScraper::PageScraper(std::string_view page, const WebAgent& agent, ScrapeObserver* observer)
+PageScraper::PageScraper(std::string_view page, const WebAgent& agent, ScrapeObserver* observer,
+                         CancelFlag cancel_flag)
     : page_(page.substr(0, page.find('\0'))),
       agent_(agent),
       observer_(observer),
+      cancel_flag_(cancel_flag),
       start_marker_(TextOf(agent.StartResult)),
       end_marker_(TextOf(agent.EndResult)),
-      start_search_(start_marker_),
-      end_search_(end_marker_),
-      title_(agent, &WebAgent::StartItem, &WebAgent::EndItem),
-      text_(agent, &WebAgent::StartText, &WebAgent::EndText),
-      url_(agent, &WebAgent::StartURL, &WebAgent::EndURL),
-      price_(agent, &WebAgent::StartPrice, &WebAgent::EndPrice),
-      promo_(agent, &WebAgent::StartPromo, &WebAgent::EndPromo) {}
+      start_search_(start_marker_, cancel_flag),
+      end_search_(end_marker_, cancel_flag),
+      title_(agent, &WebAgent::StartItem, &WebAgent::EndItem, cancel_flag),
+      text_(agent, &WebAgent::StartText, &WebAgent::EndText, cancel_flag),
+      url_(agent, &WebAgent::StartURL, &WebAgent::EndURL, cancel_flag),
+      price_(agent, &WebAgent::StartPrice, &WebAgent::EndPrice, cancel_flag),
+      promo_(agent, &WebAgent::StartPromo, &WebAgent::EndPromo, cancel_flag) {}
 
 std::optional<SearchResultItem> PageScraper::FirstItem() {
   cursor_ = 0;
@@ -53,6 +55,7 @@ std::optional<SearchResultItem> PageScraper::FirstItem() {
 std::optional<SearchResultItem> PageScraper::NextItem() {
   if (end_ != PageEnd::kNotYet) return std::nullopt;
   const auto block = NextBlock();
+  if (IsCancelled()) return End(PageEnd::kNotYet);
   if (!block) return std::nullopt;
   const auto offset = static_cast<std::size_t>(block->data() - page_.data());
   const auto title = title_.Cut(*block, offset, observer_);
@@ -60,6 +63,7 @@ std::optional<SearchResultItem> PageScraper::NextItem() {
   const auto url = url_.Cut(*block, offset, observer_);
   const auto price = price_.Cut(*block, offset, observer_);
   const auto promo = promo_.Cut(*block, offset, observer_);
+  if (IsCancelled()) return End(PageEnd::kNotYet);  // what is missing may be in the block
 
   SearchResultItem item;
   if (promo) item.Price = PriceOf(*promo);
@@ -118,11 +122,11 @@ bool IsWanted(const SearchResultItem& item, const WordSearch& words) {
 }
 
 std::vector<SearchResultItem> ScrapePage(std::string_view page, const WebAgent& agent,
-                                         const std::string& words) {
+                                         const std::string& words, CancelFlag cancel_flag) {
   std::vector<SearchResultItem> wanted;
   if (!agent.SiteName || !agent.StartResult || !agent.EndResult) return wanted;
   const WordSearch search(words);
-  PageScraper scraper(page, agent);
+  PageScraper scraper(page, agent, nullptr, cancel_flag);
   for (auto item = scraper.FirstItem(); item; item = scraper.NextItem()) {
     if (IsWanted(*item, search)) wanted.push_back(std::move(*item));
   }

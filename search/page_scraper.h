@@ -18,7 +18,7 @@ namespace brovanta {
 
 /// Why a page gave no further item.
 enum class PageEnd {
-  kNotYet,
+  kNotYet,          ///< nothing has ended it, or the flag was set
   kNoHeader,        ///< EndHeader is not in the page
   kNoStart,         ///< no further StartResult
   kNoEnd,           ///< no EndResult behind it
@@ -29,11 +29,13 @@ enum class PageEnd {
 };
 
 /// Walks over one page with the markers of one agent. Takes time in proportion to the page, also
-/// for pages that were made to prevent that. Borrows page, agent and observer. One thread.
+/// for pages that were made to prevent that; to the page and the number of "*" in a marker where an
+/// agent was made to. Borrows page, agent, observer and flag. One thread.
 class PageScraper {
  public:
   /// A page ends at its first zero byte.
-  PageScraper(std::string_view page, const WebAgent& agent, ScrapeObserver* observer = nullptr);
+  PageScraper(std::string_view page, const WebAgent& agent, ScrapeObserver* observer = nullptr,
+              CancelFlag cancel_flag = nullptr);
   PageScraper(const PageScraper&) = delete;
   PageScraper& operator=(const PageScraper&) = delete;
 
@@ -52,10 +54,12 @@ class PageScraper {
                                                 std::size_t from);
   [[nodiscard]] std::optional<std::string_view> NextBlock();
   [[nodiscard]] std::optional<SearchResultItem> End(PageEnd why);
+  [[nodiscard]] bool IsCancelled() const { return cancel_flag_ != nullptr && *cancel_flag_ != 0; }
 
   std::string_view page_;
   const WebAgent& agent_;
   ScrapeObserver* observer_;
+  const CancelFlag cancel_flag_;
   Marker start_marker_;
   Marker end_marker_;
   MarkerSearch start_search_;
@@ -73,8 +77,10 @@ class PageScraper {
 [[nodiscard]] bool IsWanted(const SearchResultItem& item, const WordSearch& words);
 
 /// The items of a page that the search wants, in the order of the page. Nothing for an agent
-/// without SiteName, StartResult or EndResult.
+/// without SiteName, StartResult or EndResult. A flag that is set ends it soon: what it gives is
+/// then of no use.
 [[nodiscard]] std::vector<SearchResultItem> ScrapePage(std::string_view page, const WebAgent& agent,
-                                                       const std::string& words);
+                                                       const std::string& words,
+                                                       CancelFlag cancel_flag = nullptr);
 
 }  // namespace brovanta

@@ -145,7 +145,10 @@ void SearchRun::RunAgent(Task& task) {
   if (status != 0) return Report(task, status);
   const std::optional<std::string> page = services_.download(address, context_, task.cancel_flag);
   if (!page) return Report(task, AGENT_NO_PAGE);
-  Deliver(task, ScrapePage(*page, *task.agent, words_));
+  auto items = ScrapePage(*page, *task.agent, words_, &task.cancel_flag);
+  // Stopped while it read the page: as if the page had not come.
+  if (task.cancel_flag != 0) return Report(task, AGENT_NO_PAGE);
+  Deliver(task, std::move(items));
 }
 
 void SearchRun::Report(const Task& task, std::int32_t status) {

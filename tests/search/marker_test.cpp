@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cstdint>
 #include <ostream>
 #include <random>
 #include <string>
@@ -148,13 +150,63 @@ TEST(MarkerTest, AgreesWithTheDocumentedStepsOnWalksOverATextMadeByChance) {
   }
 }
 
+// Rows of "*" of every length, where the text has some as well.
+TEST(MarkerTest, AgreesWithTheDocumentedStepsOnManyStars) {
+  std::mt19937 chance(23);
+  const auto word = [&chance](std::string_view alphabet, std::size_t length) {
+    std::string text;
+    while (text.size() < length) text += alphabet[chance() % alphabet.size()];
+    return text;
+  };
+  int matches = 0;
+  for (int round = 0; round < 60'000; ++round) {
+    const std::string text = word(round % 2 == 0 ? "ab*?" : "aab**", chance() % 24);
+    const std::string marker = word(round % 3 == 0 ? "*****a?" : "**ab", chance() % 14);
+    const std::size_t from = chance() % 4;
+    const Marker prepared(marker);
+    MarkerSearch search(prepared);
+    search.Reset(text);
+    const auto match = search.Find(from);
+    ASSERT_EQ(match, ModelMatch(text, marker, from)) << text << " / " << marker << " " << from;
+    matches += match ? 1 : 0;
+  }
+  EXPECT_GT(matches, 10'000) << "both outcomes were looked at";
+  EXPECT_LT(matches, 50'000);
+}
+
+TEST(MarkerTest, RowOfStarsCountsAsTwo) {
+  const std::string stars(160'000, '*');
+  EXPECT_EQ(MatchMarker("ab*cde", stars + "e"), (MarkerMatch{0, 6}));
+  EXPECT_EQ(MatchMarker("abcde", stars + "e"), Match());
+  EXPECT_EQ(MatchMarker("ab*", stars), (MarkerMatch{0, 3}));
+  EXPECT_EQ(Marker(stars).size(), 160'000U) << "as written";
+}
+
+TEST(MarkerTest, TextAsLongAsTheMarkersLeastIsLongEnough) {
+  EXPECT_EQ(MatchMarker("ab", "*a*b"), (MarkerMatch{0, 2}));
+  EXPECT_EQ(MatchMarker("*b", "**b"), (MarkerMatch{0, 2}));
+  EXPECT_EQ(MatchMarker("*", "**"), (MarkerMatch{0, 1}));
+  EXPECT_EQ(MatchMarker("a", "*a*"), Match());
+  EXPECT_EQ(MatchMarker("ab", "*a*"), (MarkerMatch{0, 2}));
+}
+
+TEST(MarkerTest, SetFlagEndsTheSearch) {
+  std::atomic<std::int32_t> flag{0};
+  const Marker marker("b");
+  MarkerSearch search(marker, &flag);
+  search.Reset("abab");
+  EXPECT_EQ(search.Find(0), (MarkerMatch{1, 1}));
+  flag = 1;
+  EXPECT_EQ(search.Find(2), Match());
+}
+
 // Markers so long that they are searched for in another way.
 TEST(MarkerTest, AgreesWithTheDocumentedStepsOnHugeMarkers) {
   std::mt19937 chance(11);
   const std::string near = Repeat("ab", 600) + "a";
   for (const std::string& marker :
        {near + "c", near + "?" + near, "x*" + near + "c", near + "*" + near, "*" + near,
-        near + "c*", std::string(1100, '?'), "x" + std::string(1100, '?') + "*z"}) {
+        near + "c*", std::string(1100, '?'), std::string("x").append(1100, '?') + "*z"}) {
     for (int round = 0; round < 20; ++round) {
       std::string text = Repeat("ab", chance() % 3000);
       for (int i = 0; i < 3; ++i) text.insert(chance() % (text.size() + 1), 1, "cxz"[i]);
@@ -186,6 +238,9 @@ TEST(MarkerTest, PagesMadeToBeSlowAreNot) {
   EXPECT_EQ(MatchMarker(Repeat("az", page / 2), Repeat("az", page / 4) + "*zy"), Match());
   EXPECT_EQ(MatchMarker(Repeat("<", page / 2) + Repeat(">x", page / 4), "<*>y"), Match());
   EXPECT_EQ(MatchMarker(all, Repeat("*a", 500) + "b"), Match());
+  EXPECT_EQ(MatchMarker(all, std::string(160'000, '*') + "b"), Match());
+  EXPECT_EQ(MatchMarker(all + "*", std::string(160'000, '*') + "b"), Match());
+  EXPECT_EQ(MatchMarker(all, Repeat("*a", page) + "*ab"), Match());  // longer than the page
 }
 
 }  // namespace

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -272,6 +275,60 @@ TEST(PageScraperTest, PagesMadeToBeSlowAreNot) {
   agent.StartItem = agent.StartURL = "";
   agent.EndItem = agent.EndURL = "a";
   EXPECT_GT(AllItems(page, agent).size(), 24'000U);
+}
+
+// Markers with so many "*" that looking at each of them for every block would take minutes.
+TEST(PageScraperTest, AgentsMadeToBeSlowAreNot) {
+  std::string page;
+  while (page.size() < 319'000) page += "<i>a</i>";
+  std::string letters;
+  while (letters.size() < 320'000) letters += "*a";
+  for (const std::string& huge : {std::string(160'000, '*'), letters}) {
+    WebAgent agent = PlainAgent();
+    agent.StartItem = agent.StartURL = "<i>";
+    agent.EndItem = agent.EndURL = "</i>";
+    agent.StartText = agent.EndText = agent.StartPrice = agent.EndPrice = huge;
+    agent.StartPromo = agent.EndPromo = huge;
+    EXPECT_EQ(AllItems(page, agent).size(), page.size() / 8);
+    agent.StartResult = huge;
+    agent.EndResult = huge + "x";
+    EXPECT_EQ(EndOf(page, agent), PageEnd::kNoStart);
+  }
+}
+
+TEST(PageScraperTest, SetFlagEndsThePageWithinAnyBlock) {
+  const std::string page = Block("A", "/1", "2") + Block("B", "/2", "2") + Block("C", "/3", "2");
+  // Sets the flag at the nth search for a marker.
+  class Stopper : public ScrapeObserver {
+   public:
+    explicit Stopper(int nth) : left_(nth) {}
+    void OnMarker(AgentText, const std::optional<MarkerMatch>&) override {
+      if (--left_ == 0) flag = 1;
+    }
+    void OnBlock(std::size_t, std::size_t) override {}
+    std::atomic<std::int32_t> flag{0};
+
+   private:
+    int left_;
+  };
+  for (int nth = 1; nth <= 27; ++nth) {
+    Stopper stopper(nth);
+    const WebAgent agent = PlainAgent();
+    PageScraper scraper(page, agent, &stopper, &stopper.flag);
+    std::size_t items = 0;
+    for (auto item = scraper.FirstItem(); item; item = scraper.NextItem()) ++items;
+    EXPECT_LT(items, 3U) << nth;
+    EXPECT_EQ(stopper.flag, 1) << nth;
+    EXPECT_EQ(scraper.end(), PageEnd::kNotYet) << nth;
+    EXPECT_FALSE(scraper.NextItem()) << nth;
+  }
+}
+
+TEST(ScrapePageTest, SetFlagLeavesNothing) {
+  std::atomic<std::int32_t> flag{0};
+  EXPECT_EQ(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag).size(), 1U);
+  flag = 1;
+  EXPECT_THAT(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag), IsEmpty());
 }
 
 TEST(ScrapePageTest, KeepsWhatHasASearchWordAndAPrice) {

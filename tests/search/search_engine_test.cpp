@@ -3,9 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <future>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -259,6 +261,27 @@ TEST_F(SearchEngineTest, StoppedTwiceAgentsReportOnce) {
   ASSERT_EQ(Start(1), 1);
   ASSERT_TRUE(shops_->WaitForDownloads(1));
   EXPECT_EQ(engine_->StopSearch(), 0);
+  EXPECT_EQ(engine_->StopSearch(), 0);
+  ASSERT_TRUE(shops_->WaitForThreads());
+  EXPECT_THAT(window_->seen(), ElementsAre(Started(1), Failed(1, AGENT_NO_PAGE), Finished(0)));
+}
+
+// Read to its end the page would hold the thread for minutes: a marker of 150,000 wildcards that
+// fails at its last one, for each of as many starts.
+TEST_F(SearchEngineTest, StopEndsTheReadingOfAPage) {
+  std::string marker;
+  while (marker.size() < 300'000) marker += "*a";
+  WebAgent agent = ScriptedShops::Agent(1);
+  agent.StartResult = marker + "*ab";
+  std::promise<void> downloaded;
+  SearchServices services = shops_->Services();
+  services.download = [&](const std::string&, std::uint32_t, const std::atomic<std::int32_t>&) {
+    downloaded.set_value();
+    return std::optional(std::string(319'999, 'a'));
+  };
+  engine_ = std::make_unique<SearchEngine>(services);
+  ASSERT_EQ(Start({ScriptedShops::Share(agent)}, window_), 1);
+  downloaded.get_future().wait();
   EXPECT_EQ(engine_->StopSearch(), 0);
   ASSERT_TRUE(shops_->WaitForThreads());
   EXPECT_THAT(window_->seen(), ElementsAre(Started(1), Failed(1, AGENT_NO_PAGE), Finished(0)));
