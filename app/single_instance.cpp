@@ -22,11 +22,19 @@ constexpr char kActivationToken[] = "XDG_ACTIVATION_TOKEN";
 constexpr int kLongestRequest = 512;
 constexpr int kRetryInterval = 20;
 
+/// The session's own folder. Each start in a sandbox has one to itself, of which this part is
+/// shared.
+QString SessionFolder() {
+  const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+  const QString sandbox = qEnvironmentVariable("FLATPAK_ID");
+  return sandbox.isEmpty() ? folder : folder + QStringLiteral("/app/") + sandbox;
+}
+
 /// In the session's own folder where there is one; its name tells folders and users apart.
 QString SocketPath(const std::string& folder) {
   const QByteArray key = QByteArray::fromStdString(folder) + '\n' + QByteArray::number(getuid());
   const QByteArray hash = QCryptographicHash::hash(key, QCryptographicHash::Sha256).toHex();
-  const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+  const QString runtime = SessionFolder();
   const bool usable = runtime.startsWith(QLatin1Char('/')) && QFileInfo(runtime).isWritable();
   return (usable ? runtime : QDir::tempPath()) + QStringLiteral("/brovanta-") +
          QString::fromLatin1(hash.left(20));

@@ -57,6 +57,21 @@ TEST_F(SingleInstanceTest, TheSecondShowsTheWindowOfTheFirst) {
   EXPECT_EQ(raised, 2);
 }
 
+TEST_F(SingleInstanceTest, StartsInASandboxMeetInTheFolderThatTheyShare) {
+  std::filesystem::create_directories(folder_.File("app/org.brovanta.Brovanta"));
+  qputenv("FLATPAK_ID", "org.brovanta.Brovanta");
+  SingleInstance first(data_.path());
+  EXPECT_EQ(first.socket_path().toStdString().rfind(
+                folder_.File("app/org.brovanta.Brovanta/brovanta-"), 0),
+            0U);
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  int raised = 0;
+  first.SetRaiseHandler([&raised] { ++raised; });
+  EXPECT_EQ(SecondClaim(data_.path()), Outcome::kRaised);
+  EXPECT_EQ(raised, 1);
+  qunsetenv("FLATPAK_ID");
+}
+
 TEST_F(SingleInstanceTest, AnotherNameOfTheSameFolderIsTheSameFolder) {
   std::filesystem::create_symlink(data_.path(), folder_.File("link"));
   SingleInstance first(data_.path());
