@@ -61,7 +61,7 @@ void PrepareToolkit() {
   // The toolkit takes the user's locale over; files and fields have points in their numbers.
   std::setlocale(LC_NUMERIC, "C");
   QCoreApplication::setApplicationName(QStringLiteral("brovanta"));
-  QGuiApplication::setDesktopFileName(QStringLiteral("brovanta"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.brovanta.Brovanta"));
   QApplication::setWindowIcon(NumberedIcon(kProgramIcon));
   ApplyTheme(*qApp);
 }

@@ -211,7 +211,7 @@ TEST_F(StartUpTest, NumbersKeepTheirPointAndTheWindowItsIcon) {
   PrepareToolkit();
   EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
   EXPECT_FALSE(QApplication::windowIcon().isNull());
-  EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("brovanta"));
+  EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("org.brovanta.Brovanta"));
 }
 
 }  // namespace
