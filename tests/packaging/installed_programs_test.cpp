@@ -40,7 +40,9 @@ bool Comes(const std::function<bool()>& what, const ChildProcess& program) {
 class InstalledProgramsTest : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
-    if (std::string(GetParam()) == "root/usr") BROVANTA_NEED_PACKAGES();
+    if (std::string(GetParam()) == "root/usr") {
+      BROVANTA_NEED_PACKAGES();
+    }
     for (const char* name : {"home", "runtime", "data"}) fs::create_directory(folder_.File(name));
     fs::permissions(folder_.File("runtime"), fs::perms(0700));
   }

@@ -116,7 +116,9 @@ class FreshRootTest : public testing::Test {
   void SetUp() override {
     BROVANTA_NEED_PACKAGES();
     BROVANTA_NEED_TOOL("dpkg");
-    if (geteuid() != 0) BROVANTA_NEED_TOOL("fakeroot");
+    if (geteuid() != 0) {
+      BROVANTA_NEED_TOOL("fakeroot");
+    }
     fs::create_directories(folder_.File("root/var/lib/dpkg/info"));
     fs::create_directories(folder_.File("root/var/lib/dpkg/updates"));
     folder_.WriteText("root/var/lib/dpkg/status", "");
