@@ -1,9 +1,9 @@
 #include "agent/address_report.h"
 
-#include "agent/readable_text.h"
 #include "net/http/http_url.h"
 #include "search/agent_status.h"
 #include "search/query_address.h"
+#include "util/readable_text.h"
 #include "util/text.h"
 
 namespace brovanta::agent_tool {

@@ -5,11 +5,11 @@
 #include <optional>
 #include <string_view>
 
-#include "agent/readable_text.h"
 #include "net/http/http_url.h"
 #include "search/agent_fields.h"
 #include "search/agent_status.h"
 #include "search/query_address.h"
+#include "util/readable_text.h"
 
 namespace brovanta::agent_tool {
 namespace {

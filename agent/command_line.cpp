@@ -2,8 +2,8 @@
 
 #include <charconv>
 
-#include "agent/readable_text.h"
 #include "util/argument_reader.h"
+#include "util/readable_text.h"
 
 namespace brovanta::agent_tool {
 namespace {

@@ -7,10 +7,10 @@
 
 #include "agent/agent_notes.h"
 #include "agent/input.h"
-#include "agent/readable_text.h"
 #include "search/agent_blocks.h"
 #include "search/agent_configuration.h"
 #include "search/agent_fields.h"
+#include "util/readable_text.h"
 
 namespace brovanta::agent_tool {
 namespace {

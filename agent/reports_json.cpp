@@ -1,5 +1,5 @@
-#include "agent/json_writer.h"
 #include "agent/reports.h"
+#include "util/json_writer.h"
 
 namespace brovanta::agent_tool {
 namespace {

@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <string_view>
 
-#include "agent/readable_text.h"
 #include "agent/reports.h"
 #include "util/error_codes.h"
 #include "util/number.h"
+#include "util/readable_text.h"
 
 namespace brovanta::agent_tool {
 namespace {

@@ -11,9 +11,10 @@
 #include "agent/file_check.h"
 #include "agent/input.h"
 #include "agent/page_trial.h"
-#include "agent/readable_text.h"
 #include "agent/reports.h"
+#include "agent/search_words.h"
 #include "search/agent_configuration.h"
+#include "util/readable_text.h"
 
 namespace brovanta::agent_tool {
 namespace {

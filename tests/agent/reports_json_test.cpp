@@ -2,8 +2,8 @@
 
 #include "agent/reports.h"
 #include "tests/agent/agent_text.h"
-#include "tests/agent/json_reader.h"
 #include "tests/search/agents.h"
+#include "tests/support/json_reader.h"
 
 namespace brovanta::agent_tool {
 namespace {

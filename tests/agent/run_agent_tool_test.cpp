@@ -8,7 +8,7 @@
 
 #include "tests/agent/agent_program.h"
 #include "tests/agent/agent_text.h"
-#include "tests/agent/json_reader.h"
+#include "tests/support/json_reader.h"
 
 namespace brovanta::agent_tool {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/agent/json_reader.h"
+#include "tests/support/json_reader.h"
 
 #include <cstddef>
 #include <utility>

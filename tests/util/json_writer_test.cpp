@@ -1,13 +1,13 @@
-#include "agent/json_writer.h"
+#include "util/json_writer.h"
 
 #include <gmock/gmock.h>
 
 #include <string>
 
-#include "tests/agent/json_reader.h"
 #include "tests/support/comma_locale.h"
+#include "tests/support/json_reader.h"
 
-namespace brovanta::agent_tool {
+namespace brovanta {
 namespace {
 
 using std::string_literals::operator""s;
@@ -64,4 +64,4 @@ TEST(JsonReaderTest, TakesNothingButJson) {
 }
 
 }  // namespace
-}  // namespace brovanta::agent_tool
+}  // namespace brovanta

@@ -1,10 +1,10 @@
-#include "agent/readable_text.h"
+#include "util/readable_text.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace brovanta::agent_tool {
+namespace brovanta {
 namespace {
 
 using std::string_literals::operator""s;
@@ -39,12 +39,5 @@ TEST(QuotedTest, HasNoCharacterThatATerminalObeys) {
   EXPECT_EQ(Quoted("\x81"), "\"\\x81\"");
 }
 
-TEST(SearchWordsOfTest, AreWindows1252AsInTheProgram) {
-  EXPECT_EQ(SearchWordsOf("red shoes"), "red shoes");
-  EXPECT_EQ(SearchWordsOf("caf\xC3\xA9"), "caf\xE9");
-  EXPECT_EQ(SearchWordsOf("\xE6\x9C\xAC"), "?");
-  EXPECT_EQ(SearchWordsOf("caf\xE9"), "caf\xE9");
-}
-
 }  // namespace
-}  // namespace brovanta::agent_tool
+}  // namespace brovanta

@@ -1,11 +1,11 @@
-#include "agent/json_writer.h"
+#include "util/json_writer.h"
 
 #include <array>
 #include <charconv>
 
-#include "agent/readable_text.h"
+#include "util/readable_text.h"
 
-namespace brovanta::agent_tool {
+namespace brovanta {
 namespace {
 
 void AppendString(std::string_view utf8, std::string& text) {
@@ -111,4 +111,4 @@ JsonWriter& JsonWriter::Null() {
   return *this;
 }
 
-}  // namespace brovanta::agent_tool
+}  // namespace brovanta

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace brovanta::agent_tool {
+namespace brovanta {
 
 /// Puts commas and colons where they belong; that every object and array is closed, and that every
 /// value of an object has its key, is up to the caller.
@@ -39,4 +39,4 @@ class JsonWriter {
   bool comma_ = false;  // the next value or key is not the first of its object or array
 };
 
-}  // namespace brovanta::agent_tool
+}  // namespace brovanta

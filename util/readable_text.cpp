@@ -1,12 +1,11 @@
-#include "agent/readable_text.h"
+#include "util/readable_text.h"
 
 #include <cstddef>
 
-#include "search/query_address.h"
 #include "util/utf16.h"
 #include "util/windows_1252.h"
 
-namespace brovanta::agent_tool {
+namespace brovanta {
 namespace {
 
 constexpr std::string_view kDigits = "0123456789ABCDEF";
@@ -57,9 +56,4 @@ std::string Quoted(std::string_view bytes) {
   return text + "\"";
 }
 
-std::string SearchWordsOf(std::string_view typed) {
-  const auto wide = Utf8ToUtf16(typed);
-  return (wide ? NarrowToWindows1252(*wide) : std::string(typed)).substr(0, kMaxWordsLength);
-}
-
-}  // namespace brovanta::agent_tool
+}  // namespace brovanta
