@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "app/user_folders.h"
+#include "db/file_names.h"
 #include "db/name_list.h"
 #include "platform/file.h"
 
@@ -96,7 +97,7 @@ std::string SetUpThrowAwayFolder(std::string& folder) {
 
 bool SeedNameLists(const std::string& folder) {
   bool complete = true;
-  for (const char* const name : {"store.lst", "category.lst", "unit.lst"}) {
+  for (const char* const name : {kStoreFile, kCategoryFile, kUnitFile}) {
     const std::string path = folder.empty() ? name : folder + "\\" + name;
     if (platform::FileExists(path)) continue;
     if (!platform::ReplaceFile(path, NameList().Encode())) complete = false;

@@ -1,7 +1,5 @@
 #include "app/single_instance.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include <QCryptographicHash>
@@ -50,10 +48,7 @@ SingleInstance::SingleInstance(const std::string& data_folder)
   });
 }
 
-SingleInstance::~SingleInstance() {
-  server_.close();
-  if (folder_descriptor_ >= 0) close(folder_descriptor_);
-}
+SingleInstance::~SingleInstance() { server_.close(); }
 
 SingleInstance::Outcome SingleInstance::Claim(int patience) {
   const QDeadlineTimer deadline(patience);
@@ -70,17 +65,7 @@ SingleInstance::Outcome SingleInstance::Claim(int patience) {
 }
 
 bool SingleInstance::Lock() {
-  if (folder_.empty()) return true;
-  // The folder itself is locked: no extra file in it, and nothing that a dead program leaves
-  // behind.
-  const int descriptor = open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return true;
-  if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-    close(descriptor);
-    return false;
-  }
-  folder_descriptor_ = descriptor;
-  return true;
+  return folder_.empty() || lock_.Take(folder_) != platform::FolderLock::Outcome::kHeld;
 }
 
 void SingleInstance::Listen() {

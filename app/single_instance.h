@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "platform/folder.h"
+
 namespace brovanta {
 
 /// The first holds a lock on the data folder, which ends with its process however that ends, and
@@ -41,7 +43,7 @@ class SingleInstance {
 
   std::string folder_;
   QString socket_path_;
-  int folder_descriptor_ = -1;
+  platform::FolderLock lock_;
   QLocalServer server_;
   std::function<void()> raise_handler_;
 };

@@ -5,14 +5,13 @@
 #include <utility>
 
 #include "db/error_codes.h"
+#include "db/file_names.h"
 #include "platform/text_file.h"
 
 namespace brovanta {
 namespace {
 
 using platform::File;
-
-constexpr std::string_view kJournalName = "backup.dat";
 
 std::size_t FolderLength(std::string_view path) {
   const std::size_t separator = path.find_last_of("\\/");
@@ -95,7 +94,7 @@ bool MakeEmpty(File& file) {
 }  // namespace
 
 std::string JournalBeside(std::string_view path) {
-  return std::string(path.substr(0, FolderLength(path))).append(kJournalName);
+  return std::string(path.substr(0, FolderLength(path))).append(kJournalFile);
 }
 
 int RollBackJournal(const std::string& path) {

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "db/file_names.h"
 #include "db/journal.h"
 #include "db/new_names.h"
 #include "db/unit_of_work.h"
@@ -42,13 +43,13 @@ int ShoppingDatabase::Open(const std::optional<std::string>& folder) {
     const std::string prefix = FolderPrefix(*folder);
     paths_ = {prefix, prefix, prefix, prefix, prefix, prefix, prefix};
   }
-  AppendName(paths_.product, "product.dat");
-  AppendName(paths_.purchase, "purchase.dat");
-  AppendName(paths_.discount, "discount.dat");
-  AppendName(paths_.backup, "backup.dat");
-  AppendName(paths_.store, "store.lst");
-  AppendName(paths_.category, "category.lst");
-  AppendName(paths_.unit, "unit.lst");
+  AppendName(paths_.product, kProductFile);
+  AppendName(paths_.purchase, kPurchaseFile);
+  AppendName(paths_.discount, kDiscountFile);
+  AppendName(paths_.backup, kJournalFile);
+  AppendName(paths_.store, kStoreFile);
+  AppendName(paths_.category, kCategoryFile);
+  AppendName(paths_.unit, kUnitFile);
 
   stores_.Clear();
   categories_.Clear();

@@ -1,12 +1,15 @@
 #include "platform/system_calls.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 namespace brovanta::platform {
 namespace {
@@ -56,6 +59,22 @@ int SystemCalls::Rename(const char* from, const char* to) { return std::rename(f
 int SystemCalls::Remove(const char* path) { return unlink(path); }
 
 int SystemCalls::MakeFolder(const char* path, mode_t mode) { return mkdir(path, mode); }
+
+int SystemCalls::RemoveFolder(const char* path) { return rmdir(path); }
+
+int SystemCalls::ListFolder(const char* path, std::vector<std::string>& names) {
+  DIR* const folder = opendir(path);
+  if (folder == nullptr) return -1;
+  errno = 0;
+  while (const dirent* const entry = readdir(folder)) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") names.emplace_back(name);
+  }
+  const int error = errno;
+  closedir(folder);
+  errno = error;
+  return error == 0 ? 0 : -1;
+}
 
 SystemCalls& Calls() {
   static SystemCalls system;

@@ -5,6 +5,8 @@
 #include <sys/types.h>
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 namespace brovanta::platform {
 
@@ -34,6 +36,9 @@ class SystemCalls {
   virtual int Rename(const char* from, const char* to);
   virtual int Remove(const char* path);  ///< unlink
   virtual int MakeFolder(const char* path, mode_t mode);
+  virtual int RemoveFolder(const char* path);  ///< rmdir
+  /// Adds the names in the folder, but for "." and "..", in no order. 0 or -1.
+  virtual int ListFolder(const char* path, std::vector<std::string>& names);
 };
 
 /// The calls in use.

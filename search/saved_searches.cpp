@@ -67,7 +67,7 @@ void SavedSearches::SetPaths(std::string index_path, std::string results_folder)
 }
 
 std::string SavedSearches::ResultsPath(std::int32_t number) const {
-  return results_folder_ + "\\" + std::to_string(number) + ".dat";
+  return results_folder_ + "\\" + std::to_string(number) + kResultsSuffix;
 }
 
 std::int32_t SavedSearches::SaveSearch(std::int32_t category_id, const std::string& words,

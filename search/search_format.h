@@ -8,6 +8,11 @@
 
 namespace brovanta {
 
+inline constexpr char kSearchIndexFile[] = "websearch.dat";
+inline constexpr char kResultsFolder[] = "WebSearch";
+inline constexpr char kResultsSuffix[] = ".dat";  ///< behind the search's number
+inline constexpr char kAgentFile[] = "webspider.xml";
+
 namespace saved_search_layout {
 inline constexpr std::size_t kReserved = 0;
 inline constexpr std::size_t kNumber = 4;

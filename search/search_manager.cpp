@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "search/search_format.h"
+
 namespace brovanta {
 namespace {
 
@@ -24,9 +26,9 @@ std::string Path(const std::string& prefix, std::string_view name) {
 
 int SearchManager::SetSearchFolder(const std::string& base_path) {
   const std::string prefix = Prefix(base_path);
-  index_path_ = Path(prefix, "websearch.dat");
-  configuration_path_ = Path(prefix, "webspider.xml");
-  results_folder_ = Path(prefix, "WebSearch");
+  index_path_ = Path(prefix, kSearchIndexFile);
+  configuration_path_ = Path(prefix, kAgentFile);
+  results_folder_ = Path(prefix, kResultsFolder);
   saved_searches_.SetPaths(index_path_, results_folder_);
   return 0;
 }

@@ -126,4 +126,12 @@ int FaultyCalls::MakeFolder(const char* path, mode_t mode) {
   return Unless([&] { return SystemCalls::MakeFolder(path, mode); });
 }
 
+int FaultyCalls::RemoveFolder(const char* path) {
+  return Unless([&] { return SystemCalls::RemoveFolder(path); });
+}
+
+int FaultyCalls::ListFolder(const char* path, std::vector<std::string>& names) {
+  return Unless([&] { return SystemCalls::ListFolder(path, names); });
+}
+
 }  // namespace brovanta::test

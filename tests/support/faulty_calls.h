@@ -44,6 +44,8 @@ class FaultyCalls : public platform::SystemCalls {
   int Rename(const char* from, const char* to) override;
   int Remove(const char* path) override;
   int MakeFolder(const char* path, mode_t mode) override;
+  int RemoveFolder(const char* path) override;
+  int ListFolder(const char* path, std::vector<std::string>& names) override;
 
  private:
   /// Counts; whether this call meets with the fault.

@@ -1,0 +1,46 @@
+// Whole folders: what is in them, who has them, how they go. Paths are native.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brovanta::platform {
+
+/// The names in the folder in ascending order; nothing when it cannot be looked into, errno then
+/// says why.
+[[nodiscard]] std::optional<std::vector<std::string>> NamesIn(const std::string& folder);
+
+/// Whether a folder stands there, or a link leads to one.
+[[nodiscard]] bool IsFolder(const std::string& path);
+
+/// Removes a folder with everything in it; links in it are not followed. Does not sync. True when
+/// nothing stands there any more.
+[[nodiscard]] bool RemoveWholeFolder(const std::string& path);
+
+/// A lock on the folder itself: no file in it, and nothing left when its holder ends, however that
+/// happens. Keeps out only who asks for it too. Movable.
+class FolderLock {
+ public:
+  enum class Outcome {
+    kTaken,
+    kHeld,         ///< someone else has it, another lock of this process included
+    kNotPossible,  ///< there is no such folder, or it cannot be locked
+  };
+
+  FolderLock() = default;
+  FolderLock(FolderLock&& other) noexcept;
+  FolderLock& operator=(FolderLock&& other) noexcept;
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+  ~FolderLock();
+
+  /// Never waits.
+  [[nodiscard]] Outcome Take(const std::string& folder);
+  void Release();
+
+ private:
+  int descriptor_ = -1;
+};
+
+}  // namespace brovanta::platform
