@@ -4,19 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/program_end.h"
 
 namespace brovanta::test {
 
-struct ProgramEnd {
-  int status = -1;
-  std::string output;
-  std::string errors;
-};
-
 /// Runs brovanta-agent with the arguments; what it writes to standard error goes through a file of
 /// the folder.
-[[nodiscard]] ProgramEnd RunProgram(const TempFolder& folder,
-                                    const std::vector<std::string>& arguments);
+[[nodiscard]] inline ProgramEnd RunProgram(const TempFolder& folder,
+                                           const std::vector<std::string>& arguments) {
+  return RunToEnd(BROVANTA_AGENT_PROGRAM, folder, arguments);
+}
 
 }  // namespace brovanta::test

@@ -1,0 +1,69 @@
+#include "data/check_journal.h"
+
+#include <gmock/gmock.h>
+
+#include "db/journal_format.h"
+#include "tests/data/sample_folder.h"
+
+namespace brovanta::data_tool {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::vector<std::string> LookAt(const test::Bytes& bytes, std::size_t product_bytes = 12) {
+  std::vector<Finding> findings;
+  FileNotes notes("backup.dat", findings);
+  FileReport product;
+  product.name = "product.dat";
+  product.state = FileState::kRead;
+  product.bytes = product_bytes;
+  CheckJournal(bytes, {product}, notes);
+  return test::Lines(findings);
+}
+
+const UndoRecord kChange{UndoKind::kOverwritten, "product.dat", 12, 4, test::Run(4)};
+
+TEST(CheckJournalTest, AnEmptyJournalIsAsItShouldBe) {
+  EXPECT_THAT(LookAt({}), IsEmpty());
+  EXPECT_THAT(LookAt(EncodeEmptyJournal()), IsEmpty());
+}
+
+TEST(CheckJournalTest, TellsOfAChangeThatWaitsToBeUndone) {
+  const UndoRecord made{UndoKind::kMade, "purchase.dat", 0, 0, {}};
+  EXPECT_THAT(LookAt(EncodeJournal(std::vector{kChange, made})),
+              ElementsAre("warning backup.dat 0 #-: a change was left in the middle; the program "
+                          "undoes it at its next start, in product.dat, purchase.dat"));
+}
+
+TEST(CheckJournalTest, TellsWhenTheFilesAreOthers) {
+  EXPECT_THAT(LookAt(EncodeJournal(std::vector{kChange}), 11),
+              ElementsAre(HasSubstr("but not in these files (product.dat)")));
+}
+
+TEST(CheckJournalTest, TellsOfAForeignOrTornJournal) {
+  const test::Bytes whole = EncodeJournal(std::vector{kChange});
+  for (std::size_t size = 1; size < whole.size(); ++size) {
+    if (size == journal_layout::kEmptySize) continue;
+    const test::Bytes torn(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
+    EXPECT_THAT(LookAt(torn), ElementsAre(HasSubstr("sets it aside"))) << size;
+  }
+}
+
+TEST(CheckLeftOversTest, NotesWhatWasSetAsideAndWhatWasLeftBehind) {
+  std::vector<Finding> findings;
+  CheckLeftOvers({"backup.dat.bad", "mine.txt", "product.dat", "store.lst.aB3dE6", "store.lst.bad2",
+                  "store.lst.old", "unit.lst.longer-name"},
+                 findings);
+  EXPECT_THAT(
+      test::Lines(findings),
+      ElementsAre("note backup.dat.bad - #-: set aside by the program because it could not be read",
+                  "note store.lst.aB3dE6 - #-: left behind by a program that ended while it wrote; "
+                  "nothing reads it",
+                  "note store.lst.bad2 - #-: set aside by the program because it could not be "
+                  "read"));
+}
+
+}  // namespace
+}  // namespace brovanta::data_tool

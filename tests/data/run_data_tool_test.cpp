@@ -1,0 +1,78 @@
+#include "data/run_data_tool.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "tests/data/sample_folder.h"
+#include "tests/support/json_reader.h"
+#include "tests/support/program_end.h"
+
+namespace brovanta::data_tool {
+namespace {
+
+namespace fs = std::filesystem;
+using test::ProgramEnd;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class RunDataToolTest : public testing::Test {
+ protected:
+  RunDataToolTest() : data_(folder_.File("data")) {
+    fs::create_directory(data_);
+    test::MakeHousehold(data_);
+  }
+  [[nodiscard]] ProgramEnd Run(const std::vector<std::string>& arguments) const {
+    return test::RunToEnd(BROVANTA_DATA_PROGRAM, folder_, arguments);
+  }
+
+  test::TempFolder folder_;
+  std::string data_;
+};
+
+TEST_F(RunDataToolTest, AWholeFolderEndsWithZero) {
+  const ProgramEnd end = Run({"check", data_});
+  EXPECT_EQ(end.status, 0);
+  EXPECT_THAT(end.output, StartsWith(data_ + "\nstore.lst: 76 bytes, 1 entry\n"));
+  EXPECT_THAT(end.output, HasSubstr("\nThe folder is whole.\n"));
+  EXPECT_EQ(end.errors, "");
+}
+
+TEST_F(RunDataToolTest, ADamagedFolderEndsWithOne) {
+  fs::resize_file(data_ + "/product.dat", 100);
+  const ProgramEnd end = Run({"check", "--json", data_});
+  EXPECT_EQ(end.status, 1);
+  const auto json = test::ReadJson(end.output);
+  ASSERT_TRUE(json);
+  EXPECT_EQ(json->at("findings[0].file"), "product.dat");
+  EXPECT_EQ(json->at("findings[0].byte"), "12");
+}
+
+TEST_F(RunDataToolTest, ACommandLineWithoutSenseEndsWithTwo) {
+  const ProgramEnd end = Run({"mend", data_});
+  EXPECT_EQ(end.status, 2);
+  EXPECT_EQ(end.output, "");
+  EXPECT_EQ(end.errors, "brovanta-data: There is no command \"mend\". See brovanta-data --help.\n");
+}
+
+TEST_F(RunDataToolTest, NoFolderEndsWithThree) {
+  const ProgramEnd end = Run({"check", data_ + "/none"});
+  EXPECT_EQ(end.status, 3);
+  EXPECT_THAT(end.errors, HasSubstr("none\": No such file or directory\n"));
+}
+
+TEST_F(RunDataToolTest, HelpAndVersion) {
+  EXPECT_THAT(Run({"--help"}).output, HasSubstr("brovanta-data check DIR [--json]\n"));
+  EXPECT_EQ(Run({"--version"}).output, "brovanta-data " BROVANTA_VERSION "\n");
+  EXPECT_EQ(Run({"--version"}).status, 0);
+}
+
+TEST_F(RunDataToolTest, AReportThatDoesNotArriveIsAnError) {
+  const ProgramEnd end = test::RunToEnd(
+      "/bin/sh", folder_, {"-c", "exec " BROVANTA_DATA_PROGRAM " check \"$0\" > /dev/full", data_});
+  EXPECT_EQ(end.status, 1);
+  EXPECT_EQ(end.errors, "brovanta-data: standard output cannot be written\n");
+}
+
+}  // namespace
+}  // namespace brovanta::data_tool
