@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <memory>
 
+#include "app/backup_at_start.h"
 #include "app/first_run_setup.h"
 #include "db/shopping_database.h"
 #include "platform/app_options.h"
@@ -29,6 +30,7 @@ bool Application::InitInstance() {
   MainDialog dialog(options, std::make_unique<ShoppingDatabase>(),
                     std::make_unique<SearchManager>(), data_folder_);
   dialog.SetUpdateServer(UpdateServer(store_));
+  const BackupAtStart backup(data_folder_, dialog);
   main_window_ = &dialog;
   dialog.exec();
   return false;

@@ -7,10 +7,10 @@
 #include <optional>
 #include <system_error>
 
-#include "app/user_folders.h"
 #include "db/file_names.h"
 #include "db/name_list.h"
 #include "platform/file.h"
+#include "platform/folder.h"
 
 namespace brovanta {
 
@@ -84,8 +84,8 @@ std::string SetUpThrowAwayFolder(std::string& folder) {
   if (!platform::CreateFolder(folder)) {
     return "cannot make the folder '" + folder + "': " + std::strerror(errno);
   }
-  folder = CanonicalFolder(folder);
-  if (!IsWritableFolder(folder)) return "cannot write in the folder '" + folder + "'";
+  folder = platform::CanonicalFolder(folder);
+  if (!platform::IsWritableFolder(folder)) return "cannot write in the folder '" + folder + "'";
   if (folder.find('\\') != std::string::npos) {
     return "the name of the folder '" + folder + "' has a backslash";  // it parts names in paths
   }

@@ -8,8 +8,6 @@
 #include <QLocalSocket>
 #include <QThread>
 
-#include "app/user_folders.h"
-
 namespace brovanta {
 
 namespace {
@@ -41,7 +39,7 @@ QString SocketPath(const std::string& folder) {
 }  // namespace
 
 SingleInstance::SingleInstance(const std::string& data_folder)
-    : folder_(CanonicalFolder(data_folder.empty() ? "." : data_folder)),
+    : folder_(platform::CanonicalFolder(data_folder.empty() ? "." : data_folder)),
       socket_path_(SocketPath(folder_.empty() ? data_folder : folder_)) {
   QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] {
     while (QLocalSocket* socket = server_.nextPendingConnection()) Answer(socket);

@@ -11,10 +11,4 @@ namespace brovanta {
 /// "brovanta" in the data folder ($XDG_DATA_HOME, else ~/.local/share).
 [[nodiscard]] std::string UserDataFolder();
 
-/// The folder's one absolute name, without links and dots; empty when there is no such folder.
-[[nodiscard]] std::string CanonicalFolder(const std::string& path);
-
-/// Whether files can be made in the folder.
-[[nodiscard]] bool IsWritableFolder(const std::string& path);
-
 }  // namespace brovanta

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "db/file_names.h"
 #include "db/marked_reader.h"
 #include "db/record_format.h"
 #include "search/search_format.h"

@@ -1,10 +1,15 @@
 #include "data/commands.h"
 
 #include <array>
+#include <optional>
 
+#include "data/backup_folder.h"
+#include "data/backup_reports.h"
 #include "data/check_folder.h"
 #include "data/exit_status.h"
 #include "data/reports.h"
+#include "data/restore.h"
+#include "platform/folder.h"
 #include "util/readable_text.h"
 
 namespace brovanta::data_tool {
@@ -24,11 +29,48 @@ CommandEnd Check(const CommandLine& line) {
           {}};
 }
 
+CommandEnd Backups(const CommandLine& line) {
+  const std::string& folder = line.arguments.front();
+  const BackupFolder backups(folder);
+  const BackupsReport report{folder, backups.path(), backups.Obstacle(), backups.Copies()};
+  if (report.copies.empty() && !platform::IsFolder(folder)) {
+    return NoFolder(folder, "there is no such folder, nor a copy of one");
+  }
+  return {report.obstacle.empty() ? kGood : kBad,
+          line.json ? BackupsAsJson(report) : BackupsAsText(report),
+          {}};
+}
+
+CommandEnd Restore(const CommandLine& line) {
+  const std::string& folder = line.arguments.front();
+  const auto name =
+      line.arguments.size() > 1 ? std::optional(line.arguments[1]) : std::optional<std::string>();
+  const RestoreEnd end = RestoreCopy(folder, name);
+  switch (end.outcome) {
+    case RestoreEnd::Outcome::kDone:
+    case RestoreEnd::Outcome::kSame:
+      return {kGood, line.json ? RestoreAsJson(end, folder) : RestoreAsText(end, folder), {}};
+    case RestoreEnd::Outcome::kNoFolder:
+      return NoFolder(folder, end.words);
+    case RestoreEnd::Outcome::kNoCopy:
+    case RestoreEnd::Outcome::kInUse:
+    case RestoreEnd::Outcome::kFailed:
+    case RestoreEnd::Outcome::kUndecided:
+      break;
+  }
+  return {kBad, {}, {Quoted(folder) + ": " + end.words}};
+}
+
 constexpr std::array kCommands{
     Command{"check", "DIR",
             "looks at every file of a data folder and tells what is wrong where;\n"
             "changes nothing",
             1, 1, &Check},
+    Command{"backups", "DIR", "lists the copies that the program has kept of it", 1, 1, &Backups},
+    Command{"restore", "DIR [NAME]",
+            "brings a copy back, the newest daily one without a name such as\n"
+            "2026-11-21, and keeps what it replaces as a copy",
+            1, 2, &Restore},
 };
 
 }  // namespace

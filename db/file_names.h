@@ -1,4 +1,5 @@
-// What the files of a data folder are called. Those of the web search: search/search_format.h.
+// What the files of a data folder are called. Those of the web search alone:
+// search/search_format.h.
 #pragma once
 
 namespace brovanta {
@@ -10,5 +11,8 @@ inline constexpr char kStoreFile[] = "store.lst";
 inline constexpr char kCategoryFile[] = "category.lst";
 inline constexpr char kUnitFile[] = "unit.lst";
 inline constexpr char kJournalFile[] = "backup.dat";
+
+/// The one folder in a data folder: the results files of the web search.
+inline constexpr char kResultsFolder[] = "WebSearch";
 
 }  // namespace brovanta

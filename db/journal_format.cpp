@@ -1,7 +1,9 @@
 #include "db/journal_format.h"
 
+#include <string_view>
 #include <utility>
 
+#include "db/file_names.h"
 #include "util/crc32.h"
 #include "util/little_endian.h"
 
@@ -26,15 +28,21 @@ std::size_t EncodedSize(const UndoRecord& record) {
   return undo::kName + record.name.size() + record.old_bytes.size() + undo::kChecksumSize;
 }
 
-// The name of a file in the folder itself, which cannot lead anywhere else.
-bool IsPlainName(const std::string& name) {
-  return !name.empty() && name.size() <= kLongestUndoName && name != "." && name != ".." &&
-         name.find_first_of(std::string("/\\\0", 3)) == std::string::npos;
+// The name of a file in the folder itself or in that of the results, which cannot lead anywhere
+// else.
+bool IsName(std::string_view name) {
+  if (name.size() > kLongestUndoName) return false;
+  constexpr std::string_view kFolder = kResultsFolder;
+  if (name.starts_with(kFolder) && name.substr(kFolder.size()).starts_with('/')) {
+    name.remove_prefix(kFolder.size() + 1);
+  }
+  return !name.empty() && name != "." && name != ".." &&
+         name.find_first_of(std::string_view("/\\\0", 3)) == std::string_view::npos;
 }
 
 bool MakesSense(const UndoRecord& record) {
   const auto count = static_cast<std::int64_t>(record.old_bytes.size());
-  if (!IsPlainName(record.name) || record.old_size < 0 || record.offset < 0) return false;
+  if (!IsName(record.name) || record.old_size < 0 || record.offset < 0) return false;
   switch (record.kind) {
     case UndoKind::kOverwritten:
       return count == 0 ||

@@ -49,7 +49,7 @@ enum class UndoKind : std::uint32_t {
 /// What is needed to undo one change.
 struct UndoRecord {
   UndoKind kind = UndoKind::kOverwritten;
-  std::string name;           ///< of the file, in the folder of the journal
+  std::string name;           ///< of the file: beside the journal, or "WebSearch/2.dat"
   std::int64_t old_size = 0;  ///< of the file
   std::int64_t offset = 0;    ///< where the old bytes stood
   std::vector<std::byte> old_bytes;

@@ -9,10 +9,11 @@
 namespace brovanta {
 namespace {
 
-// Journal and files stand in one folder: the name is enough.
-std::string NameOf(const std::string& path) {
-  const std::size_t separator = path.find_last_of("\\/");
-  return separator == std::string::npos ? path : path.substr(separator + 1);
+// The name of a file as seen from the folder of the journal.
+std::string NameOf(const std::string& path, const std::string& journal_path) {
+  const std::string folder = journal_path.substr(0, journal_path.find_last_of("\\/") + 1);
+  if (path.starts_with(folder)) return platform::NativePath(path.substr(folder.size()));
+  return path.substr(path.find_last_of("\\/") + 1);
 }
 
 }  // namespace
@@ -37,8 +38,16 @@ void UnitOfWork::Replace(std::string path, std::span<const std::byte> bytes) {
   changes_.push_back({Kind::kReplace, 0, 0, std::move(path), {bytes.begin(), bytes.end()}});
 }
 
+void UnitOfWork::Remove(std::string path) {
+  changes_.push_back({Kind::kRemove, 0, 0, std::move(path), {}});
+}
+
+bool UnitOfWork::IsWhole(const Change& change) {
+  return change.kind == Kind::kReplace || change.kind == Kind::kRemove;
+}
+
 const std::string& UnitOfWork::PathOf(const Change& change) const {
-  return change.kind == Kind::kReplace ? change.path : files_[change.file].path;
+  return IsWhole(change) ? change.path : files_[change.file].path;
 }
 
 int UnitOfWork::Commit() {
@@ -57,10 +66,8 @@ int UnitOfWork::Commit() {
   return code;
 }
 
-// A single replacement happens whole or not by itself.
-bool UnitOfWork::NeedsJournal() const {
-  return changes_.size() > 1 || changes_.front().kind != Kind::kReplace;
-}
+// A single file that is replaced or removed is so whole, or not, by itself.
+bool UnitOfWork::NeedsJournal() const { return changes_.size() > 1 || !IsWhole(changes_.front()); }
 
 int UnitOfWork::WriteJournal() {
   std::vector<UndoRecord> records;
@@ -74,8 +81,8 @@ int UnitOfWork::WriteJournal() {
 
 int UnitOfWork::NoteUndo(const Change& change) {
   UndoRecord& undo = undos_.emplace_back();
-  undo.name = NameOf(PathOf(change));
-  if (change.kind == Kind::kReplace) return NoteOldFile(change.path, undo);
+  undo.name = NameOf(PathOf(change), journal_path_);
+  if (IsWhole(change)) return NoteOldFile(change.path, undo);
   if (files_[change.file].is_new) {
     undo.kind = UndoKind::kMade;
     return change.kind == Kind::kMake && platform::FileExists(PathOf(change)) ? ERR_OPEN : 0;
@@ -113,12 +120,23 @@ int UnitOfWork::CarryOutAll() {
   return !has_new || platform::SyncFolderOf(journal_path_) ? 0 : ERR_IO;
 }
 
-int UnitOfWork::CarryOut(const Change& change) {
+int UnitOfWork::CarryOutWhole(const Change& change) {
   if (change.kind == Kind::kReplace) {
     const platform::Replacement result = platform::TryReplaceFile(change.path, change.bytes);
     if (result != platform::Replacement::kRefused) ++begun_;
     return result == platform::Replacement::kDone ? 0 : ERR_OPEN;
   }
+  platform::File held;  // nobody else has it
+  if (platform::FileExists(change.path) &&
+      !held.Open(change.path, platform::File::Mode::kReadWrite)) {
+    return ERR_OPEN;
+  }
+  ++begun_;  // it may be gone although the folder could not be synced
+  return platform::RemoveFile(change.path) ? 0 : ERR_IO;
+}
+
+int UnitOfWork::CarryOut(const Change& change) {
+  if (IsWhole(change)) return CarryOutWhole(change);
   OpenFile& open = files_[change.file];
   ++begun_;  // a file that is made may be there although it does not open
   if (change.kind == Kind::kMake && !open.file.Open(open.path, platform::File::Mode::kCreateNew)) {
@@ -140,7 +158,7 @@ bool UnitOfWork::SyncFiles() {
 }
 
 bool UnitOfWork::PutBackChange(const Change& change, const UndoRecord& undo) {
-  if (change.kind == Kind::kReplace) return PutBackWhole(change.path, undo);
+  if (IsWhole(change)) return PutBackWhole(change.path, undo);
   OpenFile& open = files_[change.file];
   if (!open.is_new) return PutBack(open.file, undo);
   return change.kind != Kind::kMake || PutBackWhole(open.path, undo);

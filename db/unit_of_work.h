@@ -13,11 +13,12 @@
 
 namespace brovanta {
 
-/// Collects changes to one or more files of a folder and carries them out in Commit. Until then no
-/// byte has changed; when Commit fails every file is put back as it was, and when the program ends
-/// in the middle, RollBackJournal does that later. The files that it was given stay open and
-/// locked until Commit returns or the object is destroyed, so that what was read before is still
-/// true when it is written. Not reusable after Commit. One thread.
+/// Collects changes to one or more files of a folder, those of its results folder included, and
+/// carries them out in Commit. Until then no byte has changed; when Commit fails every file is put
+/// back as it was, and when the program ends in the middle, RollBackJournal does that later. The
+/// files that it was given stay open and locked until Commit returns or the object is destroyed, so
+/// that what was read before is still true when it is written. Not reusable after Commit. One
+/// thread.
 class UnitOfWork {
  public:
   using FileIndex = std::size_t;
@@ -43,6 +44,9 @@ class UnitOfWork {
   /// Notes that a whole new file shall stand at the documented path (temporary file and rename).
   void Replace(std::string path, std::span<const std::byte> bytes);
 
+  /// Notes that the file at the documented path shall be gone.
+  void Remove(std::string path);
+
   /// Carries the changes out in the order in which they were noted; after 0 they have reached the
   /// storage device. ERR_OPEN when someone else holds the journal or a file to replace, or a file
   /// cannot be made, or ERR_IO; with an error everything is as before, or will be when the journal
@@ -50,7 +54,7 @@ class UnitOfWork {
   [[nodiscard]] int Commit();
 
  private:
-  enum class Kind { kMake, kWrite, kReplace };
+  enum class Kind { kMake, kWrite, kReplace, kRemove };
   struct OpenFile {
     platform::File file;
     std::string path;
@@ -60,10 +64,11 @@ class UnitOfWork {
     Kind kind = Kind::kWrite;
     FileIndex file = 0;
     std::int64_t offset = 0;
-    std::string path;  // of a replacement
+    std::string path;  // of a file that is replaced or removed
     std::vector<std::byte> bytes;
   };
 
+  [[nodiscard]] static bool IsWhole(const Change& change);
   [[nodiscard]] const std::string& PathOf(const Change& change) const;
   [[nodiscard]] bool NeedsJournal() const;
   [[nodiscard]] int WriteJournal();
@@ -71,6 +76,7 @@ class UnitOfWork {
   [[nodiscard]] int NoteOldFile(const std::string& path, UndoRecord& undo) const;
   [[nodiscard]] int CarryOutAll();
   [[nodiscard]] int CarryOut(const Change& change);
+  [[nodiscard]] int CarryOutWhole(const Change& change);
   [[nodiscard]] int Finish();
   [[nodiscard]] bool SyncFiles();
   [[nodiscard]] bool PutBackChange(const Change& change, const UndoRecord& undo);

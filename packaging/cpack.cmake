@@ -44,7 +44,8 @@ shops of a category at once.
 It is made for handhelds and desktops alike, works without a network, and
 keeps its data in a few documented files of the user.
 
-The package also holds brovanta-agent, which checks descriptions of web
+The package also holds brovanta-data, which checks the data and brings
+copies of it back, and brovanta-agent, which checks descriptions of web
 shops.")
 
 set(CPACK_DEBIAN_SERVER_PACKAGE_NAME brovanta-server)

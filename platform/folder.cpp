@@ -2,9 +2,12 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
+#include <memory>
 #include <utility>
 
 #include "platform/system_calls.h"
@@ -44,6 +47,18 @@ std::optional<std::vector<std::string>> NamesIn(const std::string& folder) {
 bool IsFolder(const std::string& path) {
   struct stat status {};
   return Calls().Status(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool IsWritableFolder(const std::string& path) {
+  // By the rights that count, also where they are not those of who started the program.
+  return IsFolder(path) && faccessat(AT_FDCWD, path.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+std::string CanonicalFolder(const std::string& path) {
+  if (!IsFolder(path)) return {};
+  const std::unique_ptr<char, decltype(&std::free)> name(realpath(path.c_str(), nullptr),
+                                                         &std::free);
+  return name != nullptr ? std::string(name.get()) : std::string();
 }
 
 bool RemoveWholeFolder(const std::string& path) {

@@ -14,6 +14,12 @@ namespace brovanta::platform {
 /// Whether a folder stands there, or a link leads to one.
 [[nodiscard]] bool IsFolder(const std::string& path);
 
+/// Whether files can be made in the folder.
+[[nodiscard]] bool IsWritableFolder(const std::string& path);
+
+/// The folder's one absolute name, without links and dots; empty when there is no such folder.
+[[nodiscard]] std::string CanonicalFolder(const std::string& path);
+
 /// Removes a folder with everything in it; links in it are not followed. Does not sync. True when
 /// nothing stands there any more.
 [[nodiscard]] bool RemoveWholeFolder(const std::string& path);

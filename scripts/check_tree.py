@@ -10,8 +10,8 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 MAX_LINES = {".cpp": 400, ".h": 200}
 
 # Reading and changing files of marked records, whatever the records are.
-FILE_LAYER = ["db/error_codes.h", "db/journal.h", "db/marked_reader.h", "db/record_file.h", "db/record_format.h",
-              "db/unit_of_work.h"]
+FILE_LAYER = ["db/error_codes.h", "db/file_names.h", "db/journal.h", "db/marked_reader.h", "db/record_file.h",
+              "db/record_format.h", "db/unit_of_work.h"]
 
 # What a folder may include, besides itself: other folders, or single files of one. The order of the
 # layers stands here and nowhere else.

@@ -9,7 +9,6 @@
 namespace brovanta {
 
 inline constexpr char kSearchIndexFile[] = "websearch.dat";
-inline constexpr char kResultsFolder[] = "WebSearch";
 inline constexpr char kResultsSuffix[] = ".dat";  ///< behind the search's number
 inline constexpr char kAgentFile[] = "webspider.xml";
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "db/file_names.h"
 #include "search/search_format.h"
 
 namespace brovanta {

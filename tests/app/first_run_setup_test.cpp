@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-#include "app/user_folders.h"
+#include "platform/folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta {
@@ -132,14 +132,14 @@ TEST_F(FirstRunSetupTest, ListsThatCannotBeWrittenAreReported) {
 TEST_F(FirstRunSetupTest, AThrowAwayFolderIsMadeAndNamedInFull) {
   std::string folder = folder_.File("a/./b");
   EXPECT_EQ(SetUpThrowAwayFolder(folder), "");
-  EXPECT_EQ(folder, CanonicalFolder(folder_.File("a/b")));
+  EXPECT_EQ(folder, platform::CanonicalFolder(folder_.File("a/b")));
   EXPECT_TRUE(fs::is_directory(folder));
 }
 
 TEST_F(FirstRunSetupTest, AThrowAwayFolderMayBeGivenWithBackslashes) {
   std::string folder = folder_.path() + "\\a\\b";
   EXPECT_EQ(SetUpThrowAwayFolder(folder), "");
-  EXPECT_EQ(folder, CanonicalFolder(folder_.File("a/b")));
+  EXPECT_EQ(folder, platform::CanonicalFolder(folder_.File("a/b")));
 }
 
 TEST_F(FirstRunSetupTest, AThrowAwayFolderBehindABackslashInANameIsReported) {

@@ -13,6 +13,8 @@
 #include <memory>
 
 #include "app/single_instance.h"
+#include "data/backup_folder.h"
+#include "data/backup_names.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta {
@@ -162,6 +164,16 @@ TEST_F(StartUpTest, TheFirstStartOfAUserMakesFolderListsAndSettings) {
   EXPECT_TRUE(folder_.Read("data/brovanta/unit.lst"));
   EXPECT_THAT(folder_.ReadText("config/brovanta/registry.reg").value_or(""),
               HasSubstr("InstallPath"));
+}
+
+TEST_F(StartUpTest, TheFirstStartOfADayKeepsACopyBesideTheDataFolder) {
+  fs::create_directory(folder_.File("throw away"));
+  folder_.WriteText("throw away/product.dat", "entries");
+  StartFirst();
+  const BackupFolder backups(folder_.File("throw away"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !backups.Copies().empty(); }, kPatience));
+  EXPECT_EQ(BackupFolder(folder_.File("throw away")).Copies().front().name, TodaysCopyName());
+  EXPECT_EQ(folder_.ReadText("throw away.backups/" + TodaysCopyName() + "/product.dat"), "entries");
 }
 
 TEST_F(StartUpTest, ASecondStartEndsWithZeroAndLeavesTheFirstRunning) {

@@ -50,22 +50,5 @@ TEST(UserFoldersTest, LieInTheHomeFolderWithoutTheVariables) {
   EXPECT_EQ(UserDataFolder(), "/home/me/.local/share/brovanta");
 }
 
-TEST(UserFoldersTest, ALinkAndItsFolderHaveOneName) {
-  const test::TempFolder folder;
-  fs::create_directory(folder.File("real"));
-  fs::create_symlink(folder.File("real"), folder.File("link"));
-  EXPECT_EQ(CanonicalFolder(folder.File("link")), CanonicalFolder(folder.File("real")));
-  EXPECT_NE(CanonicalFolder(folder.File("real")), "");
-  EXPECT_EQ(CanonicalFolder(folder.File("missing")), "");
-}
-
-TEST(UserFoldersTest, OnlyFoldersCanBeWrittenIn) {
-  const test::TempFolder folder;
-  folder.WriteText("file", "");
-  EXPECT_TRUE(IsWritableFolder(folder.path()));
-  EXPECT_FALSE(IsWritableFolder(folder.File("file")));
-  EXPECT_FALSE(IsWritableFolder(folder.File("missing")));
-}
-
 }  // namespace
 }  // namespace brovanta

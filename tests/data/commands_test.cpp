@@ -2,9 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <set>
 
+#include "data/backup_folder.h"
 #include "data/exit_status.h"
+#include "platform/folder.h"
 #include "tests/data/sample_folder.h"
 #include "tests/support/json_reader.h"
 
@@ -45,6 +48,49 @@ TEST(CommandsTest, CheckEndsWithTheStateOfTheFolder) {
   const CommandEnd damaged = RunCommand({"check", folder.path()}, true);
   EXPECT_EQ(damaged.status, kBad);
   EXPECT_EQ(test::ReadJson(damaged.output).value().at("whole"), "false");
+}
+
+TEST(CommandsTest, BackupsAreListedAndAnObstacleIsToldByTheStatus) {
+  const test::TempFolder folder;
+  const std::string data = folder.File("data");
+  std::filesystem::create_directory(data);
+  EXPECT_EQ(RunCommand({"backups", data}).status, kGood);
+  EXPECT_THAT(RunCommand({"backups", data}).output, HasSubstr("There are no copies in "));
+  ASSERT_TRUE(BackupFolder(data).Keep("2026-11-21", {{"product.dat", "x"}}));
+  EXPECT_EQ(RunCommand({"backups", data}).output, "2026-11-21: daily, 1 file, 1 bytes\n");
+  std::filesystem::remove_all(data + ".backups");
+  folder.WriteText("data.backups", "in the way");
+  const CommandEnd end = RunCommand({"backups", data}, true);
+  EXPECT_EQ(end.status, kBad);
+  EXPECT_EQ(test::ReadJson(end.output).value().at("obstacle"),
+            "something else than a folder stands there");
+  EXPECT_EQ(RunCommand({"backups", folder.File("none")}).status, kNoFolder);
+}
+
+TEST(CommandsTest, RestoreEndsWithWhatBecameOfIt) {
+  const test::TempFolder folder;
+  const std::string data = folder.File("data");
+  std::filesystem::create_directory(data);
+  folder.WriteText("data/product.dat", "new");
+  EXPECT_EQ(RunCommand({"restore", data}).status, kBad);
+  ASSERT_TRUE(BackupFolder(data).Keep("2026-11-21", {{"product.dat", "old"}}));
+  {
+    platform::FolderLock program;
+    ASSERT_EQ(program.Take(data), platform::FolderLock::Outcome::kTaken);
+    const CommandEnd refused = RunCommand({"restore", data});
+    EXPECT_EQ(refused.status, kBad);
+    EXPECT_EQ(refused.output, "");
+    EXPECT_THAT(refused.complaints,
+                ElementsAre(HasSubstr("the program works in this folder: close it first")));
+  }
+  const CommandEnd done = RunCommand({"restore", data, "2026-11-21"});
+  EXPECT_EQ(done.status, kGood);
+  EXPECT_THAT(done.output, HasSubstr("holds the files of 2026-11-21 again: 1 file written"));
+  EXPECT_EQ(folder.ReadText("data/product.dat"), "old");
+  const CommandEnd same = RunCommand({"restore", data}, true);
+  EXPECT_EQ(same.status, kGood);
+  EXPECT_EQ(test::ReadJson(same.output).value().at("changed"), "false");
+  EXPECT_EQ(RunCommand({"restore", folder.File("none")}).status, kNoFolder);
 }
 
 TEST(CommandsTest, CheckOfWhatIsNoFolderEndsWithThree) {

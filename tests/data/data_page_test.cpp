@@ -1,12 +1,14 @@
 // docs/data.md shows what the program really writes.
 #include <gmock/gmock.h>
 
-#include "data/check_folder.h"
-#include "data/reports.h"
-#include "tests/data/sample_folder.h"
-
 #include <fstream>
 #include <iterator>
+
+#include "data/backup_reports.h"
+#include "data/check_folder.h"
+#include "data/data_snapshot.h"
+#include "data/reports.h"
+#include "tests/data/sample_folder.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -26,6 +28,20 @@ TEST(DataPageTest, ShowsTheReportOfAWholeFolder) {
   ASSERT_TRUE(report) << error;
   EXPECT_THAT(Page(), HasSubstr("$ brovanta-data check ~/.local/share/brovanta\n" +
                                 CheckAsText(*report, "/home/ann/.local/share/brovanta") + "```"));
+}
+
+TEST(DataPageTest, ShowsTheListOfCopies) {
+  const test::TempFolder folder;
+  test::MakeHousehold(folder.path());
+  DataSnapshot snapshot;
+  ASSERT_EQ(TakeDataSnapshot(folder.path(), snapshot), SnapshotResult::kTaken);
+  const test::TempFolder place;
+  const BackupFolder backups(place.File("data"));
+  for (const char* const name : {"2026-11-20", "2026-11-21", "2026-11-21.before-restore"}) {
+    ASSERT_TRUE(backups.Keep(name, snapshot));
+  }
+  EXPECT_THAT(Page(), HasSubstr("$ brovanta-data backups ~/.local/share/brovanta\n" +
+                                BackupsAsText({"", "", "", backups.Copies()}) + "```"));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "data/backup_folder.h"
 #include "tests/data/sample_folder.h"
 #include "tests/support/json_reader.h"
 #include "tests/support/program_end.h"
@@ -59,6 +60,17 @@ TEST_F(RunDataToolTest, NoFolderEndsWithThree) {
   const ProgramEnd end = Run({"check", data_ + "/none"});
   EXPECT_EQ(end.status, 3);
   EXPECT_THAT(end.errors, HasSubstr("none\": No such file or directory\n"));
+}
+
+TEST_F(RunDataToolTest, ACopyIsListedAndBroughtBack) {
+  ASSERT_TRUE(BackupFolder(data_).Keep("2026-11-21", {{"unit.lst", "old"}}));
+  EXPECT_EQ(Run({"backups", data_}).output, "2026-11-21: daily, 1 file, 3 bytes\n");
+  const ProgramEnd end = Run({"restore", data_});
+  EXPECT_EQ(end.status, 0);
+  EXPECT_THAT(end.output, HasSubstr("holds the files of 2026-11-21 again"));
+  EXPECT_EQ(folder_.ReadText("data/unit.lst"), "old");
+  EXPECT_FALSE(fs::exists(data_ + "/product.dat"));
+  EXPECT_EQ(Run({"restore", data_, "2026-11-20"}).status, 1);
 }
 
 TEST_F(RunDataToolTest, HelpAndVersion) {

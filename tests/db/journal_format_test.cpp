@@ -94,13 +94,22 @@ TEST(JournalFormatTest, PiecesOfTwoJournalsAreNotFollowed) {
 }
 
 TEST(JournalFormatTest, ARecordThatLeadsOutOfTheFolderIsNotFollowed) {
-  for (const std::string& name : {std::string("../product.dat"), std::string("..\\product.dat"),
-                                  std::string("/etc/passwd"), std::string(".."), std::string("."),
-                                  std::string(), std::string("a\0b", 3), std::string(256, 'a')}) {
+  for (const std::string& name :
+       {std::string("../product.dat"), std::string("..\\product.dat"), std::string("/etc/passwd"),
+        std::string("folder/product.dat"), std::string("WebSearch/"), std::string("WebSearch/.."),
+        std::string("WebSearch/a/b"), std::string("WebSearch\\2.dat"),
+        std::string("WebSearch//2.dat"), std::string(".."), std::string("."), std::string(),
+        std::string("a\0b", 3), std::string(256, 'a')}) {
     UndoRecord record = LastIdOfAnEmptyFile();
     record.name = name;
     EXPECT_FALSE(DecodeJournal(EncodeJournal(std::span(&record, 1)))) << name;
   }
+}
+
+TEST(JournalFormatTest, ARecordMayNameAResultsFile) {
+  UndoRecord record = LastIdOfAnEmptyFile();
+  record.name = "WebSearch/2.dat";
+  EXPECT_EQ(DecodeJournal(EncodeJournal(std::span(&record, 1))), std::vector{record});
 }
 
 TEST(JournalFormatTest, ARecordThatMakesNoSenseIsNotFollowed) {

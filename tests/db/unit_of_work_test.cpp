@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "db/error_codes.h"
+#include "db/journal.h"
 #include "platform/text_file.h"
 #include "tests/support/faulty_calls.h"
 #include "tests/support/temp_folder.h"
@@ -48,6 +49,57 @@ TEST_F(UnitOfWorkTest, NothingChangesBeforeCommit) {
   }
   EXPECT_EQ(folder_.ReadText("a.dat"), "0123456789");
   EXPECT_FALSE(folder_.ReadText("b.lst"));
+}
+
+TEST_F(UnitOfWorkTest, RemovesFilesAndReplacesResults) {
+  folder_.WriteText("a.dat", "old");
+  std::filesystem::create_directory(folder_.File("WebSearch"));
+  folder_.WriteText("WebSearch/2.dat", "old");
+  UnitOfWork work(Path("backup.dat"));
+  work.Remove(Path("a.dat"));
+  work.Remove(Path("none.dat"));
+  work.Replace(Path("WebSearch\\2.dat"), Hex("41"));
+  work.Replace(Path("WebSearch\\3.dat"), Hex("42"));
+  EXPECT_EQ(work.Commit(), 0);
+  EXPECT_FALSE(folder_.ReadText("a.dat"));
+  EXPECT_EQ(folder_.ReadText("WebSearch/2.dat"), "A");
+  EXPECT_EQ(folder_.ReadText("WebSearch/3.dat"), "B");
+}
+
+TEST_F(UnitOfWorkTest, AHeldFileIsNotRemoved) {
+  folder_.WriteText("a.dat", "old");
+  File holder;
+  ASSERT_TRUE(holder.Open(Path("a.dat"), File::Mode::kRead));
+  UnitOfWork work(Path("backup.dat"));
+  work.Replace(Path("b.lst"), Hex("41"));
+  work.Remove(Path("a.dat"));
+  EXPECT_EQ(work.Commit(), ERR_OPEN);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "old");
+  EXPECT_FALSE(folder_.ReadText("b.lst"));
+}
+
+TEST_F(UnitOfWorkTest, RemovalsAndResultsArePutBackWhateverCallFails) {
+  for (int at = 1;; ++at) {
+    folder_.WriteText("a.dat", "old");
+    std::filesystem::create_directory(folder_.File("WebSearch"));
+    folder_.WriteText("WebSearch/2.dat", "old");
+    std::filesystem::remove(folder_.File("WebSearch/3.dat"));
+    FaultyCalls calls(Fault::kIo, at);
+    int code = 0;
+    {
+      const SystemCallsInUse in_use(calls);
+      UnitOfWork work(Path("backup.dat"));
+      work.Replace(Path("WebSearch\\2.dat"), Hex("41"));
+      work.Replace(Path("WebSearch\\3.dat"), Hex("42"));
+      work.Remove(Path("a.dat"));
+      code = work.Commit();
+    }
+    ASSERT_EQ(RollBackJournal(Path("backup.dat")), 0);
+    ASSERT_EQ(folder_.ReadText("WebSearch/2.dat"), code == 0 ? "A" : "old") << at;
+    ASSERT_EQ(folder_.ReadText("WebSearch/3.dat").has_value(), code == 0) << at;
+    ASSERT_EQ(folder_.ReadText("a.dat").has_value(), code != 0) << at;
+    if (!calls.has_struck()) break;
+  }
 }
 
 TEST_F(UnitOfWorkTest, CommitOverwritesAndExtends) {

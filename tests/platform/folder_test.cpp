@@ -42,6 +42,23 @@ TEST(IsFolderTest, FollowsLinks) {
   EXPECT_FALSE(IsFolder(folder.File("missing")));
 }
 
+TEST(CanonicalFolderTest, ALinkAndItsFolderHaveOneName) {
+  const test::TempFolder folder;
+  fs::create_directory(folder.File("real"));
+  fs::create_symlink(folder.File("real"), folder.File("link"));
+  EXPECT_EQ(CanonicalFolder(folder.File("link")), CanonicalFolder(folder.File("real")));
+  EXPECT_NE(CanonicalFolder(folder.File("real")), "");
+  EXPECT_EQ(CanonicalFolder(folder.File("missing")), "");
+}
+
+TEST(IsWritableFolderTest, OnlyFoldersCanBeWrittenIn) {
+  const test::TempFolder folder;
+  folder.WriteText("file", "");
+  EXPECT_TRUE(IsWritableFolder(folder.path()));
+  EXPECT_FALSE(IsWritableFolder(folder.File("file")));
+  EXPECT_FALSE(IsWritableFolder(folder.File("missing")));
+}
+
 TEST(RemoveWholeFolderTest, TakesEverythingInItAndNothingBehindLinks) {
   const test::TempFolder folder;
   fs::create_directories(folder.File("old/inner"));

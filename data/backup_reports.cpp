@@ -1,0 +1,78 @@
+#include "data/backup_reports.h"
+
+#include "util/json_writer.h"
+#include "util/readable_text.h"
+
+namespace brovanta::data_tool {
+namespace {
+
+std::string Count(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " file" : " files");
+}
+
+const char* KindOf(const BackupCopy& copy) { return copy.is_daily ? "daily" : "before restore"; }
+
+}  // namespace
+
+std::string BackupsAsText(const BackupsReport& report) {
+  std::string text;
+  for (const BackupCopy& copy : report.copies) {
+    text += copy.name + ": " + KindOf(copy) + ", " + Count(copy.files) + ", " +
+            std::to_string(copy.bytes) + " bytes\n";
+  }
+  if (report.copies.empty()) text += "There are no copies in " + Quoted(report.place) + ".\n";
+  if (!report.obstacle.empty()) {
+    text += "NO COPY CAN BE KEPT in " + Quoted(report.place) + ": " + report.obstacle + ".\n";
+  }
+  return text;
+}
+
+std::string BackupsAsJson(const BackupsReport& report) {
+  JsonWriter json;
+  json.BeginObject();
+  json.Key("folder").Text(report.folder).Key("place").Text(report.place);
+  json.Key("obstacle");
+  if (report.obstacle.empty()) {
+    json.Null();
+  } else {
+    json.Text(report.obstacle);
+  }
+  json.Key("copies").BeginArray();
+  for (const BackupCopy& copy : report.copies) {
+    json.BeginObject();
+    json.Key("name").Text(copy.name).Key("kind").Text(KindOf(copy));
+    json.Key("files").Number(copy.files);
+    json.Key("bytes").Number(static_cast<std::size_t>(copy.bytes)).EndObject();
+  }
+  json.EndArray().EndObject();
+  return json.text() + "\n";
+}
+
+std::string RestoreAsText(const RestoreEnd& end, const std::string& folder) {
+  if (end.outcome == RestoreEnd::Outcome::kSame) {
+    return Quoted(folder) + " holds the very files of " + end.copy + " already.\n";
+  }
+  std::string text = Quoted(folder) + " holds the files of " + end.copy +
+                     " again: " + Count(end.written) + " written, " + std::to_string(end.removed) +
+                     " removed.\n";
+  if (!end.kept_as.empty()) text += "What stood there before is kept as " + end.kept_as + ".\n";
+  return text;
+}
+
+std::string RestoreAsJson(const RestoreEnd& end, const std::string& folder) {
+  JsonWriter json;
+  json.BeginObject();
+  json.Key("folder").Text(folder).Key("copy").Text(end.copy);
+  json.Key("changed").Bool(end.outcome != RestoreEnd::Outcome::kSame);
+  json.Key("written").Number(end.written).Key("removed").Number(end.removed);
+  json.Key("kept_as");
+  if (end.kept_as.empty()) {
+    json.Null();
+  } else {
+    json.Text(end.kept_as);
+  }
+  json.EndObject();
+  return json.text() + "\n";
+}
+
+}  // namespace brovanta::data_tool

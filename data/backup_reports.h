@@ -1,0 +1,27 @@
+// What the program tells of copies, for a person and for a script. Both kinds end with a line feed.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "data/backup_folder.h"
+#include "data/restore.h"
+
+namespace brovanta::data_tool {
+
+/// The copies of a data folder, and whether more can be made.
+struct BackupsReport {
+  std::string folder;
+  std::string place;     ///< of the copies
+  std::string obstacle;  ///< why no copy can be made, else empty
+  std::vector<BackupCopy> copies;
+};
+
+[[nodiscard]] std::string BackupsAsText(const BackupsReport& report);
+[[nodiscard]] std::string BackupsAsJson(const BackupsReport& report);
+
+/// Of a restore that was done, or that had nothing to do.
+[[nodiscard]] std::string RestoreAsText(const RestoreEnd& end, const std::string& folder);
+[[nodiscard]] std::string RestoreAsJson(const RestoreEnd& end, const std::string& folder);
+
+}  // namespace brovanta::data_tool
