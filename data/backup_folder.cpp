@@ -41,7 +41,7 @@ bool WriteAll(const std::string& folder, const DataSnapshot& snapshot,
   if (!platform::CreateFolder(folder)) return false;
   for (const auto& [name, bytes] : snapshot) {
     if (stop.stop_requested()) return false;
-    const std::string path = folder + "/" + name;
+    const std::string path = std::string(folder).append("/").append(name);
     const std::string above = path.substr(0, path.rfind('/'));
     const bool has_folder = !folders.insert(above).second || platform::CreateFolder(above);
     if (!has_folder || !WriteWhole(path, bytes)) return false;

@@ -6,8 +6,8 @@
 namespace brovanta::data_tool {
 namespace {
 
-std::string Count(std::size_t count) {
-  return std::to_string(count) + (count == 1 ? " file" : " files");
+std::string Count(std::size_t count, const std::string& what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 const char* KindOf(const BackupCopy& copy) { return copy.is_daily ? "daily" : "before restore"; }
@@ -17,8 +17,8 @@ const char* KindOf(const BackupCopy& copy) { return copy.is_daily ? "daily" : "b
 std::string BackupsAsText(const BackupsReport& report) {
   std::string text;
   for (const BackupCopy& copy : report.copies) {
-    text += copy.name + ": " + KindOf(copy) + ", " + Count(copy.files) + ", " +
-            std::to_string(copy.bytes) + " bytes\n";
+    text += copy.name + ": " + KindOf(copy) + ", " + Count(copy.files, "file") + ", " +
+            Count(static_cast<std::size_t>(copy.bytes), "byte") + "\n";
   }
   if (report.copies.empty()) text += "There are no copies in " + Quoted(report.place) + ".\n";
   if (!report.obstacle.empty()) {
@@ -53,8 +53,8 @@ std::string RestoreAsText(const RestoreEnd& end, const std::string& folder) {
     return Quoted(folder) + " holds the very files of " + end.copy + " already.\n";
   }
   std::string text = Quoted(folder) + " holds the files of " + end.copy +
-                     " again: " + Count(end.written) + " written, " + std::to_string(end.removed) +
-                     " removed.\n";
+                     " again: " + Count(end.written, "file") + " written, " +
+                     std::to_string(end.removed) + " removed.\n";
   if (!end.kept_as.empty()) text += "What stood there before is kept as " + end.kept_as + ".\n";
   return text;
 }

@@ -32,7 +32,9 @@ bool HasHead(FileBytes bytes, const Frame& frame, FileNotes& notes) {
 
 void LookBehindEnd(FileBytes bytes, std::size_t end, const Frame& frame, FileNotes& notes) {
   if (end == bytes.size()) return;
-  std::string words = std::to_string(bytes.size() - end) + " bytes stand behind the end mark";
+  const std::size_t count = bytes.size() - end;
+  std::string words = std::to_string(count) + (count == 1 ? " byte stands" : " bytes stand") +
+                      " behind the end mark";
   if (frame.behind_end == Severity::kError) words += ": nothing can be added to the file";
   notes.Add(frame.behind_end, std::move(words), end);
 }

@@ -22,7 +22,7 @@ bool RemoveTree(const std::string& path, int depth) {
   if (!names || depth > kDeepest) return false;
   bool done = true;
   for (const std::string& name : *names) {
-    const std::string inner = path + "/" + name;
+    const std::string inner = std::string(path).append("/").append(name);
     struct stat status {};
     if (Calls().LinkStatus(inner.c_str(), &status) != 0) {
       done = false;

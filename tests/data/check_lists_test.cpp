@@ -81,7 +81,7 @@ TEST(CheckNameListTest, BytesBehindTheEndAreAWarningBecauseListsAreWrittenWhole)
   FileReport report;
   EXPECT_TRUE(CheckNameList(Hex("81 38 01 00 83 38 01 00 00"), report, notes));
   EXPECT_THAT(test::Lines(findings),
-              ElementsAre("warning store.lst 8 #-: 1 bytes stand behind the end mark"));
+              ElementsAre("warning store.lst 8 #-: 1 byte stands behind the end mark"));
 }
 
 }  // namespace

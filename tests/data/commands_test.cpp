@@ -57,7 +57,7 @@ TEST(CommandsTest, BackupsAreListedAndAnObstacleIsToldByTheStatus) {
   EXPECT_EQ(RunCommand({"backups", data}).status, kGood);
   EXPECT_THAT(RunCommand({"backups", data}).output, HasSubstr("There are no copies in "));
   ASSERT_TRUE(BackupFolder(data).Keep("2026-11-21", {{"product.dat", "x"}}));
-  EXPECT_EQ(RunCommand({"backups", data}).output, "2026-11-21: daily, 1 file, 1 bytes\n");
+  EXPECT_EQ(RunCommand({"backups", data}).output, "2026-11-21: daily, 1 file, 1 byte\n");
   std::filesystem::remove_all(data + ".backups");
   folder.WriteText("data.backups", "in the way");
   const CommandEnd end = RunCommand({"backups", data}, true);
