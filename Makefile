@@ -6,7 +6,7 @@ export CTEST_PARALLEL_LEVEL ?= $(JOBS)
 export CCACHE_BASEDIR ?= $(CURDIR)
 export CCACHE_NOHASHDIR ?= 1
 
-.PHONY: run test bench tour package check deps build clean
+.PHONY: run test bench tour guide-pictures package check deps build clean
 
 run: deps build
 	@scripts/run build/release
@@ -21,6 +21,9 @@ bench: deps
 
 tour: deps build
 	@scripts/tour build/release
+
+guide-pictures: deps build
+	@scripts/guide-pictures build/release
 
 package: deps build
 	@scripts/package build/release

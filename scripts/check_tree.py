@@ -6,6 +6,9 @@ import re
 import subprocess
 import sys
 
+sys.dont_write_bytecode = True  # the tree stays clean
+import check_documents as documents
+
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 MAX_LINES = {".cpp": 400, ".h": 200}
 
@@ -84,15 +87,7 @@ def check_twins(problems):
 
 
 def check_documents(problems):
-    readme = (ROOT / "README.md").read_text(encoding="utf-8")
-    for command in ("make run", "make test"):
-        if command not in readme:
-            problems.append(f"README.md does not show `{command}`")
-    for path in tracked("*.md"):
-        text = (ROOT / path).read_text(encoding="utf-8")
-        for target in re.findall(r"\]\(([^)#:]+)\)", text):
-            if not (ROOT / path).parent.joinpath(target).exists():
-                problems.append(f"{path}: link to {target}, which is not there")
+    documents.check(ROOT, tracked, problems)
 
 
 def check_left_overs(problems):

@@ -74,7 +74,8 @@ void EditAndDelete(Robot& robot, MainDialog& main) {
   robot.Expect(robot.Rows(main).contains(Text("Birthday cake for Chloé")), Text("renamed"));
 
   robot.SelectRow(main, Text("Crème fraîche"));
-  robot.AnswerMessage([&] { robot.TapCommand(main, 2773); }, Text(kSeries), Text("Cancel"));
+  robot.AnswerMessage([&] { robot.TapCommand(main, 2773); }, Text(kSeries), Text("Cancel"),
+                      Text("series"));
   robot.SelectRow(main, Text("Crème fraîche"));
   robot.AnswerMessage([&] { robot.Key(main, Qt::Key_Delete); }, Text(kSeries), Text("No"));
   robot.SelectRow(main, Text("Apples Boskoop"));
@@ -109,6 +110,9 @@ void VisitTheTabs(Robot& robot, MainDialog& main) {
 }
 
 void UseTheCalendar(Robot& robot, MainDialog& main) {
+  robot.Tap(main, 1003);
+  robot.Picture(main, Text("calendar"));
+  robot.Key(main, Qt::Key_Escape);
   robot.ChooseFromMenu(main, 1034, Text("Daily"));
   robot.PickDate(main, QDate(2026, 11, 25));
   robot.Expect(robot.Rows(main).contains(Text("Winter tyres")), Text("the day's products"));
@@ -138,6 +142,7 @@ void LiveWithTheList(Robot& robot, Stage& stage) {
   stage.Run(kSecondSaturday, {360, 640}, [&](MainDialog& main) {
     robot.ChooseFromMenu(main, 1034, Text("Weekly"));
     robot.Expect(robot.Rows(main).contains(Text("Batteries AA")), Text("the list is back"));
+    robot.Picture(main, Text("week"));
     robot.SelectRow(main, Text("Whole milk, 1 l"));
     robot.Picture(main, Text("week_overdue"));
     robot.PictureOfTools(main, Text("tools_menu"));

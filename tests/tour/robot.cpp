@@ -3,11 +3,15 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
+#include <QImage>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QTest>
 #include <QTimer>
 #include <utility>
+
+#include "tests/tour/guide_pictures.h"
 
 namespace brovanta::tour {
 
@@ -51,14 +55,14 @@ void Robot::During(const std::function<void()>& trigger, const std::function<voi
 }
 
 void Robot::AnswerMessage(const std::function<void()>& trigger, const QString& text,
-                          const QString& button) {
+                          const QString& button, const QString& picture) {
   During(trigger, [&](QWidget& window) {
     auto* box = qobject_cast<QMessageBox*>(&window);
     Expect(box != nullptr, QStringLiteral("a message box was expected: ") + text);
     if (box == nullptr) return;
     Expect(box->text() == text, QStringLiteral("the box says: ") + box->text());
     Expect(box->windowTitle() == QStringLiteral("Brovanta"), QStringLiteral("caption of the box"));
-    Picture(*box, QStringLiteral("message"));
+    Picture(*box, picture);
     Tap(*box, button);
   });
 }
@@ -152,6 +156,19 @@ QString Robot::PictureFile(const QString& name) {
 void Robot::SavePicture(const QPixmap& picture, const QString& name) {
   const QString file = PictureFile(name);
   Expect(picture.save(file), QStringLiteral("cannot write ") + file);
+  SaveForTheGuide(picture, name);
+}
+
+void Robot::SaveForTheGuide(const QPixmap& picture, const QString& name) {
+  const QString guide_file = GuideFile(picture_prefix_, name);
+  const QDir folder(picture_folder_ + QStringLiteral("/guide"));
+  if (guide_file.isEmpty() || folder.exists(guide_file)) return;
+  // The guide's pictures are part of the source tree: packed as small as can be.
+  constexpr int kSmallest = 0;
+  const QImage opaque = picture.toImage().convertToFormat(QImage::Format_RGB888);
+  Expect(folder.mkpath(QStringLiteral(".")) &&
+             opaque.save(folder.filePath(guide_file), "PNG", kSmallest),
+         QStringLiteral("cannot write ") + folder.filePath(guide_file));
 }
 
 void Robot::Picture(QWidget& window, const QString& name) {

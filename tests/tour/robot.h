@@ -20,7 +20,8 @@ inline QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
 /// and the tour goes on as well as it can. User-interface thread.
 class Robot {
  public:
-  /// Pictures are written to this folder, numbered in the order in which they are taken.
+  /// Pictures are written to this folder, numbered in the order in which they are taken; those of
+  /// the user guide also to its folder "guide", by the guide's names.
   explicit Robot(QString picture_folder, QString picture_prefix);
 
   /// Runs `trigger` and, as soon as the modal window that it opens is there, `act` on that window.
@@ -28,9 +29,9 @@ class Robot {
   void During(const std::function<void()>& trigger, const std::function<void(QWidget&)>& act);
 
   /// Runs `trigger` and answers the message box that it opens by a click on the button with this
-  /// text; the box must say `text`.
+  /// text; the box must say `text`. Takes a picture of it by that name.
   void AnswerMessage(const std::function<void()>& trigger, const QString& text,
-                     const QString& button);
+                     const QString& button, const QString& picture = QStringLiteral("message"));
 
   void Tap(QWidget& widget);
   void Tap(QWidget& window, int control_id);            ///< by control number
@@ -86,6 +87,7 @@ class Robot {
   bool TapItem(QMenu& menu, const QString& item);
   void PictureWithMenu(QWidget& window, QWidget& opener, const QString& name);
   void SavePicture(const QPixmap& picture, const QString& name);
+  void SaveForTheGuide(const QPixmap& picture, const QString& name);
 
   QString picture_folder_;
   QString picture_prefix_;

@@ -1,0 +1,154 @@
+"""Honest documents: links that lead somewhere, commands that CI runs, a guide that quotes the screens."""
+
+import pathlib
+import re
+
+README_COMMANDS = ["make run", "make test"]
+# Buttons of questions are the toolkit's.
+TOOLKIT_TEXTS = {"Yes", "No"}
+MOST_GUIDE_BYTES = 1_500_000
+
+LITERALS = re.compile(r'(?:"(?:[^"\\\n]|\\.)*"\s*)+')
+LITERAL = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
+LINK = re.compile(r"\]\(([^)\s]+)\)")
+CODE_BLOCK = re.compile(r"^```.*?^```", re.M | re.S)
+
+
+def anchors(text):
+    """What GitHub calls the headings of a page."""
+    names = set()
+    for heading in re.findall(r"^#+ (.*)$", CODE_BLOCK.sub("", text), re.M):
+        heading = re.sub(r"\[([^]]*)\]\([^)]*\)", r"\1", heading)
+        names.add(re.sub(r"[^\w\- ]", "", heading.strip().lower()).replace(" ", "-"))
+    return names
+
+
+def check_links(root, pages, problems):
+    texts = {page: (root / page).read_text(encoding="utf-8") for page in pages}
+    for page, text in texts.items():
+        for link in LINK.findall(CODE_BLOCK.sub("", text)):
+            if re.match(r"[a-z]+:", link):
+                continue
+            target, _, anchor = link.partition("#")
+            path = (root / page).parent.joinpath(target).resolve() if target else root / page
+            if not path.exists():
+                problems.append(f"{page}: link to {link}, which is not there")
+            elif anchor and anchor not in anchors(path.read_text(encoding="utf-8")):
+                problems.append(f"{page}: link to {link}: there is no such heading")
+
+
+def check_readme(root, problems):
+    """CI runs the README's commands as they are printed."""
+    readme = (root / "README.md").read_text(encoding="utf-8")
+    blocks = re.findall(r"^```sh\n(.*?)^```", readme, re.M | re.S)
+    for command in README_COMMANDS:
+        if f"{command}\n" not in blocks:
+            problems.append(f"README.md has no block that says `{command}` and nothing else")
+    steps = re.findall(r"^step [\w-]+ (.*)$", (root / ".ci/run").read_text(encoding="utf-8"), re.M)
+    for block in blocks:
+        for line in block.splitlines():
+            if line.startswith("make ") and line not in steps:
+                problems.append(f"README.md: `{line}` is not run by .ci/run")
+
+
+def plain(text):
+    return " ".join(text.split())
+
+
+def without_char_literals(source):
+    return re.sub(r"'(?:\\.|[^'\\\n])'", "' '", source)
+
+
+def screen_texts(root, tracked):
+    """Every text that the screens, the update and the data tool can show; %1 stands for anything."""
+    texts = set(TOOLKIT_TEXTS)
+    for path in tracked("res/*.ui"):
+        for text in re.findall(r"<string[^>]*>(.*?)</string>", (root / path).read_text("utf-8"), re.S):
+            texts.add(plain(text.replace("&amp;", "")))
+    for path in tracked("ui/*.cpp", "ui/*.h", "net/update/*.cpp", "data/*.cpp"):
+        source = without_char_literals((root / path).read_text(encoding="utf-8"))
+        for literals in LITERALS.findall(source):
+            text = "".join(LITERAL.findall(literals))
+            for escape, meaning in ((r"\r", " "), (r"\n", " "), (r"\"", '"')):
+                text = text.replace(escape, meaning)
+            texts.add(plain(text))
+    return texts
+
+
+def says(texts, quoted):
+    """Whether some text is the quoted one; an ellipsis in it, and %1 in the text, stand for anything."""
+    if quoted in texts:
+        return True
+    pattern = re.compile(".*".join(re.escape(part) for part in quoted.split("…")))
+    if "…" in quoted and len(quoted) > 1:
+        return any(pattern.fullmatch(text) for text in texts)
+    return False
+
+
+def check_quotes(root, tracked, guide, problems):
+    texts = screen_texts(root, tracked)
+    for page in guide:
+        text = CODE_BLOCK.sub("", (root / page).read_text(encoding="utf-8"))
+        for quoted in re.findall(r"\*\*([^*]+)\*\*", text) + re.findall(r'"([^"]+)"', text):
+            if not says(texts, plain(quoted)):
+                problems.append(f"{page}: no screen says: {plain(quoted)}")
+
+
+def tour_pictures(root):
+    table = (root / "tests/tour/guide_pictures.cpp").read_text(encoding="utf-8")
+    return {f"{name}.png" for name in re.findall(r'\{"\w+", "\w+", "(\w+)"\}', table)}
+
+
+def check_pictures(root, guide, problems):
+    """The guide shows the pictures that the tour takes for it, each of them and no other."""
+    folder = root / "docs/guide/pictures"
+    shown = set()
+    for page in guide:
+        shown |= set(re.findall(r"\]\(pictures/([^)]+)\)", (root / page).read_text(encoding="utf-8")))
+    there = {path.name for path in folder.iterdir()}
+    taken = tour_pictures(root)
+    for name in sorted(shown | there | taken):
+        if name not in there:
+            problems.append(f"docs/guide/pictures/{name} is not there; scripts/guide-pictures makes it")
+        if name not in taken:
+            problems.append(f"docs/guide/pictures/{name}: the tour does not take it for the guide")
+        if name not in shown:
+            problems.append(f"docs/guide/pictures/{name}: no page of the guide shows it")
+    size = sum(path.stat().st_size for path in folder.iterdir())
+    if size > MOST_GUIDE_BYTES:
+        problems.append(f"docs/guide/pictures: {size} bytes, at most {MOST_GUIDE_BYTES}")
+
+
+def program_keys(root, tracked):
+    """The shortcuts that the screens set up, as the keys are called in the guide."""
+    keys = set()
+    for path in tracked("ui/*.cpp"):
+        source = (root / path).read_text(encoding="utf-8")
+        keys |= set(re.findall(r'"(Ins|Del|F\d+|(?:Ctrl|Alt)\+[^"])"', source))
+        for modifier, key in re.findall(r"Qt::(CTRL|ALT) \| \(?Qt::Key_(\w)\b", source):
+            keys.add(f"{modifier.title()}+{key}")
+    return {{"Ins": "Insert", "Del": "Delete"}.get(key, key) for key in keys}
+
+
+def check_keys(root, tracked, problems):
+    page = (root / "docs/guide/keys.md").read_text(encoding="utf-8")
+    told = set()
+    for row in re.findall(r"^\| ([^|]+) \|", page, re.M):
+        words = re.split(r" to |, (?=\w)", row)
+        told |= {key.strip() for key in words if re.fullmatch(r"Insert|Delete|F\d+|(Ctrl|Alt)\+.", key.strip())}
+    known = program_keys(root, tracked)
+    told -= {"Ctrl+4"}  # the last of a range that begins with a key of the program
+    for key in sorted(known - told):
+        problems.append(f"docs/guide/keys.md does not tell of {key}")
+    for key in sorted(told - known):
+        problems.append(f"docs/guide/keys.md tells of {key}, which no screen has")
+
+
+def check(root, tracked, problems):
+    pages = tracked("*.md")
+    guide = [page for page in pages if pathlib.PurePath(page).parent == pathlib.PurePath("docs/guide")]
+    check_links(root, pages, problems)
+    check_readme(root, problems)
+    check_quotes(root, tracked, guide, problems)
+    check_pictures(root, guide, problems)
+    check_keys(root, tracked, problems)
