@@ -144,6 +144,67 @@ def check_keys(root, tracked, problems):
         problems.append(f"docs/guide/keys.md tells of {key}, which no screen has")
 
 
+def linked_folders(root, tracked):
+    """The arrows between the folders of the sources, as CMake has them."""
+    links, folders = {}, {"brovanta_resources": "res"}
+    for path in tracked("CMakeLists.txt", "*/CMakeLists.txt"):
+        if path.startswith(("tests/", "bench/", "fuzz/")):
+            continue
+        library = re.search(r"^brovanta_(?:qt_)?library\((\w+)\s.*?\bLINK\s([^)]*)\)",
+                            (root / path).read_text(encoding="utf-8"), re.M | re.S)
+        if library:
+            folder = str(pathlib.PurePath(path).parent)
+            folders[library[1]] = folder
+            links[folder] = library[2].split()
+    return {(folder, folders[target]) for folder, targets in links.items()
+            for target in targets if target in folders}
+
+
+def check_map(root, tracked, problems):
+    page = (root / "docs/architecture.md").read_text(encoding="utf-8")
+    drawn = re.search(r"^```mermaid\n(.*?)^```", page, re.M | re.S)
+    names = dict(re.findall(r'(\w+)\["([\w/]+)/"\]', drawn[1]))
+    arrows = {(names.get(a, a), names.get(b, b))
+              for a, b in re.findall(r"(\w+)(?:\[[^]]*\])? --> (\w+)", drawn[1])}
+    linked = linked_folders(root, tracked)
+    for a, b in sorted(linked - arrows):
+        problems.append(f"docs/architecture.md: the map lacks the arrow from {a}/ to {b}/")
+    for a, b in sorted(arrows - linked):
+        problems.append(f"docs/architecture.md: the map has an arrow from {a}/ to {b}/, CMake has not")
+
+
+def check_paths(root, problems):
+    """Files that the recipes name are there; those with NAME in them are to be made."""
+    page = (root / "docs/architecture.md").read_text(encoding="utf-8")
+    for path in re.findall(r"`((?:\w+/)+[\w.*-]+)`", page[page.index("## Recipes"):]):
+        if "NAME" not in path and not any(root.glob(path)):
+            problems.append(f"docs/architecture.md: {path} is not there")
+
+
+def check_version(root, problems):
+    version = re.search(r"project\(brovanta VERSION (\S+)", (root / "CMakeLists.txt").read_text("utf-8"))
+    latest = re.search(r"^## \[(\d\S*)\]", (root / "CHANGELOG.md").read_text("utf-8"), re.M)
+    if latest[1] != version[1]:
+        problems.append(f"CHANGELOG.md: the latest version is {latest[1]}, CMake has {version[1]}")
+
+
+def check_decisions(root, tracked, problems):
+    """A page each, short, numbered without gaps, all of them in the list."""
+    index = (root / "docs/decisions/README.md").read_text(encoding="utf-8")
+    pages = [path for path in tracked("docs/decisions/*.md") if not path.endswith("README.md")]
+    for number, path in enumerate(sorted(pages), 1):
+        text = (root / path).read_text(encoding="utf-8")
+        if not pathlib.PurePath(path).name.startswith(f"{number:04}-"):
+            problems.append(f"{path}: its number should be {number}")
+        if pathlib.PurePath(path).name not in index:
+            problems.append(f"{path}: docs/decisions/README.md does not list it")
+        if text.count("\n") > 30:
+            problems.append(f"{path}: at most 30 lines")
+        for part in ("Context", "Decision", "What follows", "Set aside"):
+            if f"**{part}.**" not in text:
+                problems.append(f"{path}: without \"{part}\"")
+
+
 def check(root, tracked, problems):
     pages = tracked("*.md")
     guide = [page for page in pages if pathlib.PurePath(page).parent == pathlib.PurePath("docs/guide")]
@@ -152,3 +213,7 @@ def check(root, tracked, problems):
     check_quotes(root, tracked, guide, problems)
     check_pictures(root, guide, problems)
     check_keys(root, tracked, problems)
+    check_map(root, tracked, problems)
+    check_paths(root, problems)
+    check_version(root, problems)
+    check_decisions(root, tracked, problems)
