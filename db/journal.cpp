@@ -1,5 +1,6 @@
 #include "db/journal.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <utility>
@@ -24,6 +25,14 @@ int Read(File& file, std::optional<std::vector<UndoRecord>>& records) {
   if (size < 0) return ERR_IO;
   if (size == 0) records.emplace();
   if (size == 0 || size > platform::kLargestWholeFile) return 0;
+  // A large file that is none of ours is not even read.
+  std::array<std::byte, journal_layout::kFirstRecord> first;
+  const std::int64_t count = file.ReadAt(0, first);
+  if (count < 0) return ERR_IO;
+  if (!IsJournalStart(std::span(first).first(static_cast<std::size_t>(count)),
+                      static_cast<std::uint64_t>(size))) {
+    return 0;
+  }
   std::vector<std::byte> bytes(static_cast<std::size_t>(size));
   if (file.ReadAt(0, bytes) != size) return ERR_IO;
   records = DecodeJournal(bytes);
@@ -38,28 +47,40 @@ struct FilesToPutBack {
   bool fit = true;                   // false: the files are not those that the journal speaks of
 };
 
+// Opens the file of a record that overwrites, unless it is open already.
+int OpenOverwritten(const std::string& path, const UndoRecord& record, FilesToPutBack& to) {
+  std::size_t& index = to.file_of.back();
+  while (index < to.paths.size() && to.paths[index] != path) ++index;
+  if (index == to.paths.size()) {
+    File file;
+    if (!platform::FileExists(path)) {
+      to.fit = false;
+      return 0;
+    }
+    if (!file.Open(path, File::Mode::kReadWrite)) return ERR_OPEN;
+    to.files.push_back(std::move(file));
+    to.paths.push_back(path);
+  }
+  const std::int64_t size = to.files[index].Size();
+  if (size < 0) return ERR_IO;
+  // No change makes a file shorter.
+  if (size < record.old_size) to.fit = false;
+  return 0;
+}
+
+// Looks at every file before the first one changes. One that is put back whole is only asked for:
+// holding it would keep ourselves out.
 int OpenFiles(const std::string& folder, std::span<const UndoRecord> records, FilesToPutBack& to) {
   for (const UndoRecord& record : records) {
     to.file_of.push_back(0);
-    if (record.kind != UndoKind::kOverwritten) continue;
     const std::string path = folder + record.name;
-    std::size_t index = 0;
-    while (index < to.paths.size() && to.paths[index] != path) ++index;
-    to.file_of.back() = index;
-    if (index == to.paths.size()) {
-      File file;
-      if (!platform::FileExists(path)) {
-        to.fit = false;
-        return 0;
-      }
-      if (!file.Open(path, File::Mode::kReadWrite)) return ERR_OPEN;
-      to.files.push_back(std::move(file));
-      to.paths.push_back(path);
+    if (platform::IsOtherThanFile(path)) to.fit = false;
+    if (!to.fit) return 0;
+    if (record.kind == UndoKind::kOverwritten) {
+      if (const int code = OpenOverwritten(path, record, to); code != 0) return code;
+    } else if (File file; platform::FileExists(path) && !file.Open(path, File::Mode::kReadWrite)) {
+      return ERR_OPEN;
     }
-    const std::int64_t size = to.files[index].Size();
-    if (size < 0) return ERR_IO;
-    // No change makes a file shorter.
-    if (size < record.old_size) to.fit = false;
   }
   return 0;
 }
@@ -110,6 +131,11 @@ int RollBackJournal(const std::string& path) {
   if (const int code = Follow(folder, *records, fit); code != 0) return code;
   if (!fit) return SetAside(path);
   return MakeEmpty(journal) ? 0 : ERR_IO;
+}
+
+bool MayHoldRecords(const std::string& path) {
+  const std::int64_t size = platform::SizeOfFile(path);
+  return size < 0 || size > static_cast<std::int64_t>(journal_layout::kEmptySize);
 }
 
 bool PutBack(File& file, const UndoRecord& record) {

@@ -23,6 +23,11 @@ namespace brovanta {
 /// put back. After an error the journal stands, to be rolled back another time.
 [[nodiscard]] int RollBackJournal(const std::string& path);
 
+/// Whether the journal may have something to roll back; asks the system for its size only. While
+/// this says no, a record file that the asker holds open is no half of a change: whoever changes it
+/// holds it from before the records are written until they are gone.
+[[nodiscard]] bool MayHoldRecords(const std::string& path);
+
 /// Puts the file back as the record says, for a record that overwrites. Does not sync. False when
 /// the file could not be written.
 [[nodiscard]] bool PutBack(platform::File& file, const UndoRecord& record);

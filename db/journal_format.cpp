@@ -1,5 +1,7 @@
 #include "db/journal_format.h"
 
+#include <algorithm>
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -31,7 +33,7 @@ std::size_t EncodedSize(const UndoRecord& record) {
 // The name of a file in the folder itself or in that of the results, which cannot lead anywhere
 // else.
 bool IsName(std::string_view name) {
-  if (name.size() > kLongestUndoName) return false;
+  if (name.size() > kLongestUndoName || name == kJournalName) return false;
   constexpr std::string_view kFolder = kResultsFolder;
   if (name.starts_with(kFolder) && name.substr(kFolder.size()).starts_with('/')) {
     name.remove_prefix(kFolder.size() + 1);
@@ -77,6 +79,15 @@ std::optional<UndoRecord> DecodeRecord(std::span<const std::byte> bytes, std::ui
   return MakesSense(record) ? std::optional(std::move(record)) : std::nullopt;
 }
 
+// No change writes into a file and replaces it as well; whoever put both back would stand in his
+// own way.
+bool AgreeOnKinds(std::span<const UndoRecord> records) {
+  std::map<std::string_view, UndoKind> kinds;
+  return std::all_of(records.begin(), records.end(), [&kinds](const UndoRecord& record) {
+    return kinds.try_emplace(record.name, record.kind).first->second == record.kind;
+  });
+}
+
 }  // namespace
 
 std::vector<std::byte> EncodeEmptyJournal() {
@@ -110,20 +121,23 @@ std::vector<std::byte> EncodeJournal(std::span<const UndoRecord> records) {
   return bytes;
 }
 
-std::optional<std::vector<UndoRecord>> DecodeJournal(std::span<const std::byte> bytes) {
-  if (bytes.size() < header::kEmptySize ||
-      LoadLittle<std::uint32_t>(bytes.data() + header::kMagic) != JOURNAL_MAGIC ||
-      LoadLittle<std::uint32_t>(bytes.data() + header::kVersion) != kJournalVersion) {
-    return std::nullopt;
+bool IsJournalStart(std::span<const std::byte> first, std::uint64_t size) {
+  if (first.size() < header::kEmptySize ||
+      LoadLittle<std::uint32_t>(first.data() + header::kMagic) != JOURNAL_MAGIC ||
+      LoadLittle<std::uint32_t>(first.data() + header::kVersion) != kJournalVersion) {
+    return false;
   }
+  return size == header::kEmptySize ||
+         (first.size() >= header::kFirstRecord &&
+          LoadLittle<std::uint64_t>(first.data() + header::kLength) == size &&
+          LoadLittle<std::uint32_t>(first.data() + header::kChecksum) ==
+              Crc32(first.first(header::kChecksum)));
+}
+
+std::optional<std::vector<UndoRecord>> DecodeJournal(std::span<const std::byte> bytes) {
+  if (!IsJournalStart(bytes, bytes.size())) return std::nullopt;
   std::vector<UndoRecord> records;
   if (bytes.size() == header::kEmptySize) return records;
-  if (bytes.size() < header::kFirstRecord ||
-      LoadLittle<std::uint64_t>(bytes.data() + header::kLength) != bytes.size() ||
-      LoadLittle<std::uint32_t>(bytes.data() + header::kChecksum) !=
-          Crc32(bytes.first(header::kChecksum))) {
-    return std::nullopt;
-  }
   const auto count = LoadLittle<std::uint32_t>(bytes.data() + header::kCount);
   std::uint32_t sum = Crc32(bytes.first(header::kChecksum));
   std::span<const std::byte> rest = bytes.subspan(header::kFirstRecord);
@@ -133,7 +147,8 @@ std::optional<std::vector<UndoRecord>> DecodeJournal(std::span<const std::byte> 
     rest = rest.subspan(EncodedSize(*record));
     records.push_back(*std::move(record));
   }
-  return rest.empty() ? std::optional(std::move(records)) : std::nullopt;
+  if (!rest.empty() || !AgreeOnKinds(records)) return std::nullopt;
+  return records;
 }
 
 }  // namespace brovanta

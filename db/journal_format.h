@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace brovanta {
@@ -38,7 +39,11 @@ inline constexpr std::size_t kChecksumSize = 4;
 
 }  // namespace undo_layout
 
-inline constexpr std::size_t kLongestUndoName = 255;
+/// A file that is put back whole is written beside itself first, under a name seven bytes longer.
+inline constexpr std::size_t kLongestUndoName = 248;
+
+/// The journal's own name, which no record may have.
+inline constexpr std::string_view kJournalName = "backup.dat";
 
 enum class UndoKind : std::uint32_t {
   kOverwritten = 1,  ///< bytes of a file are written over, and the file may grow
@@ -63,9 +68,13 @@ struct UndoRecord {
 /// The bytes of a journal with these records.
 [[nodiscard]] std::vector<std::byte> EncodeJournal(std::span<const UndoRecord> records);
 
+/// Whether the first bytes of a file, kFirstRecord of them or all that there are, can begin a
+/// journal of `size` bytes: what does not is not worth being read whole.
+[[nodiscard]] bool IsJournalStart(std::span<const std::byte> first, std::uint64_t size);
+
 /// The records of a journal, none for an empty one; nothing unless every byte is as EncodeJournal
-/// writes it and every record makes sense: a journal that is foreign, or was not written to its
-/// end.
+/// writes it and every record makes sense, and no file is changed in two ways: a journal that is
+/// foreign, or was not written to its end.
 [[nodiscard]] std::optional<std::vector<UndoRecord>> DecodeJournal(
     std::span<const std::byte> bytes);
 

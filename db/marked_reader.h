@@ -39,6 +39,9 @@ class MarkedReader {
   [[nodiscard]] int Open(const std::string& path, platform::File::Mode mode, std::size_t first_mark,
                          FileImage* image = nullptr);
 
+  /// Lets the file go; the reader can be opened anew.
+  void Close() { *this = MarkedReader(frame_size_ - kWordSize); }
+
   /// Goes to the next record. False at the end mark (what stands behind it is ignored) and at an
   /// error; code() tells which.
   [[nodiscard]] bool Next() {

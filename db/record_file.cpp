@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "db/journal.h"
 #include "util/little_endian.h"
 
 namespace brovanta {
@@ -18,6 +19,20 @@ std::vector<std::byte> EmptyRecordFile(std::int32_t last_id) {
 }
 
 }  // namespace
+
+int OpenRecordFile(MarkedReader& reader, const std::string& path, platform::File::Mode mode,
+                   FileImage* image) {
+  const std::string journal = JournalBeside(path);
+  constexpr int kAttempts = 3;  // more than one only when programs end in the middle meanwhile
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    const int code = reader.Open(path, mode, kFirstRecordMark, image);
+    // Looked at while the file is locked: from here on nobody begins to change it.
+    if (!MayHoldRecords(journal)) return code;
+    reader.Close();
+    if (const int failed = RollBackJournal(journal); failed != 0) return failed;
+  }
+  return ERR_OPEN;
+}
 
 int OpenForAppend(UnitOfWork& work, const std::string& path, std::size_t record_size,
                   std::int32_t initial_last_id, AppendPlace& place) {

@@ -41,6 +41,12 @@ struct ProductFormat {
 template <typename Format>
 using RecordSpan = std::span<const std::byte, Format::kSize>;
 
+/// MarkedReader::Open for a file that a unit of work changes in place. What a program that ended in
+/// the middle left behind is rolled back first, whenever it did; ERR_OPEN while that cannot be
+/// done, or its other code: half a change is never read.
+[[nodiscard]] int OpenRecordFile(MarkedReader& reader, const std::string& path,
+                                 platform::File::Mode mode, FileImage* image = nullptr);
+
 /// MarkedReader over "discount.dat", "product.dat" or "purchase.dat":
 ///   RecordScanner<DiscountFormat> scan;
 ///   if (const int code = scan.Open(path); code != 0) return code;
@@ -49,9 +55,10 @@ using RecordSpan = std::span<const std::byte, Format::kSize>;
 template <typename Format>
 class RecordScanner {
  public:
-  /// 0, ERR_OPEN or ERR_FORMAT. Kept: opens for writing too, so that a read-only file is ERR_OPEN.
+  /// OpenRecordFile: 0, ERR_OPEN or ERR_FORMAT, or ERR_IO from a roll-back. Kept: opens for writing
+  /// too, so that a read-only file is ERR_OPEN.
   [[nodiscard]] int Open(const std::string& path, FileImage* image = nullptr) {
-    return reader_.Open(path, platform::File::Mode::kReadWrite, kFirstRecordMark, image);
+    return OpenRecordFile(reader_, path, platform::File::Mode::kReadWrite, image);
   }
   [[nodiscard]] bool Next() { return reader_.Next(); }
   [[nodiscard]] int code() const { return reader_.code(); }

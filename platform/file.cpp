@@ -174,4 +174,15 @@ bool FileExists(const std::string& path) {
   return errno != ENOENT && errno != ENOTDIR;
 }
 
+std::int64_t SizeOfFile(const std::string& path) {
+  struct stat status {};
+  if (Calls().Status(NativePath(path).c_str(), &status) == 0) return status.st_size;
+  return errno == ENOENT || errno == ENOTDIR ? 0 : -1;
+}
+
+bool IsOtherThanFile(const std::string& path) {
+  struct stat status {};
+  return Calls().Status(NativePath(path).c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+}
+
 }  // namespace brovanta::platform

@@ -83,6 +83,13 @@ class File {
 /// not.
 [[nodiscard]] bool FileExists(const std::string& path);
 
+/// The size in bytes of the file at the documented path: 0 when nothing stands there, -1 when the
+/// system does not tell.
+[[nodiscard]] std::int64_t SizeOfFile(const std::string& path);
+
+/// Whether something that is no regular file, such as a folder, is seen at the documented path.
+[[nodiscard]] bool IsOtherThanFile(const std::string& path);
+
 /// What became of putting a file in the place of another.
 enum class Replacement {
   kRefused,    ///< the old file stands untouched

@@ -89,7 +89,7 @@ int SavedSearches::LoadSavedSearches(const SavedSearchFilter& filter) {
   filter_ = filter;
   searches_.clear();
   MarkedReader reader(layout::kSize);
-  const int code = reader.Open(index_path_, platform::File::Mode::kRead, kFirstRecordMark);
+  const int code = OpenRecordFile(reader, index_path_, platform::File::Mode::kRead);
   if (code != 0) return code;
   while (reader.Next()) {
     const std::span<const std::byte> bytes(reader.record(), layout::kSize);
@@ -104,7 +104,7 @@ std::int32_t SavedSearches::DeleteSavedSearch(std::int32_t number) {
   const std::string journal = JournalBeside(index_path_);
   if (const int code = RollBackJournal(journal); code != 0) return code;
   MarkedReader reader(layout::kSize);
-  int code = reader.Open(index_path_, platform::File::Mode::kReadWrite, kFirstRecordMark);
+  int code = OpenRecordFile(reader, index_path_, platform::File::Mode::kReadWrite);
   if (code != 0) return code;
   const auto is_meant = [&reader, number] {
     return LoadLittle<std::int32_t>(reader.record() + layout::kNumber) == number;

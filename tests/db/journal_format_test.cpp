@@ -99,7 +99,7 @@ TEST(JournalFormatTest, ARecordThatLeadsOutOfTheFolderIsNotFollowed) {
         std::string("folder/product.dat"), std::string("WebSearch/"), std::string("WebSearch/.."),
         std::string("WebSearch/a/b"), std::string("WebSearch\\2.dat"),
         std::string("WebSearch//2.dat"), std::string(".."), std::string("."), std::string(),
-        std::string("a\0b", 3), std::string(256, 'a')}) {
+        std::string("a\0b", 3), std::string(249, 'a'), std::string("backup.dat")}) {
     UndoRecord record = LastIdOfAnEmptyFile();
     record.name = name;
     EXPECT_FALSE(DecodeJournal(EncodeJournal(std::span(&record, 1)))) << name;
@@ -123,6 +123,43 @@ TEST(JournalFormatTest, ARecordThatMakesNoSenseIsNotFollowed) {
         UndoRecord{static_cast<UndoKind>(4), "a", 0, 0, {}}}) {
     EXPECT_FALSE(DecodeJournal(EncodeJournal(std::span(&record, 1))));
   }
+}
+
+TEST(JournalFormatTest, ANameMayBeAsLongAsThePageSays) {
+  UndoRecord record = LastIdOfAnEmptyFile();
+  record.name = std::string(248, 'a');
+  EXPECT_TRUE(DecodeJournal(EncodeJournal(std::span(&record, 1))));
+}
+
+TEST(JournalFormatTest, AFileThatIsChangedInTwoWaysIsNotFollowed) {
+  for (const UndoRecord& other : {UndoRecord{UndoKind::kReplaced, "product.dat", 0, 0, {}},
+                                  UndoRecord{UndoKind::kMade, "product.dat", 0, 0, {}}}) {
+    EXPECT_FALSE(DecodeJournal(EncodeJournal(std::vector{LastIdOfAnEmptyFile(), other})));
+  }
+  EXPECT_TRUE(
+      DecodeJournal(EncodeJournal(std::vector{LastIdOfAnEmptyFile(), LastIdOfAnEmptyFile()})));
+}
+
+TEST(JournalFormatTest, LengthsBeyondTheEndAreNotFollowed) {
+  const Bytes whole = EncodeJournal(std::vector{LastIdOfAnEmptyFile()});
+  constexpr std::size_t kNameLength = 24 + 4;
+  constexpr std::size_t kByteCount = 24 + 24;
+  for (const std::size_t place : {kNameLength, kByteCount}) {
+    Bytes damaged = whole;
+    std::fill_n(damaged.begin() + static_cast<std::ptrdiff_t>(place), 4, std::byte{0xFF});
+    EXPECT_FALSE(DecodeJournal(damaged)) << place;
+  }
+}
+
+TEST(JournalFormatTest, TheFirstBytesTellAForeignFile) {
+  const Bytes whole = EncodeJournal(OneOfEachKind());
+  const auto start = std::span(whole).first(24);
+  EXPECT_TRUE(IsJournalStart(start, whole.size()));
+  EXPECT_FALSE(IsJournalStart(start, whole.size() + 1));
+  EXPECT_FALSE(IsJournalStart(start.first(23), whole.size()));
+  EXPECT_TRUE(IsJournalStart(EncodeEmptyJournal(), 8));
+  EXPECT_FALSE(IsJournalStart(Hex("81 38 01 00 01 00 00 00"), 8));
+  EXPECT_FALSE(IsJournalStart({}, 0));
 }
 
 }  // namespace

@@ -125,6 +125,73 @@ TEST_F(JournalTest, WhatSomeoneElseHoldsIsRolledBackLater) {
   EXPECT_EQ(folder_.ReadText("a.dat"), "0123");
 }
 
+TEST_F(JournalTest, WhatSomeoneElseHoldsKeepsEveryFileFromBeingPutBack) {
+  for (const UndoRecord& held : {UndoRecord{UndoKind::kReplaced, "held", 3, 0, Hex("6f 6c 64")},
+                                 UndoRecord{UndoKind::kMade, "held", 0, 0, {}}}) {
+    folder_.WriteText("a.dat", "XXXX");
+    folder_.WriteText("held", "new");
+    WriteJournal({{UndoKind::kOverwritten, "a.dat", 4, 0, Hex("30 31 32 33")}, held});
+    File holder;
+    ASSERT_TRUE(holder.Open(Path("held"), File::Mode::kRead));
+    EXPECT_EQ(RollBackJournal(Path()), ERR_OPEN);
+    EXPECT_EQ(folder_.ReadText("a.dat"), "XXXX");
+    EXPECT_EQ(folder_.ReadText("held"), "new");
+    holder.Close();
+    EXPECT_EQ(RollBackJournal(Path()), 0);
+    EXPECT_EQ(folder_.ReadText("a.dat"), "0123");
+  }
+}
+
+TEST_F(JournalTest, AFolderUnderARecordsNameSetsItAside) {
+  std::filesystem::create_directory(folder_.File("WebSearch"));
+  for (const UndoKind kind : {UndoKind::kOverwritten, UndoKind::kReplaced, UndoKind::kMade}) {
+    folder_.WriteText("a.dat", "XXXX");
+    WriteJournal(
+        {{UndoKind::kOverwritten, "a.dat", 4, 0, Hex("30")}, {kind, "WebSearch", 0, 0, {}}});
+    EXPECT_EQ(RollBackJournal(Path()), 0);
+    EXPECT_EQ(folder_.ReadText("a.dat"), "XXXX");
+    EXPECT_FALSE(folder_.Read(kJournal));
+  }
+  EXPECT_TRUE(std::filesystem::is_directory(folder_.File("WebSearch")));
+}
+
+TEST_F(JournalTest, AJournalThatNamesItselfIsSetAside) {
+  for (const UndoKind kind : {UndoKind::kOverwritten, UndoKind::kReplaced, UndoKind::kMade}) {
+    WriteJournal({{kind, kJournal, 0, 0, {}}});
+    EXPECT_EQ(RollBackJournal(Path()), 0);
+    EXPECT_FALSE(folder_.Read(kJournal));
+  }
+}
+
+TEST_F(JournalTest, OfAHugeForeignFileTheFirstBytesAreRead) {
+  class Reads : public platform::SystemCalls {
+   public:
+    ssize_t ReadAt(int descriptor, void* buffer, std::size_t size, off_t offset) override {
+      bytes += size;
+      return SystemCalls::ReadAt(descriptor, buffer, size, offset);
+    }
+    std::size_t bytes = 0;
+  };
+  folder_.WriteText(kJournal, "a backup of another kind");
+  std::filesystem::resize_file(folder_.File(kJournal), std::uintmax_t{200} << 20);
+  Reads reads;
+  const SystemCallsInUse in_use(reads);
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(reads.bytes, 24U);
+  EXPECT_TRUE(std::filesystem::exists(folder_.File("backup.dat.bad")));
+}
+
+TEST_F(JournalTest, MayHoldRecordsBeyondItsFirstWords) {
+  EXPECT_FALSE(MayHoldRecords(Path()));
+  for (const std::size_t size : {0U, 8U, 9U}) {
+    folder_.Write(kJournal, test::Run(size));
+    EXPECT_EQ(MayHoldRecords(Path()), size > 8) << size;
+  }
+  FaultyCalls calls(Fault::kIo, 1);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_TRUE(MayHoldRecords(Path()));
+}
+
 TEST_F(JournalTest, ARollBackThatFailsAnywhereIsDoneTheNextTime) {
   for (int k = 1;; ++k) {
     folder_.WriteText("a.dat", "01XX45XXXX");

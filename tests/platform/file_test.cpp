@@ -13,6 +13,8 @@
 #include <thread>
 #include <utility>
 
+#include "platform/system_calls.h"
+#include "tests/support/faulty_calls.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta::platform {
@@ -292,6 +294,20 @@ TEST_F(FileTest, ExistsTellsOfAnythingThatStandsThere) {
   EXPECT_TRUE(FileExists(folder_.path() + "\\data"));
   EXPECT_TRUE(FileExists(folder_.path()));
   EXPECT_FALSE(FileExists(""));
+}
+
+TEST_F(FileTest, SizeAndKindAreToldWithoutOpening) {
+  EXPECT_EQ(SizeOfFile(Path()), 0);
+  EXPECT_FALSE(IsOtherThanFile(Path()));
+  folder_.WriteText("data", "123");
+  EXPECT_EQ(SizeOfFile(folder_.path() + "\\data"), 3);
+  EXPECT_FALSE(IsOtherThanFile(folder_.path() + "\\data"));
+  EXPECT_TRUE(IsOtherThanFile(folder_.path()));
+  EXPECT_EQ(SizeOfFile(folder_.path() + "\\data\\in a file"), 0);
+  test::FaultyCalls calls(test::Fault::kIo, 1, true);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_EQ(SizeOfFile(Path()), -1);
+  EXPECT_FALSE(IsOtherThanFile(Path()));
 }
 
 }  // namespace

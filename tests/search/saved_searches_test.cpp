@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "db/journal_format.h"
 #include "platform/file.h"
 #include "tests/search/raw_searches.h"
 #include "tests/support/fixed_clock.h"
@@ -352,6 +353,28 @@ TEST_F(DeleteSavedSearchTest, FailedWriteLeavesTheEntry) {
   EXPECT_EQ(code, ERR_IO);
   EXPECT_THAT(Numbers(), ElementsAre(2));
   EXPECT_EQ(Index(), RawIndex(2, {{2}}));
+}
+
+TEST_F(SavedSearchesTest, HalfAChangeIsRolledBackBeforeTheIndexIsReadOrSought) {
+  const Bytes whole = RawIndex(2, {{}});
+  const auto tear = [&] {
+    const auto size = static_cast<std::int64_t>(whole.size());
+    folder_.Write("backup.dat", EncodeJournal(std::vector<UndoRecord>{
+                                    {UndoKind::kOverwritten, "websearch.dat", size, 0, whole}}));
+    WriteIndex(Join({test::Run(whole.size(), 0xEE), test::Run(30)}));
+  };
+  tear();
+  EXPECT_EQ(LoadAll(), 0);
+  EXPECT_THAT(Numbers(), ElementsAre(2));
+  EXPECT_EQ(Index(), whole);
+  tear();
+  EXPECT_EQ(saved_.DeleteSavedSearch(9), 0);
+  EXPECT_EQ(Index(), whole);
+  tear();
+  platform::File holder;
+  ASSERT_TRUE(holder.Open(Path("backup.dat"), platform::File::Mode::kReadWrite));
+  EXPECT_EQ(LoadAll(), ERR_OPEN);
+  EXPECT_THAT(Numbers(), IsEmpty());
 }
 
 }  // namespace
