@@ -109,7 +109,7 @@ std::optional<DiscountRecord> DiscountList::Add(std::int32_t id, std::int16_t so
 }
 
 std::size_t DiscountList::AddAll(std::span<NewDiscount> discounts) {
-  if (database_.RollBack() != 0) return 0;
+  if (discounts.empty() || database_.RollBack() != 0) return 0;
   // A list that cannot be written costs the discounts that need a new name in it, not the others.
   struct Attempt {
     bool new_stores;
@@ -126,6 +126,8 @@ std::size_t DiscountList::AddAll(std::span<NewDiscount> discounts) {
 
 std::optional<std::size_t> DiscountList::TryAddAll(std::span<NewDiscount> discounts,
                                                    NewNames& stores, NewNames& categories) {
+  UnitOfWork work(database_.paths().backup);
+  if (work.Begin() != 0) return std::nullopt;
   std::vector<DiscountRecord> records;
   for (NewDiscount& discount : discounts) {
     DiscountFields& fields = discount.fields;
@@ -134,7 +136,6 @@ std::optional<std::size_t> DiscountList::TryAddAll(std::span<NewDiscount> discou
     records.push_back(BuildRecord(discount.id, discount.source, fields));
   }
   if (records.empty()) return std::nullopt;  // then no name is needed either
-  UnitOfWork work(database_.paths().backup);
   if (stores.NoteSave(work) != 0 || categories.NoteSave(work) != 0 ||
       AppendRecords<DiscountFormat>(work, database_.paths().discount, records) != 0 ||
       work.Commit() != 0) {

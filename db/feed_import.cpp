@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "db/journal.h"
+#include "db/unit_of_work.h"
 #include "platform/text_file.h"
 #include "util/text.h"
 
@@ -76,6 +78,23 @@ int ImportCoupons(DiscountList& discounts, const std::string& path) {
     if (auto coupon = ParseCoupon(span->c_str())) coupons.push_back(std::move(*coupon));
   }
   discounts.AddAll(coupons);
+  return 0;
+}
+
+int ImportAndSaveList(NameList& names, const std::string& feed_path, const std::string& list_path) {
+  const std::string journal = JournalBeside(list_path);
+  if (const int code = RollBackJournal(journal); code != 0) return code;
+  // What the file does not take is not kept in memory either.
+  NameList updated = names;
+  UnitOfWork work(journal);
+  int code = work.Begin();
+  if (code == 0) code = updated.Refresh(list_path);
+  if (code == 0) code = ImportList(updated, feed_path);
+  if (code == 0) code = updated.NoteSave(work, list_path);
+  if (code == 0) code = work.Commit();
+  if (code != 0) return code;
+  updated.MarkSaved();
+  names = std::move(updated);
   return 0;
 }
 

@@ -23,4 +23,10 @@ namespace brovanta {
 /// then.
 [[nodiscard]] int ImportList(NameList& names, const std::string& path);
 
+/// ImportList and the writing of the list, as one step: entries that another program has put into
+/// the file since stay. Codes as above, or those of NameList::Save; the list in memory is as before
+/// then.
+[[nodiscard]] int ImportAndSaveList(NameList& names, const std::string& feed_path,
+                                    const std::string& list_path);
+
 }  // namespace brovanta

@@ -92,10 +92,13 @@ int Follow(const std::string& folder, std::span<const UndoRecord> records, bool&
   fit = files.fit;
   if (!fit) return 0;
   for (std::size_t i = 0; i < records.size(); ++i) {
-    const bool done = records[i].kind == UndoKind::kOverwritten
-                          ? PutBack(files.files[files.file_of[i]], records[i])
-                          : PutBackWhole(folder + records[i].name, records[i]);
-    if (!done) return ERR_IO;
+    int code = 0;
+    if (records[i].kind == UndoKind::kOverwritten) {
+      code = PutBack(files.files[files.file_of[i]], records[i]) ? 0 : ERR_IO;
+    } else {
+      code = PutBackWhole(folder + records[i].name, records[i]);
+    }
+    if (code != 0) return code;
   }
   for (File& file : files.files) {
     if (!file.Sync()) return ERR_IO;
@@ -143,9 +146,11 @@ bool PutBack(File& file, const UndoRecord& record) {
   return file.Size() == record.old_size || file.Truncate(record.old_size);
 }
 
-bool PutBackWhole(const std::string& path, const UndoRecord& record) {
-  if (record.kind == UndoKind::kMade) return platform::RemoveFile(path);
-  return platform::ReplaceFile(path, record.old_bytes);
+int PutBackWhole(const std::string& path, const UndoRecord& record) {
+  if (record.kind == UndoKind::kMade) return platform::RemoveFile(path) ? 0 : ERR_IO;
+  const platform::Replacement result = platform::TryReplaceFile(path, record.old_bytes);
+  if (result == platform::Replacement::kHeld) return ERR_OPEN;
+  return result == platform::Replacement::kDone ? 0 : ERR_IO;
 }
 
 int Journal::Hold(const std::string& path) {

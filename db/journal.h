@@ -32,8 +32,9 @@ namespace brovanta {
 /// the file could not be written.
 [[nodiscard]] bool PutBack(platform::File& file, const UndoRecord& record);
 
-/// The same for a file that was replaced or made; synced.
-[[nodiscard]] bool PutBackWhole(const std::string& path, const UndoRecord& record);
+/// The same for a file that was replaced or made; synced. 0, ERR_OPEN when someone else holds it,
+/// or ERR_IO.
+[[nodiscard]] int PutBackWhole(const std::string& path, const UndoRecord& record);
 
 /// The journal of one unit of work.
 class Journal {

@@ -1,6 +1,7 @@
 #include "db/name_list.h"
 
 #include <limits>
+#include <set>
 #include <span>
 #include <utility>
 
@@ -35,37 +36,47 @@ int NoteCopy(UnitOfWork& work, const std::string& path) {
 
 int NameList::Load(const std::string& path) {
   Clear();
-  const int code = Read(path);
+  const int code = Read(path, Winner::kFile);
   loaded_ = code == 0;
   return code;
 }
 
-// Adds the entries of the file that are not in the list yet.
-int NameList::Read(const std::string& path) {
+// Adds the entries of the file; `winner` says which of two with one id stays.
+int NameList::Read(const std::string& path, Winner winner) {
   MarkedReader reader(list_layout::kSize);
   const int code = reader.Open(path, platform::File::Mode::kRead, kFirstListMark);
   if (code != 0) return code;
-  NameList stored;
+  std::set<std::int32_t> held;
+  if (winner == Winner::kHeld) {
+    for (const auto& [id, item] : items_) held.insert(id);
+  }
   int result = 0;
   while (result == 0 && reader.Next()) {
     const ListItem item = DecodeListItem(
         std::span<const std::byte, list_layout::kSize>(reader.record(), list_layout::kSize));
     if (item.Id < 1) {
       result = ERR_IO;
-    } else {
-      stored.Insert(item);
+    } else if (!held.contains(item.Id)) {
+      Insert(item);
     }
   }
-  items_.merge(stored.items_);
   return result != 0 ? result : reader.code();
 }
 
 int NameList::EnsureLoaded(const std::string& path) {
   // A missing file is looked for again next time: its folder may only be out of reach.
   if (loaded_ || !platform::FileExists(path)) return 0;
-  const int code = Read(path);
+  const int code = Read(path, Winner::kHeld);
   loaded_ = code == 0;
   return code == ERR_OPEN ? code : 0;
+}
+
+int NameList::Refresh(const std::string& path) {
+  if (!loaded_ || !platform::FileExists(path)) return EnsureLoaded(path);
+  const int code = Read(path, Winner::kFile);
+  if (code == ERR_OPEN) return code;
+  loaded_ = code == 0;  // damaged since: to be kept aside
+  return 0;
 }
 
 int NameList::Save(const std::string& path) {

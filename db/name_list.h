@@ -42,6 +42,12 @@ class NameList {
   /// damaged one what can be read is taken. 0, or ERR_OPEN when there is a file that does not open.
   [[nodiscard]] int EnsureLoaded(const std::string& path);
 
+  /// Takes over what another program has written since: the file's entries win over those held
+  /// here. A list that was not loaded goes through EnsureLoaded instead. Whoever is about to add
+  /// and write calls this in a unit of work that has begun; so no program overwrites what another
+  /// one added. 0, or ERR_OPEN when there is a file that does not open.
+  [[nodiscard]] int Refresh(const std::string& path);
+
   /// Rewrites the file whole. A list that was not loaded goes through EnsureLoaded first, and the
   /// bytes of a damaged file are kept in "<name>.bad" (a number behind it where that is taken). 0
   /// or an error code; with an error the old file stands as it was.
@@ -78,7 +84,8 @@ class NameList {
   [[nodiscard]] auto end() const { return items_.end(); }
 
  private:
-  [[nodiscard]] int Read(const std::string& path);
+  enum class Winner { kHeld, kFile };
+  [[nodiscard]] int Read(const std::string& path, Winner winner);
 
   std::map<std::int32_t, ListItem> items_;
   std::int32_t cursor_ = 0;  // id of the entry handed out last

@@ -11,7 +11,9 @@ namespace brovanta {
 
 /// Puts new names into a list and gives their references the ids. Unless Keep is called, the
 /// destructor takes the names out again and gives the references id 0 back: a name that the file
-/// does not take is not kept in memory either. List and references are borrowed.
+/// does not take is not kept in memory either. List and references are borrowed. The unit of work
+/// that saves the names has begun before the first Resolve: the ids are free in the file then, and
+/// stay so.
 class NewNames {
  public:
   /// `may_add` false refuses every new name.

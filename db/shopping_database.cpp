@@ -24,12 +24,13 @@ void AppendName(std::string& path, std::string_view name) {
 
 int Resolve(NameList& list, const std::string& path, const std::string& journal_path,
             NameRef* reference) {
-  if (reference == nullptr) return 0;
-  NewNames names(list, path);
-  if (const int code = names.Resolve(*reference); code != 0 || names.empty()) return code;
+  if (reference == nullptr || reference->Id != 0) return 0;
   UnitOfWork work(journal_path);
-  if (const int code = names.NoteSave(work); code != 0) return code;
-  const int code = work.Commit();
+  NewNames names(list, path);
+  int code = work.Begin();
+  if (code == 0) code = names.Resolve(*reference);
+  if (code == 0) code = names.NoteSave(work);
+  if (code == 0) code = work.Commit();
   if (code == 0) names.Keep();
   return code;
 }

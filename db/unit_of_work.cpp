@@ -50,10 +50,17 @@ const std::string& UnitOfWork::PathOf(const Change& change) const {
   return IsWhole(change) ? change.path : files_[change.file].path;
 }
 
+int UnitOfWork::Begin() {
+  if (is_begun_) return 0;
+  const int code = journal_.Hold(journal_path_);
+  is_begun_ = code == 0;
+  return code;
+}
+
 int UnitOfWork::Commit() {
   if (changes_.empty()) return 0;
   // Held even where nothing is written into it, so that no roll-back comes between.
-  int code = journal_.Hold(journal_path_);
+  int code = Begin();
   for (std::size_t i = 0; i < changes_.size() && code == 0; ++i) code = NoteUndo(changes_[i]);
   if (code == 0 && NeedsJournal()) code = WriteJournal();
   if (code == 0) {
@@ -123,7 +130,9 @@ int UnitOfWork::CarryOutAll() {
 int UnitOfWork::CarryOutWhole(const Change& change) {
   if (change.kind == Kind::kReplace) {
     const platform::Replacement result = platform::TryReplaceFile(change.path, change.bytes);
-    if (result != platform::Replacement::kRefused) ++begun_;
+    const bool stands =
+        result == platform::Replacement::kDone || result == platform::Replacement::kNotSynced;
+    if (stands) ++begun_;
     return result == platform::Replacement::kDone ? 0 : ERR_OPEN;
   }
   platform::File held;  // nobody else has it
@@ -158,10 +167,10 @@ bool UnitOfWork::SyncFiles() {
 }
 
 bool UnitOfWork::PutBackChange(const Change& change, const UndoRecord& undo) {
-  if (IsWhole(change)) return PutBackWhole(change.path, undo);
+  if (IsWhole(change)) return PutBackWhole(change.path, undo) == 0;
   OpenFile& open = files_[change.file];
   if (!open.is_new) return PutBack(open.file, undo);
-  return change.kind != Kind::kMake || PutBackWhole(open.path, undo);
+  return change.kind != Kind::kMake || PutBackWhole(open.path, undo) == 0;
 }
 
 // Putting overwritten bytes back needs no new space, so that a full disk does not stand in its

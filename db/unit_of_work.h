@@ -30,6 +30,10 @@ class UnitOfWork {
   UnitOfWork& operator=(const UnitOfWork&) = delete;
   ~UnitOfWork() = default;
 
+  /// Takes the journal now instead of in Commit: what is read from here on is true until then, of
+  /// files too that are replaced and so cannot be held open. 0 or ERR_OPEN.
+  [[nodiscard]] int Begin();
+
   /// Takes over an open file; changes and reads name it by the index.
   FileIndex Adopt(platform::File file, std::string path);
   [[nodiscard]] platform::File& file(FileIndex index) { return files_[index].file; }
@@ -84,6 +88,7 @@ class UnitOfWork {
 
   std::string journal_path_;
   Journal journal_;
+  bool is_begun_ = false;
   std::vector<OpenFile> files_;
   std::vector<Change> changes_;
   std::vector<UndoRecord> undos_;  // one for each change, filled before the first is carried out

@@ -92,7 +92,8 @@ class File {
 
 /// What became of putting a file in the place of another.
 enum class Replacement {
-  kRefused,    ///< the old file stands untouched
+  kHeld,       ///< the old file stands untouched: someone else holds it, or it may not be written
+  kRefused,    ///< the old file stands untouched: the new one could not be written
   kDone,       ///< the new file stands and has reached the storage device
   kNotSynced,  ///< the new file stands, but the next power loss may bring the old one back
 };

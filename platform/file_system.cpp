@@ -85,7 +85,7 @@ Replacement TryReplaceFile(const std::string& path, std::span<const std::byte> b
   File held;  // until the new file stands
   if (Calls().LinkStatus(native.c_str(), &status) == 0) {
     old = &status;
-    if (!held.Open(native, File::Mode::kReadWrite)) return Replacement::kRefused;
+    if (!held.Open(native, File::Mode::kReadWrite)) return Replacement::kHeld;
   } else if (errno != ENOENT) {
     return Replacement::kRefused;
   }

@@ -28,15 +28,6 @@ constexpr SharedList kStores{"stores", &ShoppingDatabase::stores, &DatabasePaths
 constexpr SharedList kCategories{"categories", &ShoppingDatabase::categories,
                                  &DatabasePaths::category, &CategoriesRequest};
 
-std::int32_t ImportAndSave(NameList& names, const std::string& feed, const std::string& path) {
-  // What the file does not take is not kept in memory either.
-  NameList imported = names;
-  std::int32_t code = ImportList(imported, feed);
-  if (code == 0) code = imported.Save(path);
-  if (code == 0) names = std::move(imported);
-  return code;
-}
-
 std::int32_t CopyFile(const std::string& from, const std::string& to) {
   std::string bytes;
   if (const int code = platform::ReadWholeFile(from, bytes); code != 0) return code;
@@ -141,8 +132,8 @@ std::int32_t UpdateSequence::BringList(const SharedList& shared) {
   if (code == 0) code = Download(url);
   if (code != 0) return code;
   return WithDatabase([&](ShoppingDatabase& database) {
-    return ImportAndSave((database.*shared.list)(), job_.scratch_path,
-                         database.paths().*shared.path);
+    return ImportAndSaveList((database.*shared.list)(), job_.scratch_path,
+                             database.paths().*shared.path);
   });
 }
 

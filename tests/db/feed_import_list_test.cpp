@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string>
 
+#include "db/error_codes.h"
 #include "tests/db/feed_fixture.h"
 
 namespace brovanta::test {
@@ -87,6 +88,34 @@ TEST_F(FeedImportListTest, LargestIdIsTaken) {
       List("<IT><ID>2147483647</ID><NM>last</NM></IT><IT><ID>9999999999</ID><NM>same</NM></IT>"),
       0);
   EXPECT_EQ(Names(), "2147483647=same");
+}
+
+TEST_F(FeedImportListTest, ImportAndSaveKeepsWhatAnotherProgramAdded) {
+  const std::string path = folder_.File("other.lst");
+  names_.Insert({7, FixedText<kNameSize>("Corner Shop"), 0});
+  ASSERT_EQ(names_.Save(path), 0);
+  NameList theirs = names_;
+  theirs.Insert({5000, FixedText<kNameSize>("Theirs"), 0});
+  ASSERT_EQ(theirs.Save(path), 0);
+  folder_.WriteText("update.dat", "<IT><ID>7</ID><NM>Mega Market</NM></IT>");
+  ASSERT_EQ(ImportAndSaveList(names_, feed(), path), 0);
+  EXPECT_EQ(Names(), "7=Mega Market 5000=Theirs");
+  ASSERT_EQ(theirs.Load(path), 0);
+  EXPECT_EQ(theirs.Find(7)->Name.view(), "Mega Market");
+  EXPECT_EQ(theirs.size(), 2U);
+}
+
+TEST_F(FeedImportListTest, ImportAndSaveThatFailsLeavesTheListInMemory) {
+  const std::string path = folder_.File("other.lst");
+  folder_.WriteText("update.dat", "<IT><ID>7</ID><NM>Mega Market</NM></IT>");
+  platform::File holder;
+  ASSERT_EQ(NameList().Save(path), 0);
+  ASSERT_TRUE(holder.Open(path, platform::File::Mode::kRead));
+  EXPECT_EQ(ImportAndSaveList(names_, feed(), path), ERR_OPEN);
+  holder.Close();
+  ASSERT_TRUE(holder.Open(folder_.File("backup.dat"), platform::File::Mode::kRead));
+  EXPECT_EQ(ImportAndSaveList(names_, feed(), path), ERR_OPEN);
+  EXPECT_TRUE(names_.empty());
 }
 
 }  // namespace

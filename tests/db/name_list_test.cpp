@@ -219,6 +219,49 @@ TEST_F(NameListTest, EnsureLoadedTakesAMissingFileAsEmptyAndLooksAgainLater) {
   EXPECT_EQ(Ids(list_), IdList{7});
 }
 
+TEST_F(NameListTest, RefreshTakesOverWhatAnotherProgramWrote) {
+  ASSERT_EQ(Load(RawListFile({RawItem(7, "a"), RawItem(8, "b")})), 0);
+  const ListItem* const held = list_.Find(8);
+  folder_.Write("store.lst", RawListFile({RawItem(8, "renamed"), RawItem(5000, "theirs")}));
+  ASSERT_EQ(list_.Refresh(path_), 0);
+  EXPECT_EQ(Ids(list_), (IdList{7, 8, 5000}));
+  EXPECT_EQ(held->Name.view(), "renamed");
+  EXPECT_EQ(list_.NextOwnId(), 5001);
+}
+
+TEST_F(NameListTest, RefreshOfAListThatWasNotLoadedKeepsWhatIsHeld) {
+  folder_.Write("store.lst", RawListFile({RawItem(7, "theirs"), RawItem(8, "old")}));
+  list_.Insert(Item(8, "new"));
+  ASSERT_EQ(list_.Refresh(path_), 0);
+  EXPECT_EQ(list_.Find(8)->Name.view(), "new");
+  EXPECT_EQ(list_.Find(7)->Name.view(), "theirs");
+}
+
+TEST_F(NameListTest, RefreshKeepsAListWhoseFileIsMissing) {
+  ASSERT_EQ(Load(RawListFile({RawItem(7, "a")})), 0);
+  std::filesystem::remove(folder_.File("store.lst"));
+  EXPECT_EQ(list_.Refresh(path_), 0);
+  EXPECT_EQ(Ids(list_), IdList{7});
+}
+
+TEST_F(NameListTest, AFileThatWasDamagedSinceItWasLoadedIsKeptAside) {
+  ASSERT_EQ(Load(RawListFile({RawItem(7, "a")})), 0);
+  folder_.WriteText("store.lst", "damaged");
+  ASSERT_EQ(list_.Refresh(path_), 0);
+  EXPECT_FALSE(list_.loaded());
+  ASSERT_EQ(list_.Save(path_), 0);
+  EXPECT_EQ(folder_.ReadText("store.lst.bad"), "damaged");
+  EXPECT_EQ(folder_.Read("store.lst"), RawListFile({RawItem(7, "a")}));
+}
+
+TEST_F(NameListTest, RefreshOfAFileThatSomeoneHoldsChangesNothing) {
+  ASSERT_EQ(Load(RawListFile({RawItem(7, "a")})), 0);
+  platform::File holder;
+  ASSERT_TRUE(holder.Open(path_, platform::File::Mode::kRead));
+  EXPECT_EQ(list_.Refresh(path_), ERR_OPEN);
+  EXPECT_TRUE(list_.loaded());
+}
+
 TEST_F(NameListTest, ADamagedFileIsKeptAsideWhenTheListIsSaved) {
   const Bytes damaged = Join({FileMagic(), RecordMark(), RawItem(1, "a"), Hex("99")});
   ASSERT_EQ(Load(damaged), ERR_FORMAT);

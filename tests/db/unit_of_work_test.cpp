@@ -344,6 +344,18 @@ TEST_F(UnitOfWorkTest, WhileSomeoneElseHoldsTheJournalNothingChanges) {
   EXPECT_TRUE(change.IsOld());
 }
 
+TEST_F(UnitOfWorkTest, AUnitThatHasBegunKeepsOthersOutUntilItIsCommitted) {
+  UnitOfWork work(Path("backup.dat"));
+  ASSERT_EQ(work.Begin(), 0);
+  ASSERT_EQ(work.Begin(), 0);
+  UnitOfWork other(Path("backup.dat"));
+  EXPECT_EQ(other.Begin(), ERR_OPEN);
+  work.Replace(Path("store.lst"), Hex("41"));
+  ASSERT_EQ(work.Commit(), 0);
+  EXPECT_EQ(other.Begin(), 0);
+  EXPECT_EQ(folder_.Read("store.lst"), Hex("41"));
+}
+
 TEST_F(UnitOfWorkTest, AnEmptyUnitCommits) {
   UnitOfWork work(Path("backup.dat"));
   EXPECT_EQ(work.Commit(), 0);
