@@ -135,6 +135,8 @@ std::optional<std::size_t> DiscountList::TryAddAll(std::span<NewDiscount> discou
     if (fields.category && categories.Resolve(*fields.category) != 0) continue;
     records.push_back(BuildRecord(discount.id, discount.source, fields));
   }
+  // A list that cannot be read now costs no single discounts.
+  if (stores.unreadable() || categories.unreadable()) return std::nullopt;
   if (records.empty()) return std::nullopt;  // then no name is needed either
   if (stores.NoteSave(work) != 0 || categories.NoteSave(work) != 0 ||
       AppendRecords<DiscountFormat>(work, database_.paths().discount, records) != 0 ||

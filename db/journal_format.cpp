@@ -139,6 +139,7 @@ std::optional<std::vector<UndoRecord>> DecodeJournal(std::span<const std::byte> 
   std::vector<UndoRecord> records;
   if (bytes.size() == header::kEmptySize) return records;
   const auto count = LoadLittle<std::uint32_t>(bytes.data() + header::kCount);
+  if (count == 0) return std::nullopt;  // written without need, and in the way of readers
   std::uint32_t sum = Crc32(bytes.first(header::kChecksum));
   std::span<const std::byte> rest = bytes.subspan(header::kFirstRecord);
   for (std::uint32_t i = 0; i < count; ++i) {

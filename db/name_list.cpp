@@ -74,8 +74,8 @@ int NameList::EnsureLoaded(const std::string& path) {
 int NameList::Refresh(const std::string& path) {
   if (!loaded_ || !platform::FileExists(path)) return EnsureLoaded(path);
   const int code = Read(path, Winner::kFile);
-  if (code == ERR_OPEN) return code;
-  loaded_ = code == 0;  // damaged since: to be kept aside
+  if (code == ERR_OPEN || code == ERR_IO) return code;  // what is held is right, to all appearances
+  loaded_ = code == 0;                                  // damaged since: to be kept aside
   return 0;
 }
 

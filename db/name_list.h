@@ -45,7 +45,7 @@ class NameList {
   /// Takes over what another program has written since: the file's entries win over those held
   /// here. A list that was not loaded goes through EnsureLoaded instead. Whoever is about to add
   /// and write calls this in a unit of work that has begun; so no program overwrites what another
-  /// one added. 0, or ERR_OPEN when there is a file that does not open.
+  /// one added. 0, ERR_OPEN when a file does not open, or ERR_IO when it is not read to its end.
   [[nodiscard]] int Refresh(const std::string& path);
 
   /// Rewrites the file whole. A list that was not loaded goes through EnsureLoaded first, and the

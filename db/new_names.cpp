@@ -14,7 +14,13 @@ NewNames::~NewNames() {
 int NewNames::Resolve(NameRef& reference) {
   if (reference.Id != 0) return 0;
   if (!may_add_) return ERR_IO;
-  if (const int code = list_.Refresh(path_); code != 0) return code;
+  if (!refreshed_) {
+    if (const int code = list_.Refresh(path_); code != 0) {
+      unreadable_ = true;
+      return code;
+    }
+    refreshed_ = true;
+  }
   const std::optional<std::int32_t> id = list_.NextOwnId();
   if (!id) return ERR_IO;
   ListItem item;

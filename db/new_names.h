@@ -24,8 +24,11 @@ class NewNames {
   ~NewNames();
 
   /// A reference with an id is left alone; another one gets the next own id, an empty name as well.
-  /// 0, or ERR_IO when there is no id left or no name may be added, or the list's ERR_OPEN.
+  /// 0, ERR_IO when there is no id left or no name may be added, or the code of NameList::Refresh.
   [[nodiscard]] int Resolve(NameRef& reference);
+
+  /// Whether a Resolve failed because the list's file could not be read.
+  [[nodiscard]] bool unreadable() const { return unreadable_; }
 
   [[nodiscard]] bool empty() const { return resolved_.empty(); }
 
@@ -39,6 +42,8 @@ class NewNames {
   NameList& list_;
   std::string path_;
   bool may_add_;
+  bool refreshed_ = false;
+  bool unreadable_ = false;
   std::vector<NameRef*> resolved_;
 };
 

@@ -12,7 +12,7 @@ namespace {
 
 using fuzz::Require;
 
-void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
+void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   folder.Write("webspider.xml", bytes);
   AgentConfiguration configuration;
   const int code = LoadAgentConfiguration(folder.path() + "\\webspider.xml", configuration);
@@ -32,7 +32,7 @@ void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
 }  // namespace brovanta
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const brovanta::fuzz::ScratchFolder folder;
+  static brovanta::fuzz::ScratchFolder folder;
   brovanta::Run(folder, std::string(reinterpret_cast<const char*>(data), size));
   return 0;
 }

@@ -21,7 +21,7 @@ std::size_t Count(const std::string& text, const std::string& part) {
   return count;
 }
 
-void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
+void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   for (const char* name : {"discount.dat", "store.lst", "category.lst"}) folder.Remove(name);
   folder.Write("update.dat", bytes);
   ShoppingDatabase database;
@@ -54,7 +54,7 @@ void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
 }  // namespace brovanta
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const brovanta::fuzz::ScratchFolder folder;
+  static brovanta::fuzz::ScratchFolder folder;
   brovanta::Run(folder, std::string(reinterpret_cast<const char*>(data), size));
   return 0;
 }

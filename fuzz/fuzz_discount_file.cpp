@@ -18,8 +18,7 @@ constexpr std::size_t kFrame = kWordSize + discount_layout::kSize;
 
 bool IsFileCode(int code) { return code == ERR_IO || code == ERR_FORMAT; }
 
-void ReadOnly(ShoppingDatabase& database, const fuzz::ScratchFolder& folder,
-              const std::string& bytes) {
+void ReadOnly(ShoppingDatabase& database, fuzz::ScratchFolder& folder, const std::string& bytes) {
   DiscountList& list = database.discounts();
   const DiscountFilter all;
   const int code = list.Load(&all);
@@ -45,8 +44,7 @@ void ReadOnly(ShoppingDatabase& database, const fuzz::ScratchFolder& folder,
   Require(folder.Read(kFile) == bytes, "reading changes no byte");
 }
 
-void Change(ShoppingDatabase& database, const fuzz::ScratchFolder& folder,
-            const std::string& bytes) {
+void Change(ShoppingDatabase& database, fuzz::ScratchFolder& folder, const std::string& bytes) {
   DiscountList& list = database.discounts();
   DiscountFields fields;
   fields.name = "soap";
@@ -75,7 +73,7 @@ void Change(ShoppingDatabase& database, const fuzz::ScratchFolder& folder,
 }  // namespace brovanta
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const brovanta::fuzz::ScratchFolder folder;
+  static brovanta::fuzz::ScratchFolder folder;
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   folder.Write(brovanta::kFile, bytes);
   brovanta::ShoppingDatabase database;

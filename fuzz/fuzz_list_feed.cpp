@@ -11,7 +11,7 @@ namespace {
 
 using fuzz::Require;
 
-void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
+void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   folder.Write("update.dat", bytes);
   folder.Remove("store.lst");
   NameList names;
@@ -35,7 +35,7 @@ void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
 }  // namespace brovanta
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const brovanta::fuzz::ScratchFolder folder;
+  static brovanta::fuzz::ScratchFolder folder;
   brovanta::Run(folder, std::string(reinterpret_cast<const char*>(data), size));
   return 0;
 }

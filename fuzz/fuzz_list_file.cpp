@@ -16,7 +16,7 @@ using fuzz::Require;
 
 constexpr char kFile[] = "store.lst";
 
-void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
+void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   folder.Write(kFile, bytes);
   folder.Remove("store.lst.bad");
   ShoppingDatabase database;
@@ -52,7 +52,7 @@ void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
 }  // namespace brovanta
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const brovanta::fuzz::ScratchFolder folder;
+  static brovanta::fuzz::ScratchFolder folder;
   brovanta::Run(folder, std::string(reinterpret_cast<const char*>(data), size));
   return 0;
 }

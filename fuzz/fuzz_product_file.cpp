@@ -35,7 +35,7 @@ int LoadAll(ProductList& list, std::int32_t kind) {
   return code;
 }
 
-void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
+void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   folder.Write(kProducts, bytes);
   folder.Write(kPurchases, bytes);
   ShoppingDatabase database;
@@ -68,7 +68,7 @@ void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
 }  // namespace brovanta
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const brovanta::fuzz::ScratchFolder folder;
+  static brovanta::fuzz::ScratchFolder folder;
   brovanta::SetClock(brovanta::Noon);
   brovanta::Run(folder, std::string(reinterpret_cast<const char*>(data), size));
   return 0;

@@ -21,7 +21,7 @@ std::int64_t Noon() { return 1112788800; }  // 2005-04-06
 
 bool IsReadingCode(int code) { return code == ERR_FORMAT || code == ERR_IO; }
 
-void DeleteEach(const fuzz::ScratchFolder& folder, SavedSearches& saved) {
+void DeleteEach(fuzz::ScratchFolder& folder, SavedSearches& saved) {
   const std::vector<SavedSearch> before = saved.searches();
   const std::size_t size = folder.Read(kIndex)->size();
   for (const SavedSearch& search : before) {
@@ -30,7 +30,7 @@ void DeleteEach(const fuzz::ScratchFolder& folder, SavedSearches& saved) {
   Require(saved.searches().empty() && folder.Read(kIndex)->size() == size, "in its place");
 }
 
-void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
+void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   folder.Write(kIndex, bytes);
   SavedSearches saved;
   saved.SetPaths(folder.path() + "\\" + kIndex, folder.path() + "\\WebSearch");
@@ -57,7 +57,7 @@ void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
 }  // namespace brovanta
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const brovanta::fuzz::ScratchFolder folder;
+  static brovanta::fuzz::ScratchFolder folder;
   brovanta::SetClock(brovanta::Noon);
   brovanta::Run(folder, std::string(reinterpret_cast<const char*>(data), size));
   return 0;

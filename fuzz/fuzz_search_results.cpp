@@ -20,7 +20,7 @@ bool InOrder(const SearchResultItem& left, const SearchResultItem& right) {
   return left.Price <= right.Price || std::isnan(right.Price);
 }
 
-void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
+void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   folder.Write("2.dat", bytes);
   SearchResultList list;
   const int code = ReadSearchResults(list, folder.path() + "\\2.dat");
@@ -46,7 +46,7 @@ void Run(const fuzz::ScratchFolder& folder, const std::string& bytes) {
 }  // namespace brovanta
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const brovanta::fuzz::ScratchFolder folder;
+  static brovanta::fuzz::ScratchFolder folder;
   brovanta::Run(folder, std::string(reinterpret_cast<const char*>(data), size));
   return 0;
 }

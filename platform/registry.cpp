@@ -1,34 +1,53 @@
 #include "platform/registry.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <utility>
 
 #include "platform/file.h"
 #include "platform/registry_file.h"
 #include "platform/registry_text.h"
+#include "platform/system_calls.h"
 #include "util/utf16.h"
 
 namespace brovanta::platform {
 namespace {
 
 // A file larger than this is none of ours.
-constexpr std::uintmax_t kLargestFile = 16u << 20;
+constexpr off_t kLargestFile = off_t{16} << 20;
 
 std::span<const std::byte> AsBytes(const std::string& text) {
   return std::as_bytes(std::span(text));
 }
 
+std::optional<std::string> ReadOpen(int descriptor) {
+  struct stat status {};
+  if (Calls().StatusOf(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
+      status.st_size > kLargestFile) {
+    return std::nullopt;
+  }
+  std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t count = Calls().ReadAt(descriptor, bytes.data() + done, bytes.size() - done,
+                                         static_cast<off_t>(done));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return std::nullopt;
+    done += static_cast<std::size_t>(count);
+  }
+  return bytes;
+}
+
 // Read without a lock: whoever changes the file replaces it whole, so that a reader sees the old or
 // the new one and never has to find the settings missing because somebody else looks at them.
 std::optional<std::string> ReadWhole(const std::string& native) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(native, error)) return std::nullopt;
-  const std::uintmax_t size = std::filesystem::file_size(native, error);
-  if (error || size > kLargestFile) return std::nullopt;
-  std::ifstream in(native, std::ios::binary);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  if (!in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) return std::nullopt;
+  const int descriptor = Calls().Open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK, 0);
+  if (descriptor < 0) return std::nullopt;
+  auto bytes = ReadOpen(descriptor);
+  Calls().Close(descriptor);
   return bytes;
 }
 

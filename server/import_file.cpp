@@ -1,13 +1,13 @@
 #include "server/import_file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 
 #include <cerrno>
-#include <cstdio>
+#include <span>
 #include <system_error>
 #include <utility>
 
+#include "platform/file.h"
 #include "server/agent_file.h"
 #include "server/coupon_table.h"
 #include "server/list_table.h"
@@ -17,15 +17,6 @@ namespace brovanta::server {
 namespace {
 
 std::string LastError() { return std::generic_category().message(errno); }
-
-bool WriteAll(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = write(fd, bytes.data(), bytes.size());
-    if (count < 0 && errno != EINTR) return false;
-    if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-  return true;
-}
 
 template <typename Entry>
 ImportOutcome ImportTable(Store& store, Table<Entry> table,
@@ -108,14 +99,8 @@ std::optional<std::string> ReadWholeFile(const std::string& path, std::string& e
 }
 
 bool WriteWholeFile(const std::string& path, std::string_view bytes, std::string& error) {
-  constexpr mode_t kMode = 0644;
-  const std::string fresh = path + ".new";
-  UniqueFd fd(open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kMode));
-  const bool written = fd.valid() && WriteAll(fd.get(), bytes) && fsync(fd.get()) == 0 &&
-                       std::rename(fresh.c_str(), path.c_str()) == 0;
-  if (written) return true;
+  if (platform::ReplaceFile(path, std::as_bytes(std::span(bytes)))) return true;
   error = LastError();
-  if (fd.valid()) unlink(fresh.c_str());
   return false;
 }
 

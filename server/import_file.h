@@ -18,8 +18,9 @@ inline constexpr std::size_t kMaxImportBytes = 67'108'864;
 /// The bytes of a file. Nothing on failure, `error` then says why.
 [[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path, std::string& error);
 
-/// Writes the bytes to a new file beside the path, syncs it and puts it in the path's place. False
-/// on failure, `error` then says why, and what stood there before stays.
+/// Writes the bytes to a new file beside the path, syncs it and puts it in the path's place, with
+/// the permissions of what stood there, else for its owner alone. False on failure, `error` then
+/// says why, and what stood there before stays.
 [[nodiscard]] bool WriteWholeFile(const std::string& path, std::string_view bytes,
                                   std::string& error);
 

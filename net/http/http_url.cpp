@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <memory>
+#include <utility>
 
 namespace brovanta {
 namespace {
@@ -61,7 +62,9 @@ std::string HttpUrl::Address() const {
   return address + object;
 }
 
-std::optional<HttpUrl> SplitUrl(std::string_view address) {
+namespace {
+
+std::optional<HttpUrl> SplitOnce(std::string_view address) {
   address = WithoutBlanksAround(address.substr(0, address.find('\0')));
   const UrlHandle url(curl_url());
   if (url == nullptr || curl_url_set(url.get(), CURLUPART_URL, WithEncodedBlanks(address).c_str(),
@@ -80,6 +83,20 @@ std::optional<HttpUrl> SplitUrl(std::string_view address) {
   parts.object = Part(url.get(), CURLUPART_PATH, 0).value_or("/");
   if (const auto query = Part(url.get(), CURLUPART_QUERY, 0)) parts.object += "?" + *query;
   return parts;
+}
+
+}  // namespace
+
+// A server's name in percent codes may turn out to be a number in disguise, which is seen when the
+// parts are split once more.
+std::optional<HttpUrl> SplitUrl(std::string_view address) {
+  std::optional<HttpUrl> parts = SplitOnce(address);
+  for (int i = 0; parts && parts->is_http() && i < 2; ++i) {
+    std::optional<HttpUrl> again = SplitOnce(parts->Address());
+    if (again == parts) return parts;
+    parts = std::move(again);
+  }
+  return parts && parts->is_http() ? std::nullopt : parts;
 }
 
 }  // namespace brovanta

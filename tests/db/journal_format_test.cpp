@@ -125,6 +125,10 @@ TEST(JournalFormatTest, ARecordThatMakesNoSenseIsNotFollowed) {
   }
 }
 
+TEST(JournalFormatTest, AJournalOfNoRecordsIsNone) {
+  EXPECT_FALSE(DecodeJournal(EncodeJournal({})));
+}
+
 TEST(JournalFormatTest, ANameMayBeAsLongAsThePageSays) {
   UndoRecord record = LastIdOfAnEmptyFile();
   record.name = std::string(248, 'a');

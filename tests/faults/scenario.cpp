@@ -26,7 +26,7 @@ bool IsTemporary(const std::string& name) {
 }
 
 bool IsData(const std::string& name) {
-  return !name.starts_with("backup.dat") && !IsTemporary(name);
+  return !name.starts_with("backup.dat") && name != kScratchName && !IsTemporary(name);
 }
 
 Bytes ReadFile(const fs::path& path) {

@@ -44,7 +44,13 @@ struct Scenario {
   std::function<std::string(const std::string& folder, bool succeeded)> judge = {};
 };
 
+/// What a download brings stands in this file; it is no data.
+inline constexpr char kScratchName[] = "update.dat";
+
 [[nodiscard]] const std::vector<Scenario>& Scenarios();
+
+/// One of them: an update from the server.
+[[nodiscard]] Scenario UpdateScenario();
 
 /// A scenario with its states. What stands in the folder is judged after it was opened again.
 class Trial {

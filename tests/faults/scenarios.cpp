@@ -302,6 +302,7 @@ const std::vector<Scenario>& Scenarios() {
     ImportFeeds(list);
     KeepSearches(list);
     SaveOptions(list);
+    list.push_back(UpdateScenario());
     RollBack(list);
     return list;
   }();
