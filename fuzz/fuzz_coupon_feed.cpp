@@ -22,7 +22,7 @@ std::size_t Count(const std::string& text, const std::string& part) {
 }
 
 void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
-  for (const char* name : {"discount.dat", "store.lst", "category.lst"}) folder.Remove(name);
+  for (const char* name : {"discount.dat", "store.lst", "category.lst"}) folder.Drop(name);
   folder.Write("update.dat", bytes);
   ShoppingDatabase database;
   (void)database.Open(folder.path());  // without lists

@@ -13,7 +13,7 @@ using fuzz::Require;
 
 void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   folder.Write("update.dat", bytes);
-  folder.Remove("store.lst");
+  folder.Drop("store.lst");
   NameList names;
   Require(ImportList(names, folder.path() + "\\update.dat") == 0, "a feed that opens is taken");
   for (const auto& [id, item] : names) {

@@ -18,7 +18,7 @@ constexpr char kFile[] = "store.lst";
 
 void Run(fuzz::ScratchFolder& folder, const std::string& bytes) {
   folder.Write(kFile, bytes);
-  folder.Remove("store.lst.bad");
+  folder.Drop("store.lst.bad");
   ShoppingDatabase database;
   const int code = database.Open(folder.path());
   NameList read;

@@ -38,7 +38,7 @@ class ScratchFolder : private platform::SystemCalls {
     const auto found = nodes_.find(path_ + "/" + name);
     return found == nodes_.end() ? std::nullopt : std::optional(found->second->bytes);
   }
-  void Remove(const std::string& name) { nodes_.erase(path_ + "/" + name); }
+  void Drop(const std::string& name) { nodes_.erase(path_ + "/" + name); }
   void AddFolder(const std::string& name) { folders_.insert(path_ + "/" + name); }
 
   /// Every file by its name in the folder.

@@ -27,7 +27,7 @@ LAYERS = {
     "net/update": ["util", "platform", "db", "search", "net/http"],
     "agent": ["util", "platform", "net/http", "search"],
     "data": ["util", "platform", "db", "search"],
-    "server": ["util"],
+    "server": ["util", "platform"],
     "ui/base": ["util", "db"],
     "ui/product": ["util", "db", "ui/base"],
     "ui/websearch": ["util", "search", "ui/base"],

@@ -32,7 +32,7 @@ int Striker::Strike(Strikes strikes) {
     FailCalls(Fault::kIo, true);
     FailCalls(Fault::kNoSpace, true);
   }
-  if (strikes == Strikes::kCallsAndPower) LosePower(IsNightly() ? 60 : 2);
+  if (strikes == Strikes::kCallsAndPower) LosePower(IsNightly() ? 150 : 2);
   std::cout << scenario_.name << ": " << points_ << " points\n";
   return points_;
 }
