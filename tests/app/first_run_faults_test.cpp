@@ -47,6 +47,8 @@ TEST(FirstRunFaultsTest, WhateverHappensTheNextStartCompletesIt) {
   // Where it cannot be seen whether a list is there, none is made, and the start goes on.
   scenario.judge = [](const std::string& folder, bool /*succeeded*/) -> std::string {
     if (const std::string wrong = WhatIsWrong(folder, false); !wrong.empty()) return wrong;
+    FaultyCalls without_waiting;  // for the device
+    const platform::SystemCallsInUse in_use(without_waiting);
     if (!Start(folder)) return "the next start fails";
     if (!Value(folder, "InstallPath") || !Value(folder, "UpdateServer")) {
       return "a value is missing";
