@@ -20,8 +20,11 @@ constexpr std::int64_t kDay = 86400;
 constexpr std::int64_t kLargestOffset = 26 * kHour;
 constexpr std::int64_t kFirst = std::numeric_limits<std::int32_t>::min() - kLargestOffset;
 constexpr std::int64_t kLast = std::numeric_limits<std::int32_t>::max() + kLargestOffset;
-// Shorter than the shortest time any zone ever kept an offset within the range.
-constexpr std::int64_t kStep = 3 * kDay;
+// Shorter than the shortest time any zone kept an offset: four days before 1946 (Freetown, 1939),
+// seven since (Recife, 2000).
+constexpr std::int64_t kEndOfShortSpans = -757382400;  // 1946-01-01
+constexpr std::int64_t kShortStep = 3 * kDay;
+constexpr std::int64_t kStep = 6 * kDay;
 
 std::int64_t SystemOffset(std::int64_t seconds) {
   const std::time_t moment = seconds;
@@ -116,7 +119,7 @@ LocalZone::LocalZone() {
   std::int64_t low = kFirst;
   spans_.push_back({low, SystemOffset(low)});
   while (low < kLast) {
-    const std::int64_t high = std::min(low + kStep, kLast);
+    const std::int64_t high = std::min(low + (low < kEndOfShortSpans ? kShortStep : kStep), kLast);
     const std::int64_t offset = SystemOffset(high);
     if (offset == spans_.back().offset) {
       low = high;

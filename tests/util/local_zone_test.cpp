@@ -96,7 +96,8 @@ std::string NameOfCase(const testing::TestParamInfo<const char*>& zone) {
 INSTANTIATE_TEST_SUITE_P(Zones, LocalZoneTest,
                          testing::Values("Europe/London", "America/New_York", "Australia/Lord_Howe",
                                          "Asia/Kathmandu", "UTC", "Pacific/Apia",
-                                         "Africa/Casablanca", "America/Argentina/San_Luis",
+                                         "Africa/Casablanca", "Africa/Freetown", "America/Recife",
+                                         "Asia/Gaza", "America/Argentina/San_Luis",
                                          "AAA-14:30BBB-13,M3.2.0,M11.1.0"),
                          NameOfCase);
 
