@@ -103,18 +103,28 @@ class SortedRecords {
 
  private:
   static_assert(std::is_trivially_copyable_v<Record>);
+  static_assert(std::is_trivially_destructible_v<Record>);
 
-  static constexpr std::size_t kChunk = 64;  // records allocated together
+  static constexpr std::size_t kChunk = 1024;  // records allocated together
 
-  Record* Place(std::size_t number) { return &chunks_[number / kChunk][number % kChunk]; }
+  struct Release {
+    void operator()(Record* chunk) const { ::operator delete(chunk); }
+  };
+  // Memory for a chunk of records, which are made one by one as they come: what is not used is
+  // never touched.
+  using Chunk = std::unique_ptr<Record, Release>;
+
+  Record* Place(std::size_t number) { return chunks_[number / kChunk].get() + number % kChunk; }
 
   /// Where the next record goes.
   Record* FreePlace() {
-    if (used_ == chunks_.size() * kChunk) chunks_.push_back(std::make_unique<Record[]>(kChunk));
+    if (used_ == chunks_.size() * kChunk) {
+      chunks_.push_back(Chunk(static_cast<Record*>(::operator new(kChunk * sizeof(Record)))));
+    }
     return Place(used_);
   }
 
-  std::vector<std::unique_ptr<Record[]>> chunks_;
+  std::vector<Chunk> chunks_;
   std::vector<Record*> order_;
   std::vector<std::uint64_t> keys_;  // of the records appended and not yet sorted
   std::size_t used_ = 0;             // records taken from the chunks, removed ones included
