@@ -4,10 +4,9 @@
 #include <QLabel>
 #include <QTableView>
 #include <QTest>
-#include <QTreeWidgetItemIterator>
 
 #include "tests/tour/robot.h"
-#include "ui/base/record_tree.h"
+#include "tests/ui/base/shown_rows.h"
 
 namespace brovanta::tour {
 namespace {
@@ -73,33 +72,31 @@ void Robot::PickDate(QWidget& main, const QDate& date) {
 
 bool Robot::SelectRow(QWidget& main, const QString& name) {
   RecordTree* tree = TreeOf(main);
-  for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
-    const TreeItemInfo* info = InfoOf(*it);
-    if (info == nullptr || info->name != name) continue;
-    tree->scrollToItem(*it);
-    Settle();
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      tree->visualItemRect(*it).center());
-    Settle();
-    return true;
-  }
-  Expect(false, QStringLiteral("no row \"%1\"").arg(name));
-  return false;
+  const QModelIndex row = test::RecordNamed(*tree, name);
+  Expect(row.isValid(), QStringLiteral("no row \"%1\"").arg(name));
+  if (!row.isValid()) return false;
+  tree->scrollTo(row);
+  Settle();
+  QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
+                    tree->visualRect(row).center());
+  Settle();
+  return true;
 }
 
 QStringList Robot::Rows(QWidget& main) {
   QStringList names;
-  for (QTreeWidgetItemIterator it(TreeOf(main)); *it != nullptr; ++it) {
-    if (const TreeItemInfo* info = InfoOf(*it)) names << info->name;
+  const RecordRows& rows = TreeOf(main)->rows();
+  for (std::size_t heading = 0; heading < rows.HeadingCount(); ++heading) {
+    for (const RecordRow& record : rows.Under(heading)) names << record.info().name;
   }
   return names;
 }
 
 QStringList Robot::Headings(QWidget& main) {
   QStringList headings;
-  const RecordTree* tree = TreeOf(main);
-  for (int i = 0; i < tree->topLevelItemCount(); ++i) {
-    headings << tree->topLevelItem(i)->text(0).trimmed();
+  const RecordRows& rows = TreeOf(main)->rows();
+  for (std::size_t heading = 0; heading < rows.HeadingCount(); ++heading) {
+    headings << rows.Heading(heading).words();
   }
   return headings;
 }

@@ -20,48 +20,47 @@ constexpr QSize kFingerSize{328, 312};  // every date a finger wide and high
 constexpr QColor kVeil{0, 0, 64, 72};
 }  // namespace
 
-CalendarPopup::CalendarPopup(QCalendarWidget& calendar, QWidget& screen)
-    : QWidget(&screen), calendar_(calendar), screen_(screen), frame_(new QWidget(this)) {
+CalendarPopup::CalendarPopup(QWidget& screen, int control_id)
+    : QWidget(&screen), screen_(screen), control_id_(control_id), frame_(new QWidget(this)) {
+  SetDate(TodayDate());
   setObjectName(QStringLiteral("calendarPopup"));
   frame_->setObjectName(QStringLiteral("calendarFrame"));
   frame_->setAutoFillBackground(true);
-  if (screen.layout() != nullptr) screen.layout()->removeWidget(&calendar);
-  auto* layout = new QVBoxLayout(frame_);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(&calendar);
-  DressCalendar(calendar);
-  calendar.setSelectedDate(TodayDate());
-  calendar.show();
   hide();
   screen.installEventFilter(this);
-  connect(&calendar, &QCalendarWidget::clicked, this, &CalendarPopup::Choose);
-  connect(&calendar, &QCalendarWidget::activated, this, &CalendarPopup::Choose);
+}
+
+void CalendarPopup::MakeCalendar() {
+  calendar_ = new QCalendarWidget(frame_);
+  calendar_->setObjectName(QStringLiteral("calendar"));
+  calendar_->setProperty("controlId", control_id_);
+  auto* layout = new QVBoxLayout(frame_);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(calendar_);
+  DressCalendar(*calendar_);
+  connect(calendar_, &QCalendarWidget::clicked, this, &CalendarPopup::Choose);
+  connect(calendar_, &QCalendarWidget::activated, this, &CalendarPopup::Choose);
 }
 
 void CalendarPopup::Open(const QWidget& anchor) {
+  if (calendar_ == nullptr) MakeCalendar();
   focus_before_ = QApplication::focusWidget();
-  date_before_ = calendar_.selectedDate();
   QTextCharFormat today;
   today.setFontWeight(QFont::Bold);
   today.setFontUnderline(true);
-  calendar_.setDateTextFormat({}, {});
-  calendar_.setDateTextFormat(TodayDate(), today);
-  calendar_.showSelectedDate();
+  calendar_->setSelectedDate(date_);
+  calendar_->setDateTextFormat({}, {});
+  calendar_->setDateTextFormat(TodayDate(), today);
+  calendar_->showSelectedDate();
   anchor_bottom_ = anchor.mapTo(&screen_, QPoint(0, anchor.height())).y();
   Place();
   show();
   raise();
-  calendar_.setFocus(Qt::PopupFocusReason);
+  calendar_->setFocus(Qt::PopupFocusReason);
 }
 
-QDate CalendarPopup::date() const { return isHidden() ? calendar_.selectedDate() : date_before_; }
-
 void CalendarPopup::SetDate(QDate date) {
-  if (isHidden()) {
-    calendar_.setSelectedDate(date);
-  } else {
-    date_before_ = date;
-  }
+  date_ = qBound(FirstPickableDate(), date, LastPickableDate());
 }
 
 void CalendarPopup::Place() {
@@ -75,14 +74,9 @@ void CalendarPopup::Place() {
 
 void CalendarPopup::Choose(QDate date) {
   if (!isVisible()) return;  // the second half of a double click
-  calendar_.setSelectedDate(date);
+  date_ = date;
   Close();
   Q_EMIT Chosen();
-}
-
-void CalendarPopup::Dismiss() {
-  calendar_.setSelectedDate(date_before_);  // the arrow keys have moved it
-  Close();
 }
 
 void CalendarPopup::Close() {
@@ -121,12 +115,12 @@ bool CalendarPopup::focusNextPrevChild(bool next) {
 
 void CalendarPopup::keyPressEvent(QKeyEvent* event) {
   event->accept();  // nothing reaches the screen below
-  if (event->key() == Qt::Key_Escape) Dismiss();
+  if (event->key() == Qt::Key_Escape) Close();
 }
 
 void CalendarPopup::mousePressEvent(QMouseEvent* event) {
   event->accept();
-  if (!frame_->geometry().contains(event->position().toPoint())) Dismiss();
+  if (!frame_->geometry().contains(event->position().toPoint())) Close();
 }
 
 void CalendarPopup::paintEvent(QPaintEvent*) {

@@ -16,17 +16,19 @@ class CalendarPopup : public QWidget {
   Q_OBJECT
 
  public:
-  /// Takes the calendar out of the screen's layout and sets it up: week from Sunday, pickable dates
-  /// only, today selected. The screen owns this object.
-  CalendarPopup(QCalendarWidget& calendar, QWidget& screen);
+  /// Starts with today as the chosen date. The screen owns this object. The calendar itself, named
+  /// "calendar", is made when it is opened for the first time: it takes as long as the rest of a
+  /// screen, and most starts of the program never show it. `control_id` is its control's number.
+  explicit CalendarPopup(QWidget& screen, int control_id = 0);
 
   /// Opens with the calendar below the anchor, as far as there is room.
   void Open(const QWidget& anchor);
 
   /// The chosen date. While the calendar is open it is the one from before, wherever the arrow keys
   /// have gone.
-  [[nodiscard]] QDate date() const;
-  /// Sets the chosen date without Chosen(); in an open calendar nothing moves.
+  [[nodiscard]] QDate date() const { return date_; }
+  /// Sets the chosen date without Chosen(); in an open calendar nothing moves. One that has no
+  /// stamp becomes the nearest that has.
   void SetDate(QDate date);
 
  Q_SIGNALS:
@@ -41,16 +43,17 @@ class CalendarPopup : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void MakeCalendar();
   void Place();
   void Choose(QDate date);
-  void Dismiss();
   void Close();
 
-  QCalendarWidget& calendar_;
   QWidget& screen_;
+  const int control_id_;
+  QCalendarWidget* calendar_ = nullptr;  // until it is opened
   QWidget* frame_;
   QPointer<QWidget> focus_before_;
-  QDate date_before_;
+  QDate date_;
   int anchor_bottom_ = 0;
 };
 

@@ -1,11 +1,7 @@
 // Groups records under date headings, in the order in which they come.
 #pragma once
 
-#include <QList>
-
-#include "ui/base/record_row.h"
-
-class QTreeWidgetItem;
+#include "ui/base/record_rows.h"
 
 namespace brovanta {
 
@@ -24,23 +20,21 @@ class DateHeadings {
   explicit DateHeadings(HeadingBlanks blanks = {}) : blanks_(blanks) {}
   DateHeadings(const DateHeadings&) = delete;
   DateHeadings& operator=(const DateHeadings&) = delete;
-  ~DateHeadings();
+  ~DateHeadings() = default;
+
+  /// Room for so many records.
+  void Reserve(std::size_t records) { rows_.Reserve(records); }
 
   /// Adds a record row; 0 is the key of a record without a date.
   void Add(DateStamp key, TreeItemInfo info, RowDetail detail);
 
-  /// The headings with their rows; the caller owns them from now on.
-  [[nodiscard]] QList<QTreeWidgetItem*> Take();
+  /// The rows so far; what is added afterwards begins anew.
+  [[nodiscard]] RecordRows Take();
 
  private:
-  void OpenHeading(DateStamp key);
-  void CloseHeading();
-
   HeadingBlanks blanks_;
   DateStamp previous_key_ = -1;
-  QTreeWidgetItem* heading_ = nullptr;
-  QList<QTreeWidgetItem*> headings_;
-  QList<QTreeWidgetItem*> rows_;  // of the open heading, which takes them all at once
+  RecordRows rows_;
 };
 
 }  // namespace brovanta

@@ -24,11 +24,11 @@ constexpr QSize kThirdPictureSize{32, 32};
 }  // namespace
 
 PeriodSelector::PeriodSelector(ColorButton& view_button, ColorButton& heading_button,
-                               QCalendarWidget& calendar, QWidget& screen)
+                               QWidget& screen, int calendar_id)
     : QObject(&screen),
       view_button_(view_button),
       heading_button_(heading_button),
-      calendar_(new CalendarPopup(calendar, screen)) {
+      calendar_(new CalendarPopup(screen, calendar_id)) {
   view_menu_.setObjectName(QStringLiteral("viewMenu"));
   for (const ViewMode& mode : kViewModes) {
     QAction* action = view_menu_.addAction(QString::fromLatin1(mode.text));

@@ -7,8 +7,6 @@
 
 #include "ui/base/period.h"
 
-class QCalendarWidget;
-
 namespace brovanta {
 
 class CalendarPopup;
@@ -20,8 +18,9 @@ class PeriodSelector : public QObject {
   Q_OBJECT
 
  public:
-  PeriodSelector(ColorButton& view_button, ColorButton& heading_button, QCalendarWidget& calendar,
-                 QWidget& screen);
+  /// `calendar_id` is the control number of the calendar, which heading_button opens.
+  PeriodSelector(ColorButton& view_button, ColorButton& heading_button, QWidget& screen,
+                 int calendar_id = 0);
 
   /// Computes the period from the calendar's date and the view mode and shows its heading. 0, or -1
   /// for an unknown view mode: period and heading stay then.

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "ui/base/icons.h"
-#include "ui/base/record_row.h"
+#include "ui/base/record_model.h"
 #include "ui/base/row_painting.h"
 #include "ui/base/theme.h"
 
@@ -42,9 +42,10 @@ void PaintChevron(QPainter& painter, QPointF center, bool open) {
 
 }  // namespace
 
-RecordDelegate::RecordDelegate(QTreeWidget& tree)
+RecordDelegate::RecordDelegate(QTreeView& tree, const RecordModel& model)
     : QStyledItemDelegate(&tree),
       tree_(tree),
+      model_(model),
       recurring_mark_(NamedIcon(QStringLiteral("mark_recurring"), theme::kQuietText)) {}
 
 const RecordDelegate::Look& RecordDelegate::LookFor(const QFont& font) const {
@@ -65,29 +66,28 @@ const RecordDelegate::Look& RecordDelegate::LookFor(const QFont& font) const {
 QSize RecordDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
                                const QModelIndex& index) const {
   const Look& look = LookFor(tree_.font());
-  const bool heading = tree_.itemFromIndex(index)->type() == kHeadingRow;
+  const bool heading = model_.HeadingAt(index) != nullptr;
   return {kRowIndent, heading ? look.heading_height : look.row_height};
 }
 
 void RecordDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                            const QModelIndex& index) const {
-  const QTreeWidgetItem* item = tree_.itemFromIndex(index);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  if (item->type() == kHeadingRow) {
-    PaintHeading(*painter, option, *static_cast<const HeadingRow*>(item));
-  } else {
-    PaintRecord(*painter, option, *static_cast<const RecordRow*>(item));
+  if (const HeadingRow* heading = model_.HeadingAt(index)) {
+    PaintHeading(*painter, option, *heading, tree_.isExpanded(index));
+  } else if (const RecordRow* record = model_.RecordAt(index)) {
+    PaintRecord(*painter, option, *record);
   }
   painter->restore();
 }
 
 void RecordDelegate::PaintHeading(QPainter& painter, const QStyleOptionViewItem& option,
-                                  const HeadingRow& row) const {
+                                  const HeadingRow& row, bool open) const {
   const Look& look = LookFor(tree_.font());
   PaintRowGround(painter, option, theme::kBar);
   const QRectF rect = option.rect;
-  PaintChevron(painter, {rect.left() + kRowIndent / 2.0 + 2, rect.center().y()}, row.isExpanded());
+  PaintChevron(painter, {rect.left() + kRowIndent / 2.0 + 2, rect.center().y()}, open);
   const QRect room = option.rect.adjusted(kRowIndent, 0, -kRowGap, 0);
   PaintRowText(painter, Fitting(look.heading, row.words(), room.width()), theme::kNavy, room,
                row.words(), Qt::AlignLeft);

@@ -4,11 +4,12 @@
 #include <QFont>
 #include <QIcon>
 #include <QStyledItemDelegate>
-#include <QTreeWidget>
+#include <QTreeView>
 
 namespace brovanta {
 
 class HeadingRow;
+class RecordModel;
 class RecordRow;
 
 /// Left edge of all row texts, and width of the column with the chevrons.
@@ -16,7 +17,8 @@ inline constexpr int kRowIndent = 28;
 
 class RecordDelegate : public QStyledItemDelegate {
  public:
-  explicit RecordDelegate(QTreeWidget& tree);
+  /// Both must outlive it; the tree owns it.
+  RecordDelegate(QTreeView& tree, const RecordModel& model);
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;
@@ -40,12 +42,13 @@ class RecordDelegate : public QStyledItemDelegate {
   };
 
   [[nodiscard]] const Look& LookFor(const QFont& font) const;
-  void PaintHeading(QPainter& painter, const QStyleOptionViewItem& option,
-                    const HeadingRow& row) const;
+  void PaintHeading(QPainter& painter, const QStyleOptionViewItem& option, const HeadingRow& row,
+                    bool open) const;
   void PaintRecord(QPainter& painter, const QStyleOptionViewItem& option,
                    const RecordRow& row) const;
 
-  QTreeWidget& tree_;
+  QTreeView& tree_;
+  const RecordModel& model_;
   QIcon recurring_mark_;
   mutable Look look_;
 };

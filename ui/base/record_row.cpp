@@ -1,7 +1,6 @@
 #include "ui/base/record_row.h"
 
 #include <QStringList>
-#include <utility>
 
 #include "db/schedule.h"
 #include "ui/base/period.h"
@@ -46,28 +45,9 @@ bool IsRecurring(int purchase_kind) {
   return purchase_kind == kDaily || purchase_kind == kWeekly || purchase_kind == kMonthly;
 }
 
-HeadingRow::HeadingRow(const QString& words, int blanks)
-    : QTreeWidgetItem(kHeadingRow), words_(words), blanks_(blanks) {}
-
-QVariant HeadingRow::data(int column, int role) const {
-  if (column != 0) return {};
-  if (role == Qt::DisplayRole) return words_ + QString(blanks_, QLatin1Char(' '));
-  if (role == Qt::AccessibleTextRole) return words_;
-  return QTreeWidgetItem::data(column, role);
-}
-
-RecordRow::RecordRow(TreeItemInfo info, RowDetail detail)
-    : QTreeWidgetItem(kRecordRow), info_(std::move(info)), detail_(std::move(detail)) {
-  // What can have no children is not entered into the view's table of expanded rows.
-  setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren);
-}
-
-QVariant RecordRow::data(int column, int role) const {
+QString RecordRow::Text() {
   static const QString kBlanks(kRecordBlanks, QLatin1Char(' '));
-  if (column != 0) return {};
-  if (role == Qt::DisplayRole) return kBlanks;
-  if (role == Qt::AccessibleTextRole) return AccessibleText();
-  return QTreeWidgetItem::data(column, role);
+  return kBlanks;
 }
 
 DetailWords RecordRow::Words() const {
@@ -80,11 +60,6 @@ QString RecordRow::AccessibleText() const {
                     RecurrenceWords(detail_.recurrence_kind, detail_.every, detail_.day_value)};
   parts.removeAll(QString());
   return parts.join(QLatin1String(", "));
-}
-
-const TreeItemInfo* InfoOf(const QTreeWidgetItem* item) {
-  if (item == nullptr || item->type() != kRecordRow) return nullptr;
-  return &static_cast<const RecordRow*>(item)->info();
 }
 
 }  // namespace brovanta

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <QString>
-#include <QTreeWidgetItem>
 #include <cstdint>
+#include <utility>
 
 #include "util/date_stamp.h"
 
@@ -43,16 +43,12 @@ struct DetailWords {
 /// Whether a product of this kind comes again: daily, weekly or monthly.
 [[nodiscard]] bool IsRecurring(int purchase_kind);
 
-/// Types of the rows, as QTreeWidgetItem::type() gives them.
-inline constexpr int kHeadingRow = QTreeWidgetItem::UserType + 1;
-inline constexpr int kRecordRow = QTreeWidgetItem::UserType + 2;
-
-/// A date heading. Its text ends in the blanks that make it wide; screen readers get it without.
-class HeadingRow : public QTreeWidgetItem {
+/// A date heading. Its text ends in the blanks that make it wide; screen readers get its words.
+class HeadingRow {
  public:
-  HeadingRow(const QString& words, int blanks);
+  HeadingRow(QString words, int blanks) : words_(std::move(words)), blanks_(blanks) {}
 
-  [[nodiscard]] QVariant data(int column, int role) const override;
+  [[nodiscard]] QString Text() const { return words_ + QString(blanks_, QLatin1Char(' ')); }
   [[nodiscard]] const QString& words() const { return words_; }
 
  private:
@@ -61,12 +57,13 @@ class HeadingRow : public QTreeWidgetItem {
 };
 
 /// A record. Its text is blanks only: the row is drawn from the info, which lives as long as it.
-/// Nothing is stored per role, so that thousands of rows are made quickly.
-class RecordRow : public QTreeWidgetItem {
+class RecordRow {
  public:
-  RecordRow(TreeItemInfo info, RowDetail detail);
+  RecordRow(TreeItemInfo info, RowDetail detail)
+      : info_(std::move(info)), detail_(std::move(detail)) {}
 
-  [[nodiscard]] QVariant data(int column, int role) const override;
+  /// 46 blanks.
+  [[nodiscard]] static QString Text();
   [[nodiscard]] const TreeItemInfo& info() const { return info_; }
   [[nodiscard]] const RowDetail& detail() const { return detail_; }
   [[nodiscard]] bool recurring() const { return IsRecurring(detail_.recurrence_kind); }
@@ -81,8 +78,5 @@ class RecordRow : public QTreeWidgetItem {
   TreeItemInfo info_;
   RowDetail detail_;
 };
-
-/// The info of a row, nullptr for a heading or no row.
-[[nodiscard]] const TreeItemInfo* InfoOf(const QTreeWidgetItem* item);
 
 }  // namespace brovanta

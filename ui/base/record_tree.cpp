@@ -5,38 +5,53 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <utility>
 
 #include "ui/base/record_delegate.h"
+#include "ui/base/row_view.h"
 
 namespace brovanta {
 
-RecordTree::RecordTree(QWidget* parent) : RowTree(parent), delegate_(new RecordDelegate(*this)) {
+RecordTree::RecordTree(QWidget* parent)
+    : QTreeView(parent),
+      model_(new RecordModel(this)),
+      delegate_(new RecordDelegate(*this, *model_)) {
+  setModel(model_);
+  SetUpRowView(*this);
   setItemDelegate(delegate_);
-  connect(this, &RowTree::RowChosen, this, [this](const QTreeWidgetItem* row) {
-    if (InfoOf(row) != nullptr) Q_EMIT RecordChosen();
+  connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [this] { Q_EMIT CaretChanged(); });
+  connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) {
+    if (model_->RecordAt(index) != nullptr) Q_EMIT RecordChosen();
   });
-  connect(this, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* heading) {
+  connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& heading) {
     // A hidden row must not be what a command acts on.
-    const QTreeWidgetItem* caret = Caret();
-    if (caret != nullptr && caret->parent() == heading) setCurrentItem(heading);
+    if (Caret().parent() == heading) setCurrentIndex(heading);
   });
+}
+
+void RecordTree::SetEmptyText(const QString& text) {
+  empty_text_ = text;
+  if (rows().empty()) viewport()->update();
 }
 
 void RecordTree::ClearRows() { SetRows({}); }
 
-void RecordTree::SetRows(const QList<QTreeWidgetItem*>& headings) {
+void RecordTree::SetRows(RecordRows rows) {
   const QSignalBlocker silent(this);
   setUpdatesEnabled(false);
-  clear();
-  if (!headings.isEmpty()) {
-    addTopLevelItems(headings);
-    expandAll();
-  }
+  model_->SetRows(std::move(rows));
+  expandAll();
   verticalScrollBar()->setValue(0);
   setUpdatesEnabled(true);
 }
 
-const TreeItemInfo* RecordTree::CaretInfo() const { return InfoOf(Caret()); }
+QModelIndex RecordTree::Caret() const { return CaretOf(*this); }
+
+const TreeItemInfo* RecordTree::CaretInfo() const {
+  const RecordRow* record = model_->RecordAt(Caret());
+  return record == nullptr ? nullptr : &record->info();
+}
 
 void RecordTree::updateGeometries() {
   // The base would ask for the height of every single row to find the range of the scroll bar.
@@ -46,7 +61,7 @@ void RecordTree::updateGeometries() {
   {
     const QSignalBlocker silent(bar);
     setUniformRowHeights(true);
-    RowTree::updateGeometries();
+    QTreeView::updateGeometries();
     setUniformRowHeights(false);
     bar.setRange(0, std::max(0, ContentsHeight() - viewport()->height()));
     bar.setSingleStep(delegate_->RowHeight());
@@ -58,36 +73,46 @@ void RecordTree::updateGeometries() {
 
 int RecordTree::ContentsHeight() const {
   int height = 0;
-  for (int i = 0; i < topLevelItemCount(); ++i) {
-    const QTreeWidgetItem* heading = topLevelItem(i);
+  for (int i = 0; i < model_->rowCount(); ++i) {
+    const QModelIndex heading = HeadingIndex(i);
     height += delegate_->HeadingHeight();
-    if (heading->isExpanded()) height += heading->childCount() * delegate_->RowHeight();
+    if (isExpanded(heading)) height += model_->rowCount(heading) * delegate_->RowHeight();
   }
   return height;
 }
 
+void RecordTree::focusInEvent(QFocusEvent* event) {
+  QTreeView::focusInEvent(event);
+  DropFocusRow(*this);
+}
+
 void RecordTree::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  QTreeWidgetItem* caret = Caret();
-  if (!enter || caret == nullptr || InfoOf(caret) != nullptr) {
-    RowTree::keyPressEvent(event);
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QTreeView::keyPressEvent(event);
     return;
   }
   event->accept();
-  caret->setExpanded(!caret->isExpanded());
+  const QModelIndex caret = Caret();
+  if (model_->HeadingAt(caret) != nullptr) setExpanded(caret, !isExpanded(caret));
+  if (model_->RecordAt(caret) != nullptr) Q_EMIT RecordChosen();
 }
 
 void RecordTree::mousePressEvent(QMouseEvent* event) {
   const QPoint position = event->position().toPoint();
-  QTreeWidgetItem* item = itemAt(position);
-  const bool on_chevron = item != nullptr && item->type() == kHeadingRow &&
-                          position.x() < kRowIndent && event->button() == Qt::LeftButton;
+  const QModelIndex index = indexAt(position);
+  const bool on_chevron = model_->HeadingAt(index) != nullptr && position.x() < kRowIndent &&
+                          event->button() == Qt::LeftButton;
   if (on_chevron) {
-    item->setExpanded(!item->isExpanded());
+    setExpanded(index, !isExpanded(index));
     event->accept();
     return;
   }
-  RowTree::mousePressEvent(event);
+  QTreeView::mousePressEvent(event);
+}
+
+void RecordTree::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  PaintRowViewSigns(*this, empty_text_);
 }
 
 }  // namespace brovanta

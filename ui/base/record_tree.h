@@ -1,44 +1,66 @@
 // The tree of records under date headings, as the main screen and the coupon picker show it.
 #pragma once
 
-#include <QList>
+#include <QString>
+#include <QTreeView>
 
-#include "ui/base/record_row.h"
-#include "ui/base/row_tree.h"
+#include "ui/base/record_model.h"
 
 namespace brovanta {
 
 class RecordDelegate;
 
-class RecordTree : public RowTree {
+/// Rows are selected by the user only: neither the focus nor a rebuild takes one. The caret is the
+/// selected row, a heading or a record.
+class RecordTree : public QTreeView {
   Q_OBJECT
 
  public:
   explicit RecordTree(QWidget* parent = nullptr);
 
-  /// Deletes every row. Sends no signal.
+  /// Quiet words on the ground of a tree without rows.
+  void SetEmptyText(const QString& text);
+  [[nodiscard]] const QString& empty_text() const { return empty_text_; }
+
+  /// Drops every row. Sends no signal.
   void ClearRows();
 
-  /// Replaces every row by these headings with their rows, which the tree owns from now on; all
-  /// are expanded. Sends no signal.
-  void SetRows(const QList<QTreeWidgetItem*>& headings);
+  /// Replaces every row; all headings are open. Sends no signal.
+  void SetRows(RecordRows rows);
+  [[nodiscard]] const RecordRows& rows() const { return model_->rows(); }
 
-  /// The info of the caret's row; nullptr without a caret and for a heading.
+  /// The index of a heading and of a record under it, both counted from 0.
+  [[nodiscard]] QModelIndex HeadingIndex(int heading) const { return model_->index(heading, 0); }
+  [[nodiscard]] QModelIndex RecordIndex(int heading, int record) const {
+    return model_->index(record, 0, HeadingIndex(heading));
+  }
+
+  /// Invalid while no row is selected.
+  [[nodiscard]] QModelIndex Caret() const;
+
+  /// The info of the caret's row, valid until the rows are replaced; nullptr without a caret and
+  /// for a heading.
   [[nodiscard]] const TreeItemInfo* CaretInfo() const;
 
  Q_SIGNALS:
+  /// The user selected another row or none.
+  void CaretChanged();
   /// Double tap, Enter or Return on a record row.
   void RecordChosen();
 
  protected:
+  void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void updateGeometries() override;
 
  private:
   [[nodiscard]] int ContentsHeight() const;
 
+  RecordModel* model_;
   RecordDelegate* delegate_;
+  QString empty_text_;
 };
 
 }  // namespace brovanta

@@ -1,4 +1,4 @@
-// The one kind of list that the screens show: painted rows, at most one of them selected.
+// A list of painted rows that are items of their own, at most one of them selected.
 #pragma once
 
 #include <QTreeWidget>

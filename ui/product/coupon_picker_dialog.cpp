@@ -39,7 +39,7 @@ CouponPickerDialog::CouponPickerDialog(ShoppingDatabase& database, const std::st
   // The line that controls share on a wide screen must not keep the window from getting narrow.
   layout()->setSizeConstraint(QLayout::SetNoConstraint);
   period_ = std::make_unique<PeriodSelector>(*form_->viewModeButton, *form_->periodHeadingButton,
-                                             *form_->calendar, *this);
+                                             *this);
   stores_ = std::make_unique<NameFilter>(*form_->storeFilterButton, kStoreCommands,
                                          QStringLiteral("All Stores"), ColorButton::kPictureLeft);
   categories_ =
@@ -205,7 +205,7 @@ void CouponPickerDialog::FindCoupon() {
 }
 
 void CouponPickerDialog::Select() {
-  if (form_->recordTree->selectedItems().isEmpty()) {
+  if (!form_->recordTree->Caret().isValid()) {
     ShowMessage(this, QStringLiteral("You must first select a coupon from the list to apply to "
                                      "the current product."));
     return;

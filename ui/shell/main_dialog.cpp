@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QTimer>
 #include <future>
 #include <utility>
 
@@ -27,6 +28,7 @@ constexpr QSize kSmallestWindow{240, 280};
 constexpr int kUpdatePicture = 156;
 constexpr QSize kUpdatePictureSize{20, 20};
 constexpr QSize kThirdPictureSize{32, 32};
+constexpr int kCalendarId = 1040;
 
 }  // namespace
 
@@ -58,8 +60,8 @@ MainDialog::MainDialog(AppOptions& options, std::unique_ptr<ShoppingDatabase> da
   form_->updateButton->SetPictures(kUpdatePicture, kUpdatePictureSize, kUpdatePicture,
                                    kUpdatePictureSize, 0, kThirdPictureSize);
   form_->updateButton->SetAlignment(ColorButton::kPictureRight, false);
-  period_ = new PeriodSelector(*form_->viewModeButton, *form_->periodHeadingButton,
-                               *form_->calendar, *this);
+  period_ =
+      new PeriodSelector(*form_->viewModeButton, *form_->periodHeadingButton, *this, kCalendarId);
   filters_ = new ListFilters(*form_->storeFilterButton, *form_->categoryFilterButton, state_, this);
   day_watch_ = new DayWatch(*this);
   InsertTabs();
@@ -68,6 +70,8 @@ MainDialog::MainDialog(AppOptions& options, std::unique_ptr<ShoppingDatabase> da
   UpdatePeriod();
   RefreshList(true);
   form_->recordTree->setFocus();
+  // Drawn in every size for the window system, which can wait until the first picture stands.
+  QTimer::singleShot(0, this, [this] { setWindowIcon(NumberedIcon(128)); });
 }
 
 MainDialog::~MainDialog() { DestroyWindow(); }
@@ -75,7 +79,6 @@ MainDialog::~MainDialog() { DestroyWindow(); }
 void MainDialog::SetUpWindow() {
   form_->headingFrame->SetLines(LinedFrame::Lines::kAround);
   form_->periodHeadingButton->SetAlignment(ColorButton::kPictureCentered, false);
-  setWindowIcon(NumberedIcon(128));
   setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                  Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint |
                  Qt::WindowCloseButtonHint);

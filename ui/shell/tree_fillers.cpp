@@ -48,6 +48,7 @@ int ReadProductRows(ShoppingDatabase& database, const ProductFilter& query,
   if (const int code = products.Load(&query); code != 0) return code;
   const bool purchases = query.kind == kPurchaseKind;
   StoreNames stores(database.stores());
+  headings.Reserve(products.size());
   for (const ProductRecord* record = products.First(); record != nullptr;
        record = products.Next()) {
     headings.Add(purchases ? record->StartDate : record->NextDate,

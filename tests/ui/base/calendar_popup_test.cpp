@@ -24,9 +24,8 @@ class CalendarPopupTest : public testing::Test {
     auto* layout = new QVBoxLayout(&screen_);
     layout->addWidget(&anchor_);
     layout->addStretch();
-    layout->addWidget(calendar_);
     screen_.resize(360, 640);
-    popup_ = new CalendarPopup(*calendar_, screen_);
+    popup_ = new CalendarPopup(screen_);
     spy_.emplace(popup_, &CalendarPopup::Chosen);
     screen_.show();
     screen_.activateWindow();
@@ -34,7 +33,9 @@ class CalendarPopupTest : public testing::Test {
     anchor_.setFocus();
   }
 
-  QTableView* Days() { return calendar_->findChild<QTableView*>(); }
+  /// Made when the popup is opened for the first time.
+  QCalendarWidget* Calendar() { return popup_->findChild<QCalendarWidget*>(); }
+  QTableView* Days() { return Calendar()->findChild<QTableView*>(); }
 
   /// Taps the cell that shows this day of the page, counted from the first one of the month.
   void Tap(int day) {
@@ -60,26 +61,26 @@ class CalendarPopupTest : public testing::Test {
   test::FixedClock clock_{kNoon};
   QWidget screen_;
   QPushButton anchor_;
-  QCalendarWidget* calendar_ = new QCalendarWidget;
   CalendarPopup* popup_ = nullptr;
   std::optional<QSignalSpy> spy_;
 };
 
 TEST_F(CalendarPopupTest, StartsHiddenOnTodayByTheProgramsClock) {
   EXPECT_FALSE(popup_->isVisible());
-  EXPECT_FALSE(calendar_->isVisible());
+  EXPECT_EQ(Calendar(), nullptr);
   EXPECT_EQ(popup_->date(), QDate(2026, 11, 21));
 }
 
 TEST_F(CalendarPopupTest, CalendarStartsItsWeekOnSundayAndStaysWithinAStamp) {
-  EXPECT_EQ(calendar_->firstDayOfWeek(), Qt::Sunday);
-  EXPECT_EQ(calendar_->minimumDate(), QDate(1970, 1, 2));
-  EXPECT_EQ(calendar_->maximumDate(), QDate(2038, 1, 18));
+  popup_->Open(anchor_);
+  EXPECT_EQ(Calendar()->firstDayOfWeek(), Qt::Sunday);
+  EXPECT_EQ(Calendar()->minimumDate(), QDate(1970, 1, 2));
+  EXPECT_EQ(Calendar()->maximumDate(), QDate(2038, 1, 18));
 }
 
 TEST_F(CalendarPopupTest, TappingADateChoosesItAndCloses) {
   popup_->Open(anchor_);
-  ASSERT_TRUE(calendar_->isVisible());
+  ASSERT_TRUE(Calendar()->isVisible());
   Tap(5);
   EXPECT_FALSE(popup_->isVisible());
   EXPECT_EQ(spy_->count(), 1);
@@ -121,10 +122,10 @@ TEST_F(CalendarPopupTest, TapBesideTheCalendarClosesWithoutAChange) {
 
 TEST_F(CalendarPopupTest, TurningThePagesChoosesNothing) {
   popup_->Open(anchor_);
-  auto* next = calendar_->findChild<QWidget*>(QStringLiteral("qt_calendar_nextmonth"));
+  auto* next = Calendar()->findChild<QWidget*>(QStringLiteral("qt_calendar_nextmonth"));
   ASSERT_NE(next, nullptr);
   QTest::mouseClick(next, Qt::LeftButton);
-  EXPECT_EQ(calendar_->monthShown(), 12);
+  EXPECT_EQ(Calendar()->monthShown(), 12);
   EXPECT_EQ(spy_->count(), 0);
   EXPECT_TRUE(popup_->isVisible());
   QTest::keyClick(Days(), Qt::Key_Escape);
@@ -137,14 +138,14 @@ TEST_F(CalendarPopupTest, CoversTheScreenAndFollowsItsSize) {
   screen_.resize(640, 360);
   EXPECT_EQ(popup_->geometry(), screen_.rect());
   EXPECT_TRUE(
-      popup_->rect().contains(QRect(calendar_->mapTo(popup_, QPoint(0, 0)), calendar_->size())));
+      popup_->rect().contains(QRect(Calendar()->mapTo(popup_, QPoint(0, 0)), Calendar()->size())));
 }
 
 TEST_F(CalendarPopupTest, FitsASmallScreen) {
   screen_.resize(320, 240);
   popup_->Open(anchor_);
   EXPECT_TRUE(
-      popup_->rect().contains(QRect(calendar_->mapTo(popup_, QPoint(0, 0)), calendar_->size())));
+      popup_->rect().contains(QRect(Calendar()->mapTo(popup_, QPoint(0, 0)), Calendar()->size())));
 }
 
 TEST_F(CalendarPopupTest, ScreensShortcutsRestWhileItIsOpen) {
@@ -161,7 +162,7 @@ TEST_F(CalendarPopupTest, TabStaysWithinTheCalendar) {
   popup_->Open(anchor_);
   for (int i = 0; i < 10; ++i) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    ASSERT_TRUE(calendar_->isAncestorOf(QApplication::focusWidget()));
+    ASSERT_TRUE(Calendar()->isAncestorOf(QApplication::focusWidget()));
   }
 }
 
@@ -188,7 +189,7 @@ TEST_F(CalendarPopupTest, DateSetWhileItIsOpenIsTheOneThatEscapeComesBackTo) {
   popup_->Open(anchor_);
   popup_->SetDate({2026, 11, 22});
   EXPECT_EQ(popup_->date(), QDate(2026, 11, 22));
-  EXPECT_EQ(calendar_->selectedDate(), QDate(2026, 11, 21));
+  EXPECT_EQ(Calendar()->selectedDate(), QDate(2026, 11, 21));
   QTest::keyClick(Days(), Qt::Key_Escape);
   EXPECT_EQ(popup_->date(), QDate(2026, 11, 22));
 }

@@ -15,8 +15,6 @@ constexpr DateStamp kThursday = kSaturday - 2 * 86400;
 
 class DateHeadingsTest : public testing::Test {
  protected:
-  ~DateHeadingsTest() override { qDeleteAll(rows_); }
-
   void Build(const std::vector<DateStamp>& keys, HeadingBlanks blanks = {}) {
     DateHeadings headings(blanks);
     std::int32_t id = 0;
@@ -26,13 +24,17 @@ class DateHeadingsTest : public testing::Test {
 
   std::vector<std::string> Texts() const {
     std::vector<std::string> texts;
-    for (const QTreeWidgetItem* row : rows_) texts.push_back(row->text(0).toStdString());
+    for (std::size_t i = 0; i < rows_.HeadingCount(); ++i) {
+      texts.push_back(rows_.Heading(i).Text().toStdString());
+    }
     return texts;
   }
 
-  std::vector<int> Counts() const {
-    std::vector<int> counts;
-    for (const QTreeWidgetItem* row : rows_) counts.push_back(row->childCount());
+  std::vector<std::size_t> Counts() const {
+    std::vector<std::size_t> counts;
+    for (std::size_t i = 0; i < rows_.HeadingCount(); ++i) {
+      counts.push_back(rows_.Under(i).size());
+    }
     return counts;
   }
 
@@ -41,12 +43,12 @@ class DateHeadingsTest : public testing::Test {
   }
 
   test::ZoneGuard zone_{"UTC"};
-  QList<QTreeWidgetItem*> rows_;
+  RecordRows rows_;
 };
 
 TEST_F(DateHeadingsTest, NoRecordsMakeNoHeading) {
   Build({});
-  EXPECT_TRUE(rows_.isEmpty());
+  EXPECT_TRUE(rows_.empty());
 }
 
 TEST_F(DateHeadingsTest, RecordsOfOneDateShareItsHeading) {
@@ -58,20 +60,21 @@ TEST_F(DateHeadingsTest, RecordsOfOneDateShareItsHeading) {
 
 TEST_F(DateHeadingsTest, RowsKeepTheirOrderUnderTheHeading) {
   Build({kSaturday, kSaturday, kSaturday});
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(InfoOf(rows_[0]->child(i))->id, i + 1);
-  EXPECT_EQ(InfoOf(rows_[0]), nullptr);
+  std::vector<std::int32_t> ids;
+  for (const RecordRow& record : rows_.Under(0)) ids.push_back(record.info().id);
+  EXPECT_THAT(ids, ElementsAre(1, 2, 3));
 }
 
 TEST_F(DateHeadingsTest, DateThatComesBackGetsASecondHeading) {
   Build({kSaturday, kThursday, kSaturday});
   EXPECT_THAT(Counts(), ElementsAre(1, 1, 1));
-  EXPECT_EQ(rows_[0]->text(0), rows_[2]->text(0));
+  EXPECT_EQ(rows_.Heading(0).Text(), rows_.Heading(2).Text());
 }
 
 TEST_F(DateHeadingsTest, MomentsOfOneDayAreDifferentKeys) {
   Build({kSaturday, kSaturday + 60});
   EXPECT_THAT(Counts(), ElementsAre(1, 1));
-  EXPECT_EQ(rows_[0]->text(0), rows_[1]->text(0));
+  EXPECT_EQ(rows_.Heading(0).Text(), rows_.Heading(1).Text());
 }
 
 TEST_F(DateHeadingsTest, RecordsWithoutADateStandUnderUnknownDate) {
@@ -91,7 +94,6 @@ TEST_F(DateHeadingsTest, FirstKeyEqualToTheStartingKeyStandsUnderUnknownDateToo)
 TEST_F(DateHeadingsTest, WebSearchesUse60And62Blanks) {
   Build({0, kSaturday}, {.unknown_date = 60, .without_change = 62});
   EXPECT_THAT(Texts(), ElementsAre(With("Unknown date", 60), With("Saturday 11/21/2026", 22)));
-  qDeleteAll(rows_);
   Build({-1}, {.unknown_date = 60, .without_change = 62});
   EXPECT_THAT(Texts(), ElementsAre(With("Unknown date", 62)));
 }
@@ -100,10 +102,11 @@ TEST_F(DateHeadingsTest, BuilderStartsAnewAfterItsRowsAreTaken) {
   DateHeadings headings;
   headings.Add(kSaturday, {.id = 1}, {});
   rows_ = headings.Take();
-  EXPECT_TRUE(headings.Take().isEmpty());
+  EXPECT_TRUE(headings.Take().empty());
   headings.Add(kSaturday, {.id = 2}, {});
-  rows_ += headings.Take();
-  EXPECT_THAT(Counts(), ElementsAre(1, 1));
+  rows_ = headings.Take();
+  EXPECT_THAT(Texts(), ElementsAre(With("Saturday 11/21/2026", 22)));
+  EXPECT_EQ(rows_.Under(0)[0].info().id, 2);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include "db/error_codes.h"
 #include "tests/db/raw_files.h"
 #include "tests/support/zone_guard.h"
-#include "ui/base/record_tree.h"
+#include "tests/ui/base/shown_rows.h"
 
 namespace brovanta {
 namespace {
@@ -24,19 +24,13 @@ class DiscountTreeTest : public testing::Test {
     folder_.Write("discount.dat", test::RawDiscountFile(100, discounts));
   }
   std::string Rows() const {
-    QStringList rows;
-    for (int i = 0; i < tree_.topLevelItemCount(); ++i) {
-      const QTreeWidgetItem* heading = tree_.topLevelItem(i);
-      rows << QLatin1Char('[') + heading->text(0).trimmed() + QLatin1Char(']');
-      for (int j = 0; j < heading->childCount(); ++j) {
-        const TreeItemInfo& info = *InfoOf(heading->child(j));
-        rows << QStringLiteral("%1/%2 %3@%4")
-                    .arg(info.id)
-                    .arg(info.purchaseType)
-                    .arg(info.name, info.storeName);
-      }
-    }
-    return rows.join(QLatin1Char('\n')).toStdString();
+    const auto words = [](const TreeItemInfo& info) {
+      return QStringLiteral("%1/%2 %3@%4")
+          .arg(info.id)
+          .arg(info.purchaseType)
+          .arg(info.name, info.storeName);
+    };
+    return test::ShownRows(tree_, words).join(QLatin1Char('\n')).toStdString();
   }
 
   test::ZoneGuard zone_{"UTC"};
@@ -69,7 +63,7 @@ TEST_F(DiscountTreeTest, AScreenHasItsOwnLook) {
                               .store_name = [](const QString& name) { return name.left(3); }};
   EXPECT_EQ(FillDiscountTree(tree_, database_, {}, look), 0);
   EXPECT_EQ(Rows(), "[Unknown date]\n2/0 So@Cor");
-  EXPECT_EQ(tree_.topLevelItem(0)->text(0),
+  EXPECT_EQ(tree_.rows().Heading(0).Text(),
             QStringLiteral("Unknown date") + QString(60, QLatin1Char(' ')));
 }
 
@@ -78,7 +72,7 @@ TEST_F(DiscountTreeTest, AFailedQueryEmptiesTheTreeAndGivesItsCode) {
   EXPECT_EQ(FillDiscountTree(tree_, database_, {}), 0);
   folder_.Write("discount.dat", test::Hex("00 00 00 00"));
   EXPECT_EQ(FillDiscountTree(tree_, database_, {}), ERR_FORMAT);
-  EXPECT_EQ(tree_.topLevelItemCount(), 0);
+  EXPECT_TRUE(tree_.rows().empty());
 }
 
 }  // namespace

@@ -33,8 +33,7 @@ class PeriodSelectorTest : public testing::Test {
   QWidget screen_;
   ColorButton view_{&screen_};
   ColorButton heading_{&screen_};
-  QCalendarWidget calendar_{&screen_};
-  PeriodSelector selector_{view_, heading_, calendar_, screen_};
+  PeriodSelector selector_{view_, heading_, screen_, 1040};
   QSignalSpy chosen_{&selector_, &PeriodSelector::PeriodChosen};
 };
 
@@ -93,10 +92,13 @@ TEST_F(PeriodSelectorTest, HeadingOpensTheCalendarAndADateChangesThePeriod) {
   screen_.show();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&screen_));
   QTest::mouseClick(&heading_, Qt::LeftButton);
-  ASSERT_TRUE(calendar_.isVisible());
+  const auto* calendar = screen_.findChild<QCalendarWidget*>();
+  ASSERT_NE(calendar, nullptr);
+  ASSERT_TRUE(calendar->isVisible());
+  EXPECT_EQ(calendar->property("controlId").toInt(), 1040);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  EXPECT_FALSE(calendar_.isVisible());
+  EXPECT_FALSE(calendar->isVisible());
   EXPECT_EQ(Heading(), "Nov 20, 2026");
   EXPECT_EQ(selector_.date(), QDate(2026, 11, 20));
   EXPECT_EQ(chosen_.count(), 1);

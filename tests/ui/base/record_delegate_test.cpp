@@ -30,11 +30,11 @@ class RecordDelegateTest : public testing::Test {
     DateHeadings headings;
     headings.Add(kNoon, std::move(info), std::move(detail));
     tree_.SetRows(headings.Take());
-    return PictureOf(tree_.topLevelItem(0)->child(0));
+    return PictureOf(tree_.RecordIndex(0, 0));
   }
 
-  QImage PictureOf(const QTreeWidgetItem* item) {
-    return tree_.viewport()->grab(tree_.visualItemRect(item)).toImage();
+  QImage PictureOf(const QModelIndex& row) {
+    return tree_.viewport()->grab(tree_.visualRect(row)).toImage();
   }
 
   /// Leftmost and rightmost column in the rows from `top` to `bottom` that are not ground.
@@ -126,20 +126,20 @@ TEST_F(RecordDelegateTest, RecurringRowHasAMarkAtTheRight) {
 
 TEST_F(RecordDelegateTest, SelectedRowHasABandWithANavyBar) {
   Row({.name = QStringLiteral("Milk")}, {});
-  QTreeWidgetItem* item = tree_.topLevelItem(0)->child(0);
-  QTest::mouseClick(tree_.viewport(), Qt::LeftButton, {}, tree_.visualItemRect(item).center());
-  const QImage row = PictureOf(item);
+  const QModelIndex index = tree_.RecordIndex(0, 0);
+  QTest::mouseClick(tree_.viewport(), Qt::LeftButton, {}, tree_.visualRect(index).center());
+  const QImage row = PictureOf(index);
   EXPECT_EQ(row.pixelColor(1, 20), theme::kNavy);
   EXPECT_EQ(row.pixelColor(12, 20), theme::kSelection);
 }
 
 TEST_F(RecordDelegateTest, HeadingIsABandWithAChevronThatTurns) {
   Row({}, {});
-  QTreeWidgetItem* heading = tree_.topLevelItem(0);
+  const QModelIndex heading = tree_.HeadingIndex(0);
   const QImage open = PictureOf(heading);
   EXPECT_EQ(open.pixelColor(2, 2), theme::kBar);
   EXPECT_TRUE(LowerHalfHas(open, theme::kNavy));
-  heading->setExpanded(false);
+  tree_.collapse(heading);
   EXPECT_NE(PictureOf(heading).copy(0, 0, kRowIndent, 28), open.copy(0, 0, kRowIndent, 28));
 }
 

@@ -61,9 +61,8 @@ TEST_F(RecordRowTest, RecordRowsTextIs46BlanksAndItsWordsAreForScreenReaders) {
        .name = QStringLiteral("Milk"),
        .storeName = QStringLiteral("Corner Shop")},
       {.shows_due = true, .due = kNoon - 2 * kDay, .recurrence_kind = kWeekly, .every = 1});
-  EXPECT_EQ(row.text(0).toStdString(), std::string(46, ' '));
-  EXPECT_EQ(row.data(0, Qt::AccessibleTextRole).toString().toStdString(),
-            "Milk, Corner Shop, 2 days overdue, weekly");
+  EXPECT_EQ(RecordRow::Text().toStdString(), std::string(46, ' '));
+  EXPECT_EQ(row.AccessibleText().toStdString(), "Milk, Corner Shop, 2 days overdue, weekly");
   EXPECT_TRUE(row.recurring());
   EXPECT_EQ(row.info().reserved, 0);
 }
@@ -100,18 +99,8 @@ TEST_F(RecordRowTest, NoteIsShownAsItStands) {
 
 TEST_F(RecordRowTest, HeadingKeepsItsBlanksFromScreenReaders) {
   const HeadingRow row(QStringLiteral("Unknown date"), 22);
-  EXPECT_EQ(row.text(0).toStdString(), "Unknown date" + std::string(22, ' '));
-  EXPECT_EQ(row.data(0, Qt::AccessibleTextRole).toString().toStdString(), "Unknown date");
-  EXPECT_FALSE(row.data(1, Qt::DisplayRole).isValid());
-}
-
-TEST_F(RecordRowTest, OnlyRecordRowsHaveAnInfo) {
-  const HeadingRow heading(QStringLiteral("Unknown date"), 22);
-  const RecordRow row({.id = 9}, {});
-  EXPECT_EQ(InfoOf(&heading), nullptr);
-  EXPECT_EQ(InfoOf(nullptr), nullptr);
-  ASSERT_NE(InfoOf(&row), nullptr);
-  EXPECT_EQ(InfoOf(&row)->id, 9);
+  EXPECT_EQ(row.Text().toStdString(), "Unknown date" + std::string(22, ' '));
+  EXPECT_EQ(row.words().toStdString(), "Unknown date");
 }
 
 }  // namespace

@@ -31,16 +31,18 @@ class RecordTreeTest : public testing::Test {
     tree_.SetRows(headings.Take());
   }
 
-  QTreeWidgetItem* Heading(int index) { return tree_.topLevelItem(index); }
+  QModelIndex Heading(int index) { return tree_.HeadingIndex(index); }
+  QModelIndex Record(int heading, int record) { return tree_.RecordIndex(heading, record); }
+  bool IsSelected(const QModelIndex& row) { return tree_.selectionModel()->isSelected(row); }
 
-  void Click(QTreeWidgetItem* item, int x, Qt::KeyboardModifiers modifiers = {}) {
-    const QPoint point(x, tree_.visualItemRect(item).center().y());
+  void Click(const QModelIndex& row, int x, Qt::KeyboardModifiers modifiers = {}) {
+    const QPoint point(x, tree_.visualRect(row).center().y());
     QTest::mouseClick(tree_.viewport(), Qt::LeftButton, modifiers, point);
   }
 
-  void DoubleClick(QTreeWidgetItem* item) {
-    Click(item, kTextX);
-    const QPoint point(kTextX, tree_.visualItemRect(item).center().y());
+  void DoubleClick(const QModelIndex& row) {
+    Click(row, kTextX);
+    const QPoint point(kTextX, tree_.visualRect(row).center().y());
     QTest::mouseDClick(tree_.viewport(), Qt::LeftButton, {}, point);
   }
 
@@ -56,29 +58,29 @@ class RecordTreeTest : public testing::Test {
 };
 
 TEST_F(RecordTreeTest, AllHeadingsAreOpenAndNothingIsSelected) {
-  EXPECT_TRUE(Heading(0)->isExpanded());
-  EXPECT_TRUE(Heading(1)->isExpanded());
+  EXPECT_TRUE(tree_.isExpanded(Heading(0)));
+  EXPECT_TRUE(tree_.isExpanded(Heading(1)));
   EXPECT_EQ(CaretId(), 0);
   EXPECT_EQ(caret_changed_.count(), 0);
 }
 
 TEST_F(RecordTreeTest, RowsAreFingerHighAndHeadingsBands) {
-  EXPECT_GE(tree_.visualItemRect(Heading(0)->child(0)).height(), 40);
-  EXPECT_EQ(tree_.visualItemRect(Heading(0)->child(0)).height(), 48);
-  EXPECT_EQ(tree_.visualItemRect(Heading(0)).height(), 28);
-  EXPECT_EQ(tree_.visualItemRect(Heading(0)->child(0)).width(), tree_.viewport()->width());
+  EXPECT_GE(tree_.visualRect(Record(0, 0)).height(), 40);
+  EXPECT_EQ(tree_.visualRect(Record(0, 0)).height(), 48);
+  EXPECT_EQ(tree_.visualRect(Heading(0)).height(), 28);
+  EXPECT_EQ(tree_.visualRect(Record(0, 0)).width(), tree_.viewport()->width());
 }
 
 TEST_F(RecordTreeTest, TappingARowSelectsIt) {
-  Click(Heading(0)->child(1), kTextX);
+  Click(Record(0, 1), kTextX);
   EXPECT_EQ(CaretId(), 12);
   EXPECT_EQ(caret_changed_.count(), 1);
 }
 
 TEST_F(RecordTreeTest, TappingAHeadingSelectsNoRecord) {
-  Click(Heading(0)->child(1), kTextX);
+  Click(Record(0, 1), kTextX);
   Click(Heading(0), kTextX);
-  EXPECT_TRUE(Heading(0)->isSelected());
+  EXPECT_TRUE(IsSelected(Heading(0)));
   EXPECT_EQ(CaretId(), 0);
   EXPECT_EQ(caret_changed_.count(), 2);
 }
@@ -93,7 +95,7 @@ TEST_F(RecordTreeTest, FocusTakesNoRow) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   tree->setFocus(Qt::TabFocusReason);
   ASSERT_TRUE(tree->hasFocus());
-  EXPECT_EQ(tree->currentItem(), nullptr);
+  EXPECT_FALSE(tree->currentIndex().isValid());
   EXPECT_EQ(tree->CaretInfo(), nullptr);
 }
 
@@ -101,46 +103,46 @@ TEST_F(RecordTreeTest, ArrowKeysWalkTheRows) {
   tree_.setFocus();
   QTest::keyClick(&tree_, Qt::Key_Down);
   EXPECT_EQ(CaretId(), 0);
-  EXPECT_TRUE(Heading(0)->isSelected());
+  EXPECT_TRUE(IsSelected(Heading(0)));
   QTest::keyClick(&tree_, Qt::Key_Down);
   EXPECT_EQ(CaretId(), 11);
 }
 
 TEST_F(RecordTreeTest, RebuildingLosesTheSelectionWithoutASignal) {
-  Click(Heading(0)->child(1), kTextX);
+  Click(Record(0, 1), kTextX);
   caret_changed_.clear();
   Fill();
   EXPECT_EQ(CaretId(), 0);
-  EXPECT_EQ(tree_.currentItem(), nullptr);
+  EXPECT_FALSE(tree_.currentIndex().isValid());
   tree_.ClearRows();
-  EXPECT_EQ(tree_.topLevelItemCount(), 0);
+  EXPECT_TRUE(tree_.rows().empty());
   EXPECT_EQ(caret_changed_.count(), 0);
 }
 
 TEST_F(RecordTreeTest, TappingTheSelectedRowWithControlTakesTheSelectionBack) {
-  Click(Heading(0)->child(1), kTextX);
-  Click(Heading(0)->child(1), kTextX, Qt::ControlModifier);
+  Click(Record(0, 1), kTextX);
+  Click(Record(0, 1), kTextX, Qt::ControlModifier);
   EXPECT_EQ(CaretId(), 0);
   EXPECT_EQ(caret_changed_.count(), 2);
 }
 
 TEST_F(RecordTreeTest, ChevronClosesAndOpensWithoutSelecting) {
   Click(Heading(0), kChevronX);
-  EXPECT_FALSE(Heading(0)->isExpanded());
-  EXPECT_FALSE(Heading(0)->isSelected());
+  EXPECT_FALSE(tree_.isExpanded(Heading(0)));
+  EXPECT_FALSE(IsSelected(Heading(0)));
   Click(Heading(0), kChevronX);
-  EXPECT_TRUE(Heading(0)->isExpanded());
+  EXPECT_TRUE(tree_.isExpanded(Heading(0)));
 }
 
 TEST_F(RecordTreeTest, ClosingAHeadingOverTheSelectedRowSelectsTheHeading) {
-  Click(Heading(0)->child(1), kTextX);
+  Click(Record(0, 1), kTextX);
   Click(Heading(0), kChevronX);
   EXPECT_EQ(CaretId(), 0);
-  EXPECT_TRUE(Heading(0)->isSelected());
+  EXPECT_TRUE(IsSelected(Heading(0)));
 }
 
 TEST_F(RecordTreeTest, ClosingAnotherHeadingKeepsTheSelectedRow) {
-  Click(Heading(0)->child(1), kTextX);
+  Click(Record(0, 1), kTextX);
   Click(Heading(1), kChevronX);
   EXPECT_EQ(CaretId(), 12);
 }
@@ -149,18 +151,18 @@ TEST_F(RecordTreeTest, DoubleTapChoosesARecordButNotAHeading) {
   DoubleClick(Heading(0));
   EXPECT_EQ(chosen_.count(), 0);
   Fill();
-  DoubleClick(Heading(0)->child(0));
+  DoubleClick(Record(0, 0));
   EXPECT_EQ(chosen_.count(), 1);
 }
 
 TEST_F(RecordTreeTest, EnterChoosesARecordAndTurnsAHeading) {
   Click(Heading(0), kTextX);
   QTest::keyClick(&tree_, Qt::Key_Return);
-  EXPECT_FALSE(Heading(0)->isExpanded());
+  EXPECT_FALSE(tree_.isExpanded(Heading(0)));
   QTest::keyClick(&tree_, Qt::Key_Enter);
-  EXPECT_TRUE(Heading(0)->isExpanded());
+  EXPECT_TRUE(tree_.isExpanded(Heading(0)));
   EXPECT_EQ(chosen_.count(), 0);
-  Click(Heading(0)->child(0), kTextX);
+  Click(Record(0, 0), kTextX);
   QTest::keyClick(&tree_, Qt::Key_Return);
   EXPECT_EQ(chosen_.count(), 1);
 }
@@ -180,8 +182,8 @@ TEST_F(RecordTreeTest, DoubleFontMakesHigherRows) {
   QFont font = tree_.font();
   font.setPixelSize(2 * QFontInfo(font).pixelSize());
   tree_.setFont(font);
-  EXPECT_GT(tree_.visualItemRect(Heading(0)->child(0)).height(), 60);
-  EXPECT_GT(tree_.visualItemRect(Heading(0)).height(), 28);
+  EXPECT_GT(tree_.visualRect(Record(0, 0)).height(), 60);
+  EXPECT_GT(tree_.visualRect(Heading(0)).height(), 28);
 }
 
 }  // namespace

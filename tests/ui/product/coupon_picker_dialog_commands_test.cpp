@@ -55,7 +55,7 @@ TEST_F(CouponPickerCommandsTest, EnterAndADoubleTapOnACouponSelectIt) {
   EXPECT_EQ(picked_, (AppliedDiscount{2, 1, 3}));
   EXPECT_EQ(Run([&] {
               SelectRow(QStringLiteral("tea"));
-              const QRect row = Tree()->visualItemRect(Tree()->topLevelItem(0)->child(0));
+              const QRect row = Tree()->visualRect(Tree()->RecordIndex(0, 0));
               QTest::mouseDClick(Tree()->viewport(), Qt::LeftButton, {}, row.center());
             }),
             0);

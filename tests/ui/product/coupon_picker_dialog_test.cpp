@@ -79,11 +79,11 @@ TEST_F(CouponPickerDialogTest, EqualDatesFollowingEachOtherShareAHeading) {
            {.id = 5, .name = "d", .stamp = kToday - kDay}});
   Run([&] {
     EXPECT_EQ(Rows(), "[Saturday 11/21/2026]\nb\n[Friday 11/20/2026]\nd\n[Unknown date]\na\nc");
-    EXPECT_EQ(Tree()->topLevelItem(0)->text(0),
+    EXPECT_EQ(Tree()->HeadingIndex(0).data().toString(),
               QStringLiteral("Saturday 11/21/2026") + QString(22, QLatin1Char(' ')));
-    EXPECT_EQ(Tree()->topLevelItem(2)->text(0),
+    EXPECT_EQ(Tree()->HeadingIndex(2).data().toString(),
               QStringLiteral("Unknown date") + QString(60, QLatin1Char(' ')));
-    EXPECT_EQ(Tree()->topLevelItem(2)->child(0)->text(0), QString(46, QLatin1Char(' ')));
+    EXPECT_EQ(Tree()->RecordIndex(2, 0).data().toString(), QString(46, QLatin1Char(' ')));
   });
 }
 

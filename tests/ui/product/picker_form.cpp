@@ -4,8 +4,8 @@
 #include <QMenu>
 #include <QTest>
 
+#include "tests/ui/base/shown_rows.h"
 #include "ui/base/color_button.h"
-#include "ui/base/record_tree.h"
 #include "ui/product/picker_bar.h"
 
 namespace brovanta::test {
@@ -27,17 +27,7 @@ int PickerFormTest::Run(const Act& act) {
 RecordTree* PickerFormTest::Tree() { return Find<RecordTree>("recordTree"); }
 
 std::string PickerFormTest::Rows() {
-  QStringList rows;
-  for (int i = 0; i < Tree()->topLevelItemCount(); ++i) {
-    const QTreeWidgetItem* heading = Tree()->topLevelItem(i);
-    rows << QLatin1Char('[') + heading->text(0).trimmed() + QLatin1Char(']');
-    for (int j = 0; j < heading->childCount(); ++j) {
-      const TreeItemInfo& info = *InfoOf(heading->child(j));
-      rows << info.name +
-                  (info.storeName.isEmpty() ? QString() : QLatin1Char('@') + info.storeName);
-    }
-  }
-  return rows.join(QLatin1Char('\n')).toStdString();
+  return ShownRows(*Tree(), NameAndStore).join(QLatin1Char('\n')).toStdString();
 }
 
 std::string PickerFormTest::Text(const char* button_name) {
@@ -64,20 +54,15 @@ std::string PickerFormTest::Enabled() {
 }
 
 void PickerFormTest::SelectRow(const QString& name) {
-  for (QTreeWidgetItemIterator it(Tree()); *it != nullptr; ++it) {
-    const TreeItemInfo* info = InfoOf(*it);
-    if (info == nullptr || info->name != name) continue;
-    QTest::mouseClick(Tree()->viewport(), Qt::LeftButton, {}, Tree()->visualItemRect(*it).center());
-    return;
-  }
-  ADD_FAILURE() << "no row " << name.toStdString();
+  const QModelIndex row = RecordNamed(*Tree(), name);
+  ASSERT_TRUE(row.isValid()) << "no row " << name.toStdString();
+  QTest::mouseClick(Tree()->viewport(), Qt::LeftButton, {}, Tree()->visualRect(row).center());
 }
 
 void PickerFormTest::SelectHeading(int index) {
-  QTreeWidgetItem* heading = Tree()->topLevelItem(index);
-  ASSERT_NE(heading, nullptr);
-  QTest::mouseClick(Tree()->viewport(), Qt::LeftButton, {},
-                    Tree()->visualItemRect(heading).center());
+  const QModelIndex heading = Tree()->HeadingIndex(index);
+  ASSERT_TRUE(heading.isValid());
+  QTest::mouseClick(Tree()->viewport(), Qt::LeftButton, {}, Tree()->visualRect(heading).center());
 }
 
 void PickerFormTest::Tool(int command) { Press(qPrintable(QStringLiteral("tool%1").arg(command))); }

@@ -2,15 +2,14 @@
 #pragma once
 
 #include <QTest>
-#include <QTreeWidgetItemIterator>
 #include <string>
 #include <vector>
 
 #include "tests/db/raw_files.h"
 #include "tests/support/framed_file.h"
+#include "tests/ui/base/shown_rows.h"
 #include "tests/ui/product/product_form.h"
 #include "ui/base/color_button.h"
-#include "ui/base/record_tree.h"
 
 namespace brovanta::test {
 
@@ -58,13 +57,9 @@ class ProductCouponsFixture : public ProductFormTest {
   }
   void SelectRow(const QString& name) {
     auto* tree = Find<RecordTree>("recordTree");
-    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
-      const TreeItemInfo* info = InfoOf(*it);
-      if (info == nullptr || info->name != name) continue;
-      QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(*it).center());
-      return;
-    }
-    ADD_FAILURE() << "no row " << name.toStdString();
+    const QModelIndex row = RecordNamed(*tree, name);
+    ASSERT_TRUE(row.isValid()) << "no row " << name.toStdString();
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(row).center());
   }
   void FillInACoupon(const QString& name) {
     Type("couponNameEdit", name);

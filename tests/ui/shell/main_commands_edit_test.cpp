@@ -86,7 +86,7 @@ TEST_F(EditCommandsTest, MenuKeysEnterAndDoubleTapEditToo) {
       [this] { ToolsMenu("Edit"); }, [this] { Press(Qt::Key_F2); },
       [this] { Press(Qt::Key_Return); }, [this] { Press(Qt::Key_Enter); },
       [this] {
-        const QRect row = tree().visualItemRect(tree().topLevelItem(0)->child(0));
+        const QRect row = tree().visualRect(tree().RecordIndex(0, 0));
         QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, row.center());
       }};
   for (const auto& way : ways) {
@@ -102,7 +102,7 @@ TEST_F(EditCommandsTest, MenuKeysEnterAndDoubleTapEditToo) {
 TEST_F(EditCommandsTest, EditedRecordOutlivesTheRowAndTheListItCameFrom) {
   AddProduct("Milk", kToday);
   Open();
-  const QRect row = tree().visualItemRect(tree().topLevelItem(0)->child(0));
+  const QRect row = tree().visualRect(tree().RecordIndex(0, 0));
   Select("Milk");
   RenameInNextDialog("Oat milk");
   QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, row.center());

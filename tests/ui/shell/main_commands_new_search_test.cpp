@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
 #include "tests/search/agents.h"
 #include "tests/support/loopback_shops.h"

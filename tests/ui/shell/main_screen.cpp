@@ -4,9 +4,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
-#include <QTreeWidgetItemIterator>
 #include <limits>
 
+#include "tests/ui/base/shown_rows.h"
 #include "ui/base/wide_text.h"
 
 namespace brovanta::test {
@@ -122,16 +122,7 @@ void MainScreenTest::Open() {
 
 std::vector<std::string> MainScreenTest::Rows() {
   std::vector<std::string> rows;
-  for (int i = 0; i < tree().topLevelItemCount(); ++i) {
-    const QTreeWidgetItem* heading = tree().topLevelItem(i);
-    rows.push_back(QStringLiteral("[%1]").arg(heading->text(0).trimmed()).toStdString());
-    for (int j = 0; j < heading->childCount(); ++j) {
-      const TreeItemInfo& info = *InfoOf(heading->child(j));
-      const QString store =
-          info.storeName.isEmpty() ? QString() : QLatin1Char('@') + info.storeName;
-      rows.push_back((info.name + store).toStdString());
-    }
-  }
+  for (const QString& row : ShownRows(tree(), NameAndStore)) rows.push_back(row.toStdString());
   return rows;
 }
 
@@ -198,20 +189,16 @@ void MainScreenTest::ToolsMenu(const char* text) {
 }
 
 void MainScreenTest::Select(const std::string& name) {
-  for (QTreeWidgetItemIterator it(&tree()); *it != nullptr; ++it) {
-    const TreeItemInfo* info = InfoOf(*it);
-    if (info == nullptr || info->name.toStdString() != name) continue;
-    tree().scrollToItem(*it);
-    QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualItemRect(*it).center());
-    return;
-  }
-  ADD_FAILURE() << "no row " << name;
+  const QModelIndex row = RecordNamed(tree(), QString::fromStdString(name));
+  ASSERT_TRUE(row.isValid()) << "no row " << name;
+  tree().scrollTo(row);
+  QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualRect(row).center());
 }
 
 void MainScreenTest::SelectHeading(int index) {
-  QTreeWidgetItem* heading = tree().topLevelItem(index);
-  ASSERT_NE(heading, nullptr);
-  QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualItemRect(heading).center());
+  const QModelIndex heading = tree().HeadingIndex(index);
+  ASSERT_TRUE(heading.isValid());
+  QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualRect(heading).center());
 }
 
 void MainScreenTest::Press(int key, Qt::KeyboardModifiers modifiers) {

@@ -19,8 +19,8 @@ class TreeFillersTest : public MainScreenTest {
     ChooseTab(tab);
   }
 
-  const RecordRow& Row(int heading, int row) {
-    return *static_cast<RecordRow*>(tree().topLevelItem(heading)->child(row));
+  const RecordRow& Row(std::size_t heading, std::size_t row) {
+    return tree().rows().Under(heading)[row];
   }
 };
 
@@ -64,10 +64,10 @@ TEST_F(TreeFillersTest, ProductsWithoutAScheduleStandUnderUnknownDate) {
   Open();
   EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Milk", "[Unknown date]", "Someday",
                                   "Some other day"));
-  EXPECT_EQ(tree().topLevelItem(1)->text(0).toStdString(), "Unknown date" + std::string(22, ' '));
-  EXPECT_EQ(tree().topLevelItem(0)->text(0).toStdString(),
+  EXPECT_EQ(tree().rows().Heading(1).Text().toStdString(), "Unknown date" + std::string(22, ' '));
+  EXPECT_EQ(tree().rows().Heading(0).Text().toStdString(),
             "Saturday 11/21/2026" + std::string(22, ' '));
-  EXPECT_EQ(tree().topLevelItem(0)->child(0)->text(0).toStdString(), std::string(46, ' '));
+  EXPECT_EQ(tree().RecordIndex(0, 0).data().toString().toStdString(), std::string(46, ' '));
 }
 
 TEST_F(TreeFillersTest, PurchasesAreGroupedByMomentInTheOrderOfTheFile) {
@@ -121,7 +121,7 @@ TEST_F(TreeFillersTest, WebSearchesOfThePeriodStandUnderTheirDaysInTheOrderOfThe
                                   "m\u00FCsli", "[Saturday 11/21/2026]", "<b>tea</b>"));
   EXPECT_EQ(Row(1, 0).info().id, 3);
   EXPECT_EQ(Row(1, 0).info().purchaseType, 0);
-  EXPECT_EQ(tree().topLevelItem(0)->text(0).toStdString(),
+  EXPECT_EQ(tree().rows().Heading(0).Text().toStdString(),
             "Saturday 11/21/2026" + std::string(22, ' '));
   EXPECT_EQ(Row(1, 0).Words().text, QString());
   ChooseView(kDailyView);
@@ -140,13 +140,12 @@ TEST_F(TreeFillersTest, WebSearchesOfAnUnknownDateHaveTheirOwnHeadings) {
     ASSERT_EQ(state.searches->SetSearchFolder(folder_.path()), 0);
     RecordTree rows;
     ASSERT_EQ(FillWebSearches(rows, state), 0);
-    ASSERT_EQ(rows.topLevelItemCount(), 1) << blanks;
-    const QTreeWidgetItem* heading = rows.topLevelItem(0);
-    EXPECT_EQ(heading->text(0).toStdString(),
+    ASSERT_EQ(rows.rows().HeadingCount(), 1U) << blanks;
+    EXPECT_EQ(rows.HeadingIndex(0).data().toString().toStdString(),
               "Unknown date" + std::string(static_cast<std::size_t>(blanks), ' '));
-    ASSERT_EQ(heading->childCount(), 1);
-    EXPECT_EQ(heading->child(0)->text(0).toStdString(), std::string(46, ' '));
-    const TreeItemInfo& info = *InfoOf(heading->child(0));
+    ASSERT_EQ(rows.rows().Under(0).size(), 1U);
+    EXPECT_EQ(rows.RecordIndex(0, 0).data().toString().toStdString(), std::string(46, ' '));
+    const TreeItemInfo& info = rows.rows().Under(0)[0].info();
     EXPECT_EQ(info.reserved, 0);
     EXPECT_EQ(info.storeName, QString());
   }

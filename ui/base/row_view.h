@@ -1,0 +1,25 @@
+// What every list of painted rows on the screens has in common, whatever model it shows.
+#pragma once
+
+#include <QModelIndex>
+#include <QString>
+
+class QTreeView;
+
+namespace brovanta {
+
+/// No header and no marks of a tree, one row selected at most, scrolls by finger.
+void SetUpRowView(QTreeView& view);
+
+/// The selected row, which is the caret; none gives an invalid index.
+[[nodiscard]] QModelIndex CaretOf(const QTreeView& view);
+
+/// Rows are selected by the user only. The toolkit takes the first row as its current one when the
+/// focus comes in, and the next arrow key would pass it over: to be called after that.
+void DropFocusRow(QTreeView& view);
+
+/// Paints quiet words on the ground of a list without rows, and the frame of a list that has the
+/// focus and no caret. To be called when the rows have been painted.
+void PaintRowViewSigns(QTreeView& view, const QString& empty_text);
+
+}  // namespace brovanta
