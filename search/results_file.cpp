@@ -115,7 +115,6 @@ int ReadSearchResults(SearchResultList& list, const std::string& path) {
   Reader reader(bytes);
   std::vector<SearchResultItem> items;
   if (const int code = ReadItems(reader, items); code != 0) return code;
-  // The same as inserting one after the other, in the time that sorting takes.
   list.Append(std::move(items));
   list.SortByPrice();
   return 0;

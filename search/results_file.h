@@ -9,7 +9,7 @@ namespace brovanta {
 
 /// Puts the list into a whole new file at the documented path, in the order of the list and with
 /// the ids as they are; the old file stays when that fails. 0; ERR_OPEN when it cannot be made or
-/// someone else holds the old one; ERR_IO when the old one cannot be kept in case of failure.
+/// someone else holds the old one.
 [[nodiscard]] int WriteSearchResults(const SearchResultList& list, const std::string& path);
 
 /// Fills the list from the file, by price. 0; ERR_OPEN; ERR_FORMAT for a wrong magic, and for

@@ -20,11 +20,6 @@ bool IsCheaper(const SearchResultItem& left, const SearchResultItem& right) {
 
 }  // namespace
 
-void SearchResultList::Insert(SearchResultItem item) {
-  const auto place = std::upper_bound(items_.begin(), items_.end(), item, IsCheaper);
-  items_.insert(place, std::move(item));
-}
-
 void SearchResultList::Append(std::vector<SearchResultItem> items) {
   items_.insert(items_.end(), std::make_move_iterator(items.begin()),
                 std::make_move_iterator(items.end()));

@@ -10,7 +10,7 @@
 namespace brovanta {
 
 /// Results in ascending order of price, equal prices in the order in which they came (what is no
-/// number stands last). Only Append leaves that order. A plain value.
+/// number stands last), once they have been sorted. A plain value.
 class SearchResultList {
  public:
   /// In the order of the list; good until the list changes.
@@ -19,13 +19,10 @@ class SearchResultList {
   [[nodiscard]] bool empty() const { return items_.empty(); }
   void Clear() { items_.clear(); }
 
-  /// Puts the item to its place by price, behind those of the same price.
-  void Insert(SearchResultItem item);
-
   /// Puts the items to the end, whatever they cost.
   void Append(std::vector<SearchResultItem> items);
 
-  /// Brings the list into its order, after Append.
+  /// Brings the list into its order: the same as inserting the items one after the other.
   void SortByPrice();
 
   /// Gives the items the ids 1, 2, ... in the order of the list.

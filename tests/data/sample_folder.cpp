@@ -78,8 +78,8 @@ void SaveSearches(const std::string& folder) {
   SearchManager manager;
   Need(manager.SetSearchFolder(folder) == 0);
   SearchResultList results;
-  results.Insert(Result("Red shoe", 39.9));
-  results.Insert(Result("Shoe lace", 2.5));
+  results.Append({Result("Red shoe", 39.9)});
+  results.Append({Result("Shoe lace", 2.5)});
   SavedSearches& saved = manager.saved_searches();
   for (const int number : {2, 3, 4}) {
     Need(saved.SaveSearch(1, "shoe", &results) == number);

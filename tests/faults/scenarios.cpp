@@ -185,7 +185,7 @@ SearchResultList Results() {
     item.Title = "Milk, 1 l";
     item.Url = "http://shop.example/milk";
     item.Price = price;
-    results.Insert(item);
+    results.Append({item});
   }
   return results;
 }

@@ -62,7 +62,7 @@ class ResultsFileTest : public testing::Test {
 };
 
 TEST_F(ResultsFileTest, WritesTheDocumentedBytes) {
-  list_.Insert(GoldenItem());
+  list_.Append({GoldenItem()});
   EXPECT_EQ(WriteSearchResults(list_, Path()), 0);
   EXPECT_EQ(folder_.Read("7.dat"), GoldenBytes());
 }
@@ -82,7 +82,7 @@ TEST_F(ResultsFileTest, EmptyListIsMagicAndEndMark) {
 TEST_F(ResultsFileTest, MissingTextHasLengthZeroAndAnEmptyOneLengthOne) {
   SearchResultItem item;
   item.Text = "";
-  list_.Insert(item);
+  list_.Append({item});
   EXPECT_EQ(WriteSearchResults(list_, Path()), 0);
   EXPECT_EQ(folder_.Read("7.dat"),
             RawResults({Join({RawNumbers(0, 0.0), Hex("00 00 00 00"), Hex("01 00 00 00 00"),
@@ -111,13 +111,13 @@ TEST_F(ResultsFileTest, ReadsByPrice) {
 }
 
 TEST_F(ResultsFileTest, ReadingTakesThePlaceOfWhatTheListHeld) {
-  list_.Insert(GoldenItem());
+  list_.Append({GoldenItem()});
   EXPECT_EQ(ReadBytes(RawResults({RawResult(1, 5, "five")})), 0);
   EXPECT_THAT(Titles(), ElementsAre("five"));
 }
 
 TEST_F(ResultsFileTest, MissingFileIsNotOpened) {
-  list_.Insert(GoldenItem());
+  list_.Append({GoldenItem()});
   EXPECT_EQ(ReadSearchResults(list_, Path()), ERR_OPEN);
   EXPECT_TRUE(list_.empty());
 }
@@ -138,7 +138,7 @@ TEST_F(ResultsFileTest, FolderThatIsMissingIsAnError) {
 
 TEST_F(ResultsFileTest, FullDiskLeavesTheOldFile) {
   folder_.Write("7.dat", GoldenBytes());
-  for (std::int32_t i = 0; i < 100; ++i) list_.Insert(GoldenItem());
+  for (std::int32_t i = 0; i < 100; ++i) list_.Append({GoldenItem()});
   int code = 0;
   {
     const test::WriteLimit full(500);

@@ -26,7 +26,7 @@ class ResultDelegateTest : public testing::Test {
     item.SiteName = site;
     item.Price = price;
     SearchResultList results;
-    results.Insert(item);
+    results.Append({item});
     list_.SetResults(results);
   }
   QRect RowRect() { return list_.visualItemRect(list_.topLevelItem(0)); }

@@ -29,12 +29,12 @@ class ResultListTest : public testing::Test {
 
   void Show(int count) {
     SearchResultList results;
-    for (int i = 1; i <= count; ++i) results.Insert(Item(i, i, "Soap"));
+    for (int i = 1; i <= count; ++i) results.Append({Item(i, i, "Soap")});
     list_.SetResults(results);
   }
   void Show(SearchResultItem item) {
     SearchResultList results;
-    results.Insert(std::move(item));
+    results.Append({std::move(item)});
     list_.SetResults(results);
   }
   const ResultRow& Row(int index) {
