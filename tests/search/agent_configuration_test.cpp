@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <random>
 #include <sstream>
@@ -10,6 +12,8 @@
 #include <vector>
 
 #include "platform/file.h"
+#include "platform/system_calls.h"
+#include "platform/text_file.h"
 #include "search/agent_fields.h"
 #include "tests/support/temp_folder.h"
 #include "util/error_codes.h"
@@ -188,6 +192,44 @@ TEST_F(AgentConfigurationTest, FileThatDoesNotOpenLeavesTheListsEmpty) {
   platform::File holder;
   ASSERT_TRUE(holder.Open(path(), platform::File::Mode::kRead));
   EXPECT_EQ(LoadAgentConfiguration(path(), configuration_), ERR_OPEN);
+}
+
+TEST_F(AgentConfigurationTest, FileThatIsTooLargeLeavesTheListsEmpty) {
+  ASSERT_EQ(Load(Category("1", "Groceries") + Agent("7")), 0);
+  std::filesystem::resize_file(path(), platform::kLargestWholeFile + 1);
+  EXPECT_EQ(LoadAgentConfiguration(path(), configuration_), -12);
+  EXPECT_THAT(Categories(), IsEmpty());
+  EXPECT_THAT(Agents(), IsEmpty());
+}
+
+TEST_F(AgentConfigurationTest, FileThatGivesFewerBytesThanItHasLeavesTheListsEmpty) {
+  class ShortCalls : public platform::SystemCalls {
+    ssize_t Read(int, void*, std::size_t) override { return 0; }
+  };
+  ASSERT_EQ(Load(Category("1", "Groceries") + Agent("7")), 0);
+  ShortCalls calls;
+  const platform::SystemCallsInUse in_use(calls);
+  EXPECT_EQ(LoadAgentConfiguration(path(), configuration_), -12);
+  EXPECT_THAT(Categories(), IsEmpty());
+  EXPECT_THAT(Agents(), IsEmpty());
+}
+
+TEST_F(AgentConfigurationTest, FileWhoseSizeCannotBeReadLeavesTheListsEmpty) {
+  // The first look at the open file belongs to its opening.
+  class SizelessCalls : public platform::SystemCalls {
+    int StatusOf(int descriptor, struct stat* status) override {
+      if (looks_++ == 0) return SystemCalls::StatusOf(descriptor, status);
+      errno = EIO;
+      return -1;
+    }
+    int looks_ = 0;
+  };
+  ASSERT_EQ(Load(Category("1", "Groceries") + Agent("7")), 0);
+  SizelessCalls calls;
+  const platform::SystemCallsInUse in_use(calls);
+  EXPECT_EQ(LoadAgentConfiguration(path(), configuration_), -14);
+  EXPECT_THAT(Categories(), IsEmpty());
+  EXPECT_THAT(Agents(), IsEmpty());
 }
 
 TEST_F(AgentConfigurationTest, AgentOutlivesItsConfiguration) {

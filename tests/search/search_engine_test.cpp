@@ -10,6 +10,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "search/agent_status.h"
@@ -40,6 +41,30 @@ TEST_F(SearchEngineTest, CategoryServedByNobodyStartsNothingAndSaysNothing) {
   engine_.reset();
   EXPECT_THAT(window_->seen(), IsEmpty());
   EXPECT_THAT(shops_->urls(), IsEmpty());
+}
+
+// By the membership rule with all its quirks: the first occurrence only, its first digit only.
+TEST_F(SearchEngineTest, OnlyAgentsThatServeTheCategoryAreStarted) {
+  const std::vector<std::string> site_types{"1,3", "21", "12", "11,1", "2, 3", "12 1", "9"};
+  std::vector<std::shared_ptr<const WebAgent>> agents;
+  for (const std::string& site_type : site_types) {
+    WebAgent agent = ScriptedShops::Agent(static_cast<std::int32_t>(agents.size() + 1));
+    agent.SiteType = site_type;
+    agents.push_back(ScriptedShops::Share(agent));
+  }
+  const std::vector<std::pair<std::int32_t, std::vector<std::int32_t>>> expected{
+      {1, {1, 2}}, {2, {3, 5, 6}}, {3, {1, 5}}, {4, {}}, {9, {7}}, {11, {}}, {12, {}}, {21, {}}};
+  for (const auto& [category, sites] : expected) {
+    const auto window = std::make_shared<RecordingWindow>();
+    EXPECT_EQ(engine_->StartSearch(agents, category, "soap", window),
+              static_cast<std::int32_t>(sites.size()))
+        << category;
+    std::vector<std::int32_t> started;
+    for (const Seen& seen : window->seen()) {
+      if (seen.message == WM_SEARCH_AGENT_STARTED) started.push_back(seen.site);
+    }
+    EXPECT_EQ(started, sites) << category;
+  }
 }
 
 TEST_F(SearchEngineTest, AgentDeliversWhatIsOnItsPage) {
@@ -239,12 +264,45 @@ TEST_F(SearchEngineTest, StoppedAgentsAllFailAndEachSaysFinished) {
   EXPECT_EQ(engine_->RunningCount(), 0U);
   ASSERT_TRUE(window_->WaitUntilFinished(3));
   ASSERT_TRUE(shops_->WaitForThreads());
-  auto seen = window_->seen();
+  const auto seen = window_->seen();
   ASSERT_EQ(seen.size(), 9U);
+  EXPECT_THAT(std::vector(seen.begin(), seen.begin() + 3),
+              ElementsAre(Started(1), Started(2), Started(3)));
+  std::vector<std::int32_t> failed;
   for (std::size_t i = 3; i < 9; i += 2) {
     EXPECT_EQ(seen[i], Failed(seen[i].site, 0x10000010));
     EXPECT_EQ(seen[i + 1], Finished(0));
+    failed.push_back(seen[i].site);
   }
+  EXPECT_THAT(failed, testing::UnorderedElementsAre(1, 2, 3)) << "each of them once";
+}
+
+// An agent is in the list while its report is handled and has left it when the end is.
+TEST_F(SearchEngineTest, AgentsLeaveTheListBetweenTheirReportAndTheEnd) {
+  std::vector<std::size_t> reported;
+  std::vector<std::size_t> finished;
+  const auto window = std::make_shared<RecordingWindow>([&](const Seen& seen) {
+    if (seen.message == WM_SEARCH_AGENT_FAILED) reported.push_back(engine_->RunningCount());
+    if (seen.message == WM_SEARCH_FINISHED) finished.push_back(engine_->RunningCount());
+  });
+  ASSERT_EQ(Start(ScriptedShops::Agents(3), window), 3);
+  ASSERT_TRUE(window->WaitUntilFinished());
+  ASSERT_TRUE(shops_->WaitForThreads());
+  EXPECT_THAT(reported, ElementsAre(3U, 2U, 1U));
+  EXPECT_THAT(finished, ElementsAre(0U));
+}
+
+TEST_F(SearchEngineTest, StoppedAgentsReportToAnEmptyList) {
+  std::vector<std::size_t> counts;
+  const auto window = std::make_shared<RecordingWindow>([&](const Seen& seen) {
+    if (seen.message != WM_SEARCH_AGENT_STARTED) counts.push_back(engine_->RunningCount());
+  });
+  for (std::int32_t site = 1; site <= 2; ++site) shops_->Hold(site);
+  ASSERT_EQ(Start(ScriptedShops::Agents(2), window), 2);
+  ASSERT_TRUE(shops_->WaitForDownloads(2));
+  EXPECT_EQ(engine_->StopSearch(), 0);
+  ASSERT_TRUE(shops_->WaitForThreads());
+  EXPECT_THAT(counts, ElementsAre(0U, 0U, 0U, 0U));
 }
 
 TEST_F(SearchEngineTest, StoppingNothingIsNoError) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <string>
+
 #include "search/agent_fields.h"
 
 namespace brovanta {
@@ -35,9 +38,25 @@ TEST(WebAgentTest, OnlyTheFirstOccurrenceCounts) {
   EXPECT_FALSE(Serves("1x,1", 1));
 }
 
+// The character behind the first digit is always the second one.
 TEST(WebAgentTest, NumbersOfTwoDigitsNeverMatch) {
   EXPECT_FALSE(Serves("12", 12));
   EXPECT_FALSE(Serves("1,12,3", 12));
+  for (std::int32_t category = 10; category <= 99; ++category) {
+    const std::string number = std::to_string(category);
+    EXPECT_FALSE(Serves(number, category)) << number;
+    EXPECT_FALSE(Serves(number + ", " + number + " 1,2", category)) << number;
+  }
+}
+
+// Where both digits are the same the first occurrence is the first digit, with a digit behind it.
+TEST(WebAgentTest, ListOfTwoDigitsServesItsLastDigitOnly) {
+  for (std::int32_t number = 10; number <= 99; ++number) {
+    for (std::int32_t category = 1; category <= 9; ++category) {
+      const bool expected = number % 10 == category && number / 10 != category;
+      EXPECT_EQ(Serves(std::to_string(number), category), expected) << number << " " << category;
+    }
+  }
 }
 
 TEST(WebAgentTest, OtherSeparatorsAreNone) {
