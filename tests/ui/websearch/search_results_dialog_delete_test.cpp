@@ -5,6 +5,7 @@
 #include <QTest>
 #include <filesystem>
 
+#include "tests/support/dialog_watch.h"
 #include "tests/ui/websearch/results_form.h"
 
 namespace brovanta {
@@ -62,6 +63,25 @@ TEST_F(SearchResultsDeleteTest, DeletingFromTheListAsks) {
   });
   EXPECT_EQ(Messages(), kQuestion);
   EXPECT_EQ(Stored(), RawResults({Raw(kTea), Raw(kCup)}));
+}
+
+TEST_F(SearchResultsDeleteTest, TheQuestionHasItsIconAndItsTwoButtons) {
+  Results({kSoap});
+  QMessageBox::Icon icon = QMessageBox::NoIcon;
+  QMessageBox::StandardButtons buttons;
+  Run([&] {
+    Select(0);
+    const test::DialogWatch watch([&](QWidget& window) {
+      const auto* box = qobject_cast<QMessageBox*>(&window);
+      ASSERT_NE(box, nullptr);
+      icon = box->icon();
+      buttons = box->standardButtons();
+    });
+    DeleteAndAnswer(QMessageBox::No);
+  });
+  EXPECT_EQ(icon, QMessageBox::Question);
+  EXPECT_EQ(buttons, QMessageBox::Yes | QMessageBox::No);
+  EXPECT_EQ(Messages(), kQuestion);
 }
 
 TEST_F(SearchResultsDeleteTest, AnythingButYesDeletesNothing) {

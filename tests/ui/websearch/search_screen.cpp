@@ -61,6 +61,11 @@ SearchScreenTest::~SearchScreenTest() {
   EXPECT_TRUE(IsQuiet()) << "somebody still holds a connection";
 }
 
+void SearchScreenTest::UseServices(SearchServices services) {
+  searches_ = std::make_unique<SearchManager>(std::move(services));
+  EXPECT_EQ(searches_->SetSearchFolder(folder_.path()), 0);
+}
+
 void SearchScreenTest::LoadConfiguration() {
   WriteConfiguration(folder_);
   EXPECT_EQ(searches_->LoadAgentConfiguration(searches_->configuration_path()), 0);

@@ -55,6 +55,9 @@ class SearchScreenTest : public testing::Test, protected LoopbackShops {
   SearchScreenTest();
   ~SearchScreenTest() override;
 
+  /// Another manager, for the same folder; before LoadConfiguration.
+  void UseServices(SearchServices services);
+
   /// Writes the agent file and loads it as the search dialog does.
   void LoadConfiguration();
 
