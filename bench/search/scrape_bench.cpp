@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 #include <libxml/HTMLparser.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -48,6 +49,8 @@ void BuildTree(benchmark::State& state) {
   htmlDocPtr tree = parse();
   if (tree == nullptr || CountLinks(xmlDocGetRootElement(tree)) != kItems) {
     state.SkipWithError("the tree does not hold the items");
+    xmlFreeDoc(tree);
+    return;
   }
   xmlFreeDoc(tree);
   for (auto unused : state) {
@@ -92,7 +95,10 @@ void Endless(benchmark::State& state, std::size_t bytes, const char* marker) {
   WebAgent agent = ShopAgent();
   agent.EndHeader.reset();
   agent.StartResult = marker;
-  if (!ScrapePage(page, agent, kWord).empty()) state.SkipWithError("the marker was completed");
+  if (!ScrapePage(page, agent, kWord).empty()) {
+    state.SkipWithError("the marker was completed");
+    return;
+  }
   for (auto unused : state) benchmark::DoNotOptimize(ScrapePage(page, agent, kWord));
 }
 // What follows the "*" stands behind each beginning, but never goes on as the marker does.
@@ -109,6 +115,21 @@ BENCHMARK_CAPTURE(Endless, absent_whole, kPageBytes, "<td*a*!")
 BENCHMARK_CAPTURE(Endless, absent_half, kPageBytes / 2, "<td*a*!")
     ->Name("absent/half_page")
     ->Unit(benchmark::kMicrosecond);
+
+// So many wildcards that looking at each of them from each beginning would take half a minute.
+void ManyStars(benchmark::State& state) {
+  std::string page = EndlessPage(kPageBytes);
+  std::replace(page.begin(), page.end(), ' ', '*');
+  WebAgent agent = ShopAgent();
+  agent.EndHeader.reset();
+  agent.StartResult = std::string("<td").append(160'000, '*').append(">!");
+  if (!ScrapePage(page, agent, kWord).empty()) {
+    state.SkipWithError("the marker was completed");
+    return;
+  }
+  for (auto unused : state) benchmark::DoNotOptimize(ScrapePage(page, agent, kWord));
+}
+BENCHMARK(ManyStars)->Name("stars/whole_page")->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace brovanta::bench

@@ -108,7 +108,10 @@ void Repeat(benchmark::State& state, Once once) {
   for (auto unused : state) {
     (void)Shops().TakeAnswers();
     const Seconds time = once();
-    if (time.count() <= 0) state.SkipWithError("not every shop was read");
+    if (time.count() <= 0) {
+      state.SkipWithError("not every shop was read");
+      break;
+    }
     state.SetIterationTime(time.count());
   }
 }
