@@ -2,13 +2,12 @@
 
 #include <QApplication>
 #include <memory>
+#include <utility>
 
 #include "app/backup_at_start.h"
 #include "app/first_run_setup.h"
 #include "db/shopping_database.h"
 #include "platform/app_options.h"
-#include "search/search_manager.h"
-#include "ui/shell/main_dialog.h"
 
 namespace brovanta {
 
@@ -25,10 +24,17 @@ void BringToFront(QWidget* window) {
 Application::Application(platform::RegistryStore store, std::string data_folder)
     : store_(std::move(store)), data_folder_(std::move(data_folder)) {}
 
+SearchManager* Application::GetSearchManager() {
+  if (!std::exchange(searches_made_, true)) searches_ = std::make_unique<SearchManager>();
+  if (searches_ != nullptr) return searches_.get();
+  return main_window_ == nullptr ? nullptr : main_window_->searches();
+}
+
 bool Application::InitInstance() {
+  (void)GetSearchManager();
   AppOptions options(store_, AppOptions::kKeyPath);
-  MainDialog dialog(options, std::make_unique<ShoppingDatabase>(),
-                    std::make_unique<SearchManager>(), data_folder_);
+  MainDialog dialog(options, std::make_unique<ShoppingDatabase>(), std::move(searches_),
+                    data_folder_);
   dialog.SetUpdateServer(UpdateServer(store_));
   const BackupAtStart backup(data_folder_, dialog);
   main_window_ = &dialog;

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <QPointer>
-#include <QWidget>
+#include <memory>
 #include <string>
 
 #include "platform/registry.h"
+#include "search/search_manager.h"
+#include "ui/shell/main_dialog.h"
 
 namespace brovanta {
 
@@ -16,8 +18,12 @@ class Application {
   /// Settings from the store, records from the data folder (native path, "" the working folder).
   Application(platform::RegistryStore store, std::string data_folder);
 
-  /// Loads the settings, builds the main dialog and runs it modally. Always returns false: the
-  /// program is over when the dialog has closed, and there is no other main loop.
+  /// The program's one search manager, made by the first call: with empty lists and paths. nullptr
+  /// once the main dialog has let it go; it is never made again.
+  [[nodiscard]] SearchManager* GetSearchManager();
+
+  /// Loads the settings, builds the main dialog and runs it modally, once. Always returns false:
+  /// the program is over when the dialog has closed, and there is no other main loop.
   bool InitInstance();
 
   /// Brings the open windows to the front.
@@ -26,7 +32,9 @@ class Application {
  private:
   platform::RegistryStore store_;
   std::string data_folder_;
-  QPointer<QWidget> main_window_;
+  std::unique_ptr<SearchManager> searches_;  // until the main dialog takes it
+  bool searches_made_ = false;
+  QPointer<MainDialog> main_window_;
 };
 
 }  // namespace brovanta

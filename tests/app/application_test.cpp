@@ -40,6 +40,30 @@ TEST_F(ApplicationTest, RunsTheMainDialogModallyAndEndsWhenItCloses) {
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(ApplicationTest, SearchManagerIsMadeOnFirstUseAndGoesWithTheMainDialog) {
+  SearchManager* const searches = application_.GetSearchManager();
+  ASSERT_NE(searches, nullptr);
+  EXPECT_EQ(searches->index_path(), "");
+  EXPECT_EQ(searches->configuration_path(), "");
+  EXPECT_EQ(searches->results_folder(), "");
+  EXPECT_EQ(searches->FirstCategory(), nullptr);
+  EXPECT_EQ(searches->FirstAgent(), nullptr);
+  EXPECT_EQ(searches->engine().RunningCount(), 0U);
+  EXPECT_EQ(searches->engine().ResultCount(), 0U);
+  EXPECT_TRUE(searches->saved_searches().searches().empty());
+  EXPECT_EQ(application_.GetSearchManager(), searches) << "there is one";
+  bool seen = false;
+  WithMainWindow(application_, [&](Application& application, QWidget* window) {
+    seen = true;
+    EXPECT_EQ(application.GetSearchManager(), searches);
+    EXPECT_EQ(qobject_cast<MainDialog*>(window)->searches(), searches);
+    window->close();
+    EXPECT_EQ(application.GetSearchManager(), nullptr);
+  });
+  EXPECT_TRUE(seen);
+  EXPECT_EQ(application_.GetSearchManager(), nullptr) << "it is not made again";
+}
+
 TEST_F(ApplicationTest, RaisingRestoresAMinimizedWindow) {
   WithMainWindow(application_, [](Application& application, QWidget* window) {
     window->setWindowState(window->windowState() | Qt::WindowMinimized);
