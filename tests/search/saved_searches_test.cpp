@@ -3,12 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <optional>
 #include <string>
-#include <vector>
 
 #include "db/journal_format.h"
 #include "platform/file.h"
@@ -189,70 +184,6 @@ TEST_F(SaveSearchTest, UsedUpNumbersAreAnIoError) {
   WriteIndex(RawIndex(0x7FFFFFFF, {}));
   EXPECT_EQ(saved_.SaveSearch(1, "a", nullptr), ERR_IO);
   EXPECT_EQ(Index(), RawIndex(0x7FFFFFFF, {}));
-}
-
-// Adds the entry behind whatever else the index holds, or leaves every byte of it as it is.
-class SaveIntoDamagedIndexTest : public SavedSearchesTest {
- protected:
-  void SaveInto(const Bytes& damaged) {
-    WriteIndex(damaged);
-    const std::int32_t code = saved_.SaveSearch(1, "new", nullptr);
-    if (code < 0) {
-      EXPECT_TRUE(code == ERR_IO || code == ERR_FORMAT) << code;
-      EXPECT_EQ(Index(), damaged);
-      ++refused_;
-      return;
-    }
-    Bytes expected(damaged.begin(), damaged.end() - 4);
-    const Bytes number = Little(static_cast<std::uint32_t>(code));
-    std::copy(number.begin(), number.end(), expected.begin() + 4);
-    const Bytes added = RawIndex(static_cast<std::uint32_t>(code),
-                                 {{static_cast<std::uint32_t>(code), 1, kToday, "new"}});
-    expected.insert(expected.end(), added.begin() + 8, added.end());
-    EXPECT_EQ(Index(), expected);
-    ++added_;
-  }
-
-  const Bytes whole_ = RawIndex(3, {{2}, {3}});  // 8, twice 72, 4
-  int added_ = 0;
-  int refused_ = 0;
-};
-
-TEST_F(SaveIntoDamagedIndexTest, CutAnywhere) {
-  for (std::size_t length = 0; length < whole_.size(); ++length) {
-    SaveInto({whole_.begin(), whole_.begin() + static_cast<std::ptrdiff_t>(length)});
-  }
-  EXPECT_EQ(added_, 0) << "each lacks its end mark";
-}
-
-TEST_F(SaveIntoDamagedIndexTest, ChangedAtAnyByte) {
-  for (std::size_t place = 0; place < whole_.size(); ++place) {
-    for (const int value : {0x00, 0x7F, 0xFF}) {
-      Bytes changed = whole_;
-      changed[place] = static_cast<std::byte>(value);
-      SaveInto(changed);
-    }
-  }
-  EXPECT_GT(added_, 0);
-  EXPECT_GT(refused_, 0);
-}
-
-TEST_F(DeleteSavedSearchTest, IndexCutAnywhereIsChangedInOneByteOrNone) {
-  const Bytes whole = RawIndex(3, {{2}, {3}});
-  for (std::size_t length = 0; length < whole.size(); ++length) {
-    const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-    WriteIndex(cut);
-    const std::int32_t code = saved_.DeleteSavedSearch(2);
-    if (length < 80) {
-      EXPECT_TRUE(code == ERR_IO || code == ERR_FORMAT) << length;
-      EXPECT_EQ(Index(), cut) << length;
-    } else {
-      Bytes marked = cut;
-      marked[8 + 4 + 66] = std::byte{1};
-      EXPECT_EQ(code, 2) << length;
-      EXPECT_EQ(Index(), marked) << length;
-    }
-  }
 }
 
 TEST_F(SaveSearchTest, FullDiskLeavesTheOldIndex) {
