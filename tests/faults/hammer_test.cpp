@@ -149,7 +149,7 @@ void Hammer::SaveSearch(int round) {
   SearchResultList results;
   SearchResultItem item;
   item.Title = Name('R', program_, round);
-  results.Insert(item);
+  results.Append({item});
   std::int32_t number = 0;
   Insist("a search", [&] {
     number = searches_.saved_searches().SaveSearch(program_, *item.Title, &results);
