@@ -38,8 +38,8 @@ CouponPickerDialog::CouponPickerDialog(ShoppingDatabase& database, const std::st
   form_->periodHeadingButton->SetAlignment(ColorButton::kPictureCentered, false);
   // The line that controls share on a wide screen must not keep the window from getting narrow.
   layout()->setSizeConstraint(QLayout::SetNoConstraint);
-  period_ = std::make_unique<PeriodSelector>(*form_->viewModeButton, *form_->periodHeadingButton,
-                                             *this);
+  period_ =
+      std::make_unique<PeriodSelector>(*form_->viewModeButton, *form_->periodHeadingButton, *this);
   stores_ = std::make_unique<NameFilter>(*form_->storeFilterButton, kStoreCommands,
                                          QStringLiteral("All Stores"), ColorButton::kPictureLeft);
   categories_ =
