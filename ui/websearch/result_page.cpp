@@ -8,17 +8,17 @@
 namespace brovanta {
 namespace {
 
-bool IsWebPage(const QString& address) {
+// The toolkit would make a web address of anything else.
+bool LeadsSomewhere(const QString& address) {
   const QUrl url(address);
-  const bool web = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-  return web && !url.host().isEmpty();
+  return url.scheme() == QLatin1String("mailto") ? !url.path().isEmpty() : !url.host().isEmpty();
 }
 
 }  // namespace
 
 void OpenResultPage(const QString& address, QWidget* parent) {
   const QString trimmed = address.trimmed();
-  if (IsWebPage(trimmed) && OpenWebAddress(trimmed)) return;
+  if (LeadsSomewhere(trimmed) && OpenWebAddress(trimmed)) return;
   ShowMessage(parent, QStringLiteral("There was an error while opening the selected search result "
                                      "in Internet Explorer."));
 }

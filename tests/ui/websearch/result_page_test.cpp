@@ -20,15 +20,28 @@ TEST_F(ResultPageTest, WebPagesAreOpened) {
   EXPECT_EQ(Messages(), "");
 }
 
+TEST_F(ResultPageTest, FilesOfAServerAndMailAreOpened) {
+  OpenResultPage(QStringLiteral("ftp://shop.example/prices.txt"), nullptr);
+  OpenResultPage(QStringLiteral("mailto:sales@shop.example"), nullptr);
+  OpenResultPage(QStringLiteral("MailTo:sales@shop.example?subject=tea"), nullptr);
+  EXPECT_EQ(browser_.addresses(),
+            (QStringList{QStringLiteral("ftp://shop.example/prices.txt"),
+                         QStringLiteral("mailto:sales@shop.example"),
+                         QStringLiteral("MailTo:sales@shop.example?subject=tea")}));
+  EXPECT_EQ(Messages(), "");
+}
+
 TEST_F(ResultPageTest, NothingElseIs) {
-  const QStringList addresses = {QStringLiteral("ftp://shop.example/1"),
-                                 QStringLiteral("mailto:me@shop.example"),
-                                 QStringLiteral("file:///etc/passwd"),
+  const QStringList addresses = {QStringLiteral("file:///etc/passwd"),
+                                 QStringLiteral("file://shop.example/1"),
                                  QStringLiteral("/etc/passwd"),
                                  QStringLiteral("javascript:alert(1)"),
+                                 QStringLiteral("tel:112"),
                                  QStringLiteral("shop.example/1"),
                                  QStringLiteral("http:"),
                                  QStringLiteral("http:///1"),
+                                 QStringLiteral("ftp:///1"),
+                                 QStringLiteral("mailto:"),
                                  QStringLiteral(" "),
                                  QString()};
   for (const QString& address : addresses) OpenResultPage(address, nullptr);

@@ -138,8 +138,18 @@ TEST_F(SearchResultsDialogTest, TheBrowserOpensTheSelectedPage) {
   EXPECT_EQ(Messages(), "");
 }
 
-TEST_F(SearchResultsDialogTest, AnAddressThatIsNoWebPageIsNotOpened) {
+TEST_F(SearchResultsDialogTest, AnAddressOnAFileServerIsOpened) {
   Results({kCup});
+  Run([&] {
+    Select(0);
+    Tool(2805);
+  });
+  EXPECT_EQ(browser_.addresses(), QStringList(QStringLiteral("ftp://cup.example/")));
+  EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(SearchResultsDialogTest, AnAddressThatIsNoneOfTheWebIsNotOpened) {
+  Results({{.id = 1, .price = 2, .title = "Soap", .url = "file:///etc/passwd"}});
   Run([&] {
     Select(0);
     Tool(2805);
