@@ -10,8 +10,11 @@
 #include <thread>
 #include <vector>
 
+#include "search/results_file.h"
+#include "search/saved_searches.h"
 #include "search/search_engine.h"
 #include "tests/search/scripted_shops.h"
+#include "tests/support/temp_folder.h"
 
 namespace brovanta {
 namespace {
@@ -194,6 +197,44 @@ TEST(WindowLinkTest, ScreenMayGoAtAnyMomentOfASearch) {
     screen.link->Close();
     EXPECT_TRUE(shops->WaitForThreads());
   }
+}
+
+// "Stop" at the first report, "Done" as soon as the first end comes: what has been found by then is
+// saved while other agents deliver, fail, or come back from where they were stuck.
+TEST(WindowLinkTest, ResultsAreSavedRightAfterAStopWhileTheRestReports) {
+  constexpr std::int32_t kAgents = 18;
+  const auto shops = std::make_shared<ScriptedShops>();
+  for (std::int32_t site = 1; site <= kAgents; ++site) {
+    shops->Answer(site, Block("Soap", "/a", "3") + Block("Soap dish", "/b", "2"));
+    if (site > 6) shops->Hold(site, site > 12);
+  }
+  const test::TempFolder folder;
+  SavedSearches saved;
+  saved.SetPaths(folder.File("websearch.dat"), folder.path());
+  SearchEngine engine(shops->Services());
+  std::size_t finished = 0;
+  bool stopped = false;
+  Screen screen([&](std::uint32_t message, std::uintptr_t, std::intptr_t) {
+    if (message == WM_SEARCH_AGENT_RESULTS && !stopped) stopped = engine.StopSearch() == 0;
+    if (message == WM_SEARCH_FINISHED) ++finished;
+  });
+  ASSERT_EQ(engine.StartSearch(ScriptedShops::Agents(kAgents), 1, "soap", screen.link), kAgents);
+  screen.RunUntil([&] { return finished > 0; });
+  EXPECT_TRUE(stopped);
+  shops->Release();
+  const SearchResultList results = engine.Results();
+  const std::int32_t number = saved.SaveSearch(1, "soap", &results);
+  screen.RunUntil([&] { return finished == kAgents; });
+
+  EXPECT_GE(results.size(), 2U);
+  EXPECT_EQ(results.size() % 2, 0U) << "half of what an agent has found";
+  SearchResultList read;
+  ASSERT_EQ(ReadSearchResults(read, saved.ResultsPath(number)), 0);
+  EXPECT_EQ(read.size(), results.size());
+  EXPECT_GE(engine.ResultCount(), results.size());
+  EXPECT_LE(engine.ResultCount(), 12U) << "only six shops had a page";
+  EXPECT_EQ(screen.messages.size(), 3U * kAgents) << "start, report and end of each";
+  EXPECT_TRUE(shops->WaitForThreads());
 }
 
 // Nobody handles messages any more; the end of the program still comes.
