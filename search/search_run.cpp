@@ -36,15 +36,21 @@ SearchRun::SearchRun(SearchServices services, std::string words,
       context_(context) {}
 
 bool SearchRun::StartAgent(std::shared_ptr<const WebAgent> agent) {
-  tasks_.push_back(std::make_unique<Task>());
-  Task& task = *tasks_.back();
-  task.agent = std::move(agent);
+  const std::size_t before = tasks_.size();
   try {
+    tasks_.push_back(std::make_unique<Task>());
+    {
+      const std::lock_guard lock(mutex_);
+      running_.reserve(tasks_.capacity());  // a thread that runs can be registered
+    }
+    Task& task = *tasks_.back();
+    task.agent = std::move(agent);
     task.thread = services_.start_thread([run = shared_from_this(), &task] { run->Run(task); });
   } catch (const std::exception&) {
-    tasks_.pop_back();
+    tasks_.resize(before);
     return false;
   }
+  Task& task = *tasks_.back();
   const Hold hold(reporting_);
   {
     const std::lock_guard lock(mutex_);
@@ -122,10 +128,7 @@ void SearchRun::Run(Task& task) {
   try {
     RunAgent(task);
   } catch (...) {
-    try {
-      Report(task, AGENT_NO_PAGE);
-    } catch (...) {  // not even for that was there memory; the agent has ended all the same
-    }
+    Report(task, AGENT_NO_PAGE);
   }
   const std::lock_guard lock(mutex_);
   task.ended = true;
@@ -183,7 +186,10 @@ void SearchRun::EndReport(const Task& task) {
 
 void SearchRun::Send(std::uint32_t message, const WebAgent* agent, std::intptr_t value) {
   if (window_ == nullptr) return;
-  window_->SendMessage(message, reinterpret_cast<std::uintptr_t>(agent), value);
+  try {
+    window_->SendMessage(message, reinterpret_cast<std::uintptr_t>(agent), value);
+  } catch (...) {  // the message is lost; the agent ends all the same, and the search with it
+  }
 }
 
 }  // namespace brovanta

@@ -15,12 +15,11 @@ void WindowLink::SendMessage(std::uint32_t message, std::uintptr_t wParam, std::
   Message sent{message, wParam, lParam};
   std::unique_lock lock(mutex_);
   if (closed_) return;
-  waiting_.push_back(&sent);
   try {
-    wake_();
+    wake_();  // whoever comes waits for the lock
+    waiting_.push_back(&sent);
   } catch (...) {
-    waiting_.pop_back();  // nobody would come for it, and it goes with this call
-    return;
+    return;  // nothing of it is in the queue
   }
   // A message that is being handled is waited for even when the link is closed meanwhile.
   changed_.wait(lock, [&sent] { return sent.handled; });

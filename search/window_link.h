@@ -24,7 +24,8 @@ class WindowLink : public ProgressWindow {
       std::function<void(std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam)>;
 
   /// `wake` is called on a sending thread, with a lock of the link held, and sees to it that the
-  /// link's own thread soon calls Deliver; it may only queue. Where it throws the message is lost.
+  /// link's own thread soon calls Deliver; it may only queue. Where it throws, or where there is no
+  /// memory for the message, the message is lost.
   WindowLink(Handler handler, std::function<void()> wake);
 
   void SendMessage(std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) override;

@@ -4,7 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdint>
+#include <functional>
 #include <memory>
+#include <new>
+#include <utility>
 
 #include "search/agent_status.h"
 #include "tests/search/agents.h"
@@ -51,6 +55,48 @@ TEST_F(SearchRunTest, AgentWithoutThreadIsNotRegistered) {
   EXPECT_FALSE(StartAgent(1));
   EXPECT_EQ(run_->RunningCount(), 0U);
   EXPECT_TRUE(run_->JoinIfEnded());
+}
+
+TEST_F(SearchRunTest, AgentWithoutMemoryForItsThreadLeavesTheOthersAlone) {
+  SearchServices services = shops_->Services();
+  int started = 0;
+  services.start_thread = [&, start = services.start_thread](std::function<void()> procedure) {
+    if (++started == 2) throw std::bad_alloc();
+    return start(std::move(procedure));
+  };
+  const auto run = std::make_shared<SearchRun>(services, "soap", window_, 7);
+  for (std::int32_t site = 1; site <= 3; ++site) {
+    EXPECT_EQ(run->StartAgent(ScriptedShops::Share(ScriptedShops::Agent(site))), site != 2);
+  }
+  EXPECT_EQ(run->RunningCount(), 2U);
+  run->OpenGate();
+  ASSERT_TRUE(window_->WaitUntilFinished());
+  run->JoinUntil(std::chrono::steady_clock::now() + std::chrono::seconds(30));
+  EXPECT_THAT(window_->seen(),
+              testing::UnorderedElementsAre(Started(1), Started(3), Failed(1, AGENT_NO_PAGE),
+                                            Failed(3, AGENT_NO_PAGE), Finished(0)));
+}
+
+// As when memory runs out on the way to the screen.
+TEST_F(SearchRunTest, ReportThatIsLostEndsItsAgentAllTheSame) {
+  for (const std::uint32_t lost :
+       {WM_SEARCH_AGENT_STARTED, WM_SEARCH_AGENT_RESULTS, WM_SEARCH_AGENT_FAILED}) {
+    shops_->Answer(1, Block("Soap", "/1", "5"));
+    const auto window = std::make_shared<RecordingWindow>([lost](const test::Seen& seen) {
+      if (seen.message == lost) throw std::bad_alloc();
+    });
+    const auto run = std::make_shared<SearchRun>(shops_->Services(), "soap", window, 7);
+    for (std::int32_t site = 1; site <= 2; ++site) {
+      EXPECT_TRUE(run->StartAgent(ScriptedShops::Share(ScriptedShops::Agent(site))));
+    }
+    run->OpenGate();
+    run->JoinUntil(std::chrono::steady_clock::now() + std::chrono::seconds(30));
+    EXPECT_THAT(window->seen(),
+                testing::UnorderedElementsAre(Started(1), Started(2), Delivered(1, 1),
+                                              Failed(2, AGENT_NO_PAGE), Finished(1)))
+        << lost;
+    EXPECT_EQ(run->RunningCount(), 0U) << lost;
+  }
 }
 
 TEST_F(SearchRunTest, AgentsWaitBehindTheGate) {

@@ -5,8 +5,10 @@
 
 #include <condition_variable>
 #include <functional>
+#include <future>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <vector>
 
@@ -78,6 +80,26 @@ TEST(WindowLinkTest, MessageForWhichNobodyCanBeWokenIsLostAndHoldsNobody) {
   link.Deliver();  // finds nothing of it
   link.Close();
   EXPECT_EQ(handled, 0);
+}
+
+TEST(WindowLinkTest, MessageThatIsLostLeavesTheOneInFrontOfIt) {
+  std::vector<std::uint32_t> handled;
+  std::promise<void> waits;
+  int woken = 0;
+  WindowLink link(
+      [&](std::uint32_t message, std::uintptr_t, std::intptr_t) { handled.push_back(message); },
+      [&] {
+        if (++woken == 2) throw std::bad_alloc();
+        waits.set_value();
+      });
+  std::thread first([&] { link.SendMessage(WM_SEARCH_AGENT_RESULTS, 0, 0); });
+  waits.get_future().wait();
+  std::thread second([&] { link.SendMessage(WM_SEARCH_AGENT_FAILED, 0, 0); });
+  second.join();
+  link.Deliver();
+  first.join();
+  link.Deliver();
+  EXPECT_THAT(handled, ElementsAre(1126U));
 }
 
 TEST(WindowLinkTest, MessageOfAnotherThreadIsHandledOnItsOwn) {
