@@ -62,7 +62,8 @@ void MarkerSearch::Reset(std::string_view text) {
 
 std::optional<MarkerMatch> MarkerSearch::Find(std::size_t from) {
   for (;;) {
-    if (cancel_flag_ != nullptr && *cancel_flag_ != 0) return std::nullopt;
+    gave_up_ = cancel_flag_ != nullptr && *cancel_flag_ != 0;
+    if (gave_up_) return std::nullopt;
     if (from > text_.size() || text_.size() - from < marker_.least_) return std::nullopt;
     const std::size_t start = head_.Find(from);
     if (start == RigidSearch::kNowhere) return std::nullopt;

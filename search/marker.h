@@ -67,6 +67,9 @@ class MarkerSearch {
   /// before the last match that was found. Nothing as soon as the flag is set.
   [[nodiscard]] std::optional<MarkerMatch> Find(std::size_t from);
 
+  /// Whether the last search gave up for the flag.
+  [[nodiscard]] bool gave_up() const { return gave_up_; }
+
  private:
   enum class Outcome { kMatch, kNotHere, kNowhere };
 
@@ -84,6 +87,7 @@ class MarkerSearch {
   std::string_view text_;
   RigidSearch head_;
   std::vector<StarState> stars_;
+  bool gave_up_ = false;
 };
 
 /// The first match of the marker in the text.

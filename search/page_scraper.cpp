@@ -55,7 +55,7 @@ std::optional<SearchResultItem> PageScraper::FirstItem() {
 std::optional<SearchResultItem> PageScraper::NextItem() {
   if (end_ != PageEnd::kNotYet) return std::nullopt;
   const auto block = NextBlock();
-  if (IsCancelled()) return End(PageEnd::kNotYet);
+  if (start_search_.gave_up() || end_search_.gave_up()) return End(PageEnd::kNotYet);
   if (!block) return std::nullopt;
   const auto offset = static_cast<std::size_t>(block->data() - page_.data());
   const auto title = title_.Cut(*block, offset, observer_);
@@ -122,14 +122,17 @@ bool IsWanted(const SearchResultItem& item, const WordSearch& words) {
 }
 
 std::vector<SearchResultItem> ScrapePage(std::string_view page, const WebAgent& agent,
-                                         const std::string& words, CancelFlag cancel_flag) {
+                                         const std::string& words, CancelFlag cancel_flag,
+                                         bool* cut_short) {
   std::vector<SearchResultItem> wanted;
+  if (cut_short != nullptr) *cut_short = false;
   if (!agent.SiteName || !agent.StartResult || !agent.EndResult) return wanted;
   const WordSearch search(words);
   PageScraper scraper(page, agent, nullptr, cancel_flag);
   for (auto item = scraper.FirstItem(); item; item = scraper.NextItem()) {
     if (IsWanted(*item, search)) wanted.push_back(std::move(*item));
   }
+  if (cut_short != nullptr) *cut_short = scraper.end() == PageEnd::kNotYet;
   return wanted;
 }
 

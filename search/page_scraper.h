@@ -77,10 +77,12 @@ class PageScraper {
 [[nodiscard]] bool IsWanted(const SearchResultItem& item, const WordSearch& words);
 
 /// The items of a page that the search wants, in the order of the page. Nothing for an agent
-/// without SiteName, StartResult or EndResult. A flag that is set ends it soon: what it gives is
-/// then of no use.
+/// without SiteName, StartResult or EndResult. A flag that is set ends it soon; `cut_short`, where
+/// given, says whether the rest of the page was left out for that. It was not where there was
+/// nothing left to look at.
 [[nodiscard]] std::vector<SearchResultItem> ScrapePage(std::string_view page, const WebAgent& agent,
                                                        const std::string& words,
-                                                       CancelFlag cancel_flag = nullptr);
+                                                       CancelFlag cancel_flag = nullptr,
+                                                       bool* cut_short = nullptr);
 
 }  // namespace brovanta

@@ -148,9 +148,10 @@ void SearchRun::RunAgent(Task& task) {
   if (status != 0) return Report(task, status);
   const std::optional<std::string> page = services_.download(address, context_, task.cancel_flag);
   if (!page) return Report(task, AGENT_NO_PAGE);
-  auto items = ScrapePage(*page, *task.agent, words_, &task.cancel_flag);
-  // Stopped while it read the page: as if the page had not come.
-  if (task.cancel_flag != 0) return Report(task, AGENT_NO_PAGE);
+  bool cut_short = false;
+  auto items = ScrapePage(*page, *task.agent, words_, &task.cancel_flag, &cut_short);
+  // Stopped while it read the page: as if the page had not come. Whoever had read it delivers.
+  if (cut_short) return Report(task, AGENT_NO_PAGE);
   Deliver(task, std::move(items));
 }
 

@@ -296,25 +296,28 @@ TEST(PageScraperTest, AgentsMadeToBeSlowAreNot) {
   }
 }
 
-TEST(PageScraperTest, SetFlagEndsThePageWithinAnyBlock) {
-  const std::string page = Block("A", "/1", "2") + Block("B", "/2", "2") + Block("C", "/3", "2");
-  // Sets the flag at the nth search for a marker.
-  class Stopper : public ScrapeObserver {
-   public:
-    explicit Stopper(int nth) : left_(nth) {}
-    void OnMarker(AgentText, const std::optional<MarkerMatch>&) override {
-      if (--left_ == 0) flag = 1;
-    }
-    void OnBlock(std::size_t, std::size_t) override {}
-    std::atomic<std::int32_t> flag{0};
+// Sets the flag at the nth search for a marker.
+class Stopper : public ScrapeObserver {
+ public:
+  explicit Stopper(int nth) : left_(nth) {}
+  void OnMarker(AgentText, const std::optional<MarkerMatch>&) override {
+    if (--left_ == 0) flag = 1;
+  }
+  void OnBlock(std::size_t, std::size_t) override {}
+  std::atomic<std::int32_t> flag{0};
 
-   private:
-    int left_;
-  };
-  for (int nth = 1; nth <= 27; ++nth) {
+ private:
+  int left_;
+};
+
+const std::string kThreeBlocks =
+    Block("A", "/1", "2") + Block("B", "/2", "2") + Block("C", "/3", "2");
+
+TEST(PageScraperTest, SetFlagEndsThePageWithinAnyBlock) {
+  for (int nth = 1; nth <= 30; ++nth) {
     Stopper stopper(nth);
     const WebAgent agent = PlainAgent();
-    PageScraper scraper(page, agent, &stopper, &stopper.flag);
+    PageScraper scraper(kThreeBlocks, agent, &stopper, &stopper.flag);
     std::size_t items = 0;
     for (auto item = scraper.FirstItem(); item; item = scraper.NextItem()) ++items;
     EXPECT_LT(items, 3U) << nth;
@@ -324,11 +327,36 @@ TEST(PageScraperTest, SetFlagEndsThePageWithinAnyBlock) {
   }
 }
 
+TEST(PageScraperTest, FlagThatIsSetBehindTheLastSearchChangesNothing) {
+  Stopper stopper(31);  // ten for each block, and one that finds no further block
+  const WebAgent agent = PlainAgent();
+  PageScraper scraper(kThreeBlocks, agent, &stopper, &stopper.flag);
+  std::size_t items = 0;
+  for (auto item = scraper.FirstItem(); item; item = scraper.NextItem()) ++items;
+  EXPECT_EQ(stopper.flag, 1);
+  EXPECT_EQ(items, 3U);
+  EXPECT_EQ(scraper.end(), PageEnd::kNoStart);
+}
+
 TEST(ScrapePageTest, SetFlagLeavesNothing) {
   std::atomic<std::int32_t> flag{0};
   EXPECT_EQ(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag).size(), 1U);
   flag = 1;
   EXPECT_THAT(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag), IsEmpty());
+}
+
+TEST(ScrapePageTest, IsCutShortOnlyWhereSomethingIsLeftOut) {
+  std::atomic<std::int32_t> flag{0};
+  bool cut_short = true;
+  EXPECT_EQ(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag, &cut_short).size(), 1U);
+  EXPECT_FALSE(cut_short);
+  flag = 1;
+  (void)ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag, &cut_short);
+  EXPECT_TRUE(cut_short);
+  WebAgent agent = PlainAgent();
+  agent.EndHeader = "nowhere";
+  (void)ScrapePage(Block("A", "/1", "2"), agent, "a", &flag, &cut_short);
+  EXPECT_FALSE(cut_short);
 }
 
 TEST(ScrapePageTest, KeepsWhatHasASearchWordAndAPrice) {

@@ -235,6 +235,27 @@ TEST_F(SearchEngineTest, StopEndsTheReadingOfAPage) {
   EXPECT_THAT(window_->seen(), ElementsAre(Started(1), Failed(1, AGENT_NO_PAGE), Finished(0)));
 }
 
+// The page is there, and has been read to where it ends for the agent, when the stop is noticed.
+TEST_F(SearchEngineTest, AgentThatHasReadItsPageDeliversBehindAStop) {
+  WebAgent agent = ScriptedShops::Agent(1);
+  agent.EndHeader = "nowhere in the page";
+  std::promise<void> downloaded;
+  std::promise<void> stopped;
+  SearchServices services = shops_->Services();
+  services.download = [&](const std::string&, std::uint32_t, const std::atomic<std::int32_t>&) {
+    downloaded.set_value();
+    stopped.get_future().wait();
+    return std::optional(Block("Soap", "/1", "2"));
+  };
+  engine_ = std::make_unique<SearchEngine>(services);
+  ASSERT_EQ(Start({ScriptedShops::Share(agent)}, window_), 1);
+  downloaded.get_future().wait();
+  EXPECT_EQ(engine_->StopSearch(), 0);
+  stopped.set_value();
+  ASSERT_TRUE(shops_->WaitForThreads());
+  EXPECT_THAT(window_->seen(), ElementsAre(Started(1), Delivered(1, 0), Finished(0)));
+}
+
 // The screen may hold a message for as long as it likes.
 TEST_F(SearchEngineTest, StoppingDoesNotWaitForAMessageThatIsBeingHandled) {
   std::promise<void> handled;
@@ -251,7 +272,7 @@ TEST_F(SearchEngineTest, StoppingDoesNotWaitForAMessageThatIsBeingHandled) {
   ASSERT_TRUE(window->WaitUntilFinished(2));
 }
 
-// Whoever has the page when it is stopped still delivers it.
+// Whoever has read its page when it is stopped delivers what was on it; all others fail.
 TEST_F(SearchEngineTest, StopAtEveryMessageEndsTheSearch) {
   for (std::int32_t site = 1; site <= 3; ++site) {
     shops_->Answer(site, Block("Soap", "/1", "2"));
