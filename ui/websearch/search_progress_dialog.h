@@ -40,6 +40,9 @@ class SearchProgressDialog : public ModalDialog {
   /// The start-up timer's id, 0 when none is running.
   [[nodiscard]] int start_timer() const { return start_timer_; }
 
+  /// Where the search sends its messages.
+  [[nodiscard]] ProgressWindow& progress_window() const { return *link_; }
+
  protected:
   void showEvent(QShowEvent* event) override;
   void timerEvent(QTimerEvent* event) override;

@@ -112,6 +112,28 @@ TEST_F(SearchProgressDialogTest, EachRowSaysWhatItsAgentFound) {
   });
 }
 
+TEST_F(SearchProgressDialogTest, MessageBetweenStartedAndFinishedIsNotHandled) {
+  AddShop(1, Items(2));
+  AddHeldShop(2);
+  LoadConfiguration();
+  RunProgress([](SearchProgressDialog& dialog) {
+    const auto nothing_changes = [&dialog] {
+      const ShownProgress shown = ProgressOf(dialog);
+      const std::vector<std::string> rows = AgentRows(dialog);
+      dialog.progress_window().SendMessage(1125, 1, 7);
+      EXPECT_EQ(ProgressOf(dialog), shown);
+      EXPECT_EQ(AgentRows(dialog), rows);
+    };
+    nothing_changes();
+    Await([&] { return EndedAgents(dialog) == 1; });
+    nothing_changes();
+    ClickButton(dialog, "stopButton");
+    Await([&] { return HasFinished(dialog); });
+    nothing_changes();
+    dialog.done(2);
+  });
+}
+
 TEST_F(SearchProgressDialogTest, RowsChangeWhileOthersStillSearch) {
   AddShop(1, Items(2));
   AddHeldShop(2);
