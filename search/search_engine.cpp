@@ -44,7 +44,10 @@ std::int32_t SearchEngine::StartSearch(std::span<const std::shared_ptr<const Web
 }
 
 std::int32_t SearchEngine::StopSearch() {
-  if (current_ != nullptr) current_->Stop();
+  if (current_ == nullptr) return 0;
+  current_->Stop();
+  (void)current_->JoinIfEnded();  // a later search may be long in coming
+  ForgetEndedRuns();
   return 0;
 }
 

@@ -66,7 +66,8 @@ class SearchEngine {
 
   /// Asks every agent that runs to stop, and counts none as running from now on. Does not wait:
   /// each of them still reports, usually as failed with AGENT_NO_PAGE, and each such report is
-  /// followed by a WM_SEARCH_FINISHED of its own. 0.
+  /// followed by a WM_SEARCH_FINISHED of its own. Lets go of searches whose threads have all ended,
+  /// so a screen that goes calls it in any case. 0.
   std::int32_t StopSearch();
 
   /// The number of agents that run.

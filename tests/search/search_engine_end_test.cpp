@@ -1,4 +1,5 @@
 // The program ends while a search runs.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -11,6 +12,7 @@
 namespace brovanta {
 namespace {
 
+using test::Block;
 using test::ScriptedShops;
 using SearchEngineEndTest = test::SearchEngineTest;
 
@@ -71,6 +73,28 @@ TEST_F(SearchEngineEndTest, EndOfTheProgramDoesNotWaitForAMessageForEver) {
 
 TEST_F(SearchEngineEndTest, ThreadsAreWaitedForForASecond) {
   EXPECT_EQ(SearchServices::Real().end_wait, std::chrono::seconds(1));
+}
+
+// The agents are what can be seen of a search from outside.
+TEST_F(SearchEngineEndTest, StopLetsGoOfEarlierSearchesThatHaveEnded) {
+  shops_->Hold(1, true);
+  auto agents = ScriptedShops::Agents(1);
+  const std::weak_ptr<const WebAgent> earlier = agents.front();
+  ASSERT_EQ(Start(agents, window_), 1);
+  agents.clear();
+  ASSERT_TRUE(shops_->WaitForDownloads(1));
+  shops_->Answer(2, Block("Soap", "/1", "2"));
+  const auto last = std::make_shared<test::RecordingWindow>();
+  ASSERT_EQ(Start({ScriptedShops::Share(ScriptedShops::Agent(2))}, last), 1);
+  ASSERT_TRUE(last->WaitUntilFinished());
+  EXPECT_EQ(engine_->StopSearch(), 0);
+  EXPECT_FALSE(earlier.expired()) << "its thread still runs";
+  shops_->Release();
+  ASSERT_TRUE(shops_->WaitForThreads());
+  EXPECT_EQ(engine_->StopSearch(), 0);
+  EXPECT_TRUE(earlier.expired());
+  EXPECT_THAT(Titles(), testing::ElementsAre("Soap")) << "the last search's results stay";
+  EXPECT_EQ(engine_->StopSearch(), 0);  // its thread has been joined already
 }
 
 TEST_F(SearchEngineEndTest, EndOfTheProgramEndsWhatEarlierSearchesLeft) {
