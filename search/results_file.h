@@ -1,4 +1,4 @@
-// The file with the results of one saved search; docs/formats/search.md describes it.
+// The file with the results of one saved search; docs/formats/search_results.md describes it.
 #pragma once
 
 #include <string>

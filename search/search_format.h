@@ -1,6 +1,6 @@
-// Layout of the search index and of the results files, byte by byte; docs/formats/search.md
-// describes them. Reader, writer and tests share these numbers. Marks and frame are those of
-// db/record_format.h.
+// Layout of the search index and of the results files, byte by byte; docs/formats/search_index.md
+// and docs/formats/search_results.md describe them. Reader, writer and tests share these numbers.
+// Marks and frame are those of db/record_format.h.
 #pragma once
 
 #include <cstddef>
