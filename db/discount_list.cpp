@@ -110,13 +110,14 @@ std::optional<DiscountRecord> DiscountList::Add(std::int32_t id, std::int16_t so
 
 std::size_t DiscountList::AddAll(std::span<NewDiscount> discounts) {
   if (discounts.empty() || database_.RollBack() != 0) return 0;
-  // A list that cannot be written costs the discounts that need a new name in it, not the others.
+  // A list that cannot be written costs the discounts that need a new name in it, not the others;
+  // but first it gets a second chance, since those that are passed over never come again.
   struct Attempt {
     bool new_stores;
     bool new_categories;
   };
   for (const Attempt attempt :
-       {Attempt{true, true}, {true, false}, {false, true}, {false, false}}) {
+       {Attempt{true, true}, {true, true}, {true, false}, {false, true}, {false, false}}) {
     NewNames stores(database_.stores(), database_.paths().store, attempt.new_stores);
     NewNames categories(database_.categories(), database_.paths().category, attempt.new_categories);
     if (const auto added = TryAddAll(discounts, stores, categories)) return *added;
@@ -124,10 +125,11 @@ std::size_t DiscountList::AddAll(std::span<NewDiscount> discounts) {
   return 0;
 }
 
+// The number of those added, 0 after an error as well; nothing when it was a list that failed.
 std::optional<std::size_t> DiscountList::TryAddAll(std::span<NewDiscount> discounts,
                                                    NewNames& stores, NewNames& categories) {
   UnitOfWork work(database_.paths().backup);
-  if (work.Begin() != 0) return std::nullopt;
+  if (work.Begin() != 0) return 0;
   std::vector<DiscountRecord> records;
   for (NewDiscount& discount : discounts) {
     DiscountFields& fields = discount.fields;
@@ -137,11 +139,12 @@ std::optional<std::size_t> DiscountList::TryAddAll(std::span<NewDiscount> discou
   }
   // A list that cannot be read now costs no single discounts.
   if (stores.unreadable() || categories.unreadable()) return std::nullopt;
-  if (records.empty()) return std::nullopt;  // then no name is needed either
-  if (stores.NoteSave(work) != 0 || categories.NoteSave(work) != 0 ||
-      AppendRecords<DiscountFormat>(work, database_.paths().discount, records) != 0 ||
-      work.Commit() != 0) {
-    return std::nullopt;
+  if (records.empty()) return 0;
+  if (stores.NoteSave(work) != 0 || categories.NoteSave(work) != 0) return std::nullopt;
+  if (AppendRecords<DiscountFormat>(work, database_.paths().discount, records) != 0) return 0;
+  if (work.Commit() != 0) {
+    const bool list_failed = !work.refused_path().empty();
+    return list_failed ? std::optional<std::size_t>() : 0;
   }
   stores.Keep();
   categories.Keep();

@@ -82,7 +82,8 @@ class DiscountList {
 
   /// Add for all of them, with the same result record for record, but as one unit of work: a
   /// discount whose names cannot be resolved is passed over, and when the file cannot be written
-  /// none is added. The number of those added.
+  /// none is added. The number of those added; 0 after any failure but that of a name list, which
+  /// is tried twice before the others are added alone.
   std::size_t AddAll(std::span<NewDiscount> discounts);
 
   /// Writes the discount anew over its record, both flags cleared. The new record, or nothing when

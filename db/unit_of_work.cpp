@@ -105,12 +105,15 @@ int UnitOfWork::NoteUndo(const Change& change) {
   return count == static_cast<std::int64_t>(undo.old_bytes.size()) ? 0 : ERR_IO;
 }
 
-int UnitOfWork::NoteOldFile(const std::string& path, UndoRecord& undo) const {
+int UnitOfWork::NoteOldFile(const std::string& path, UndoRecord& undo) {
   undo.kind = UndoKind::kMade;
   if (!platform::FileExists(path)) return 0;
   undo.kind = UndoKind::kReplaced;
   std::string text;
-  if (const int code = platform::ReadWholeFile(path, text); code != 0) return code;
+  if (const int code = platform::ReadWholeFile(path, text); code != 0) {
+    refused_path_ = path;
+    return code;
+  }
   const std::span<const std::byte> bytes = std::as_bytes(std::span(text));
   undo.old_size = static_cast<std::int64_t>(bytes.size());
   undo.old_bytes.assign(bytes.begin(), bytes.end());
@@ -132,12 +135,17 @@ int UnitOfWork::CarryOutWhole(const Change& change) {
     const platform::Replacement result = platform::TryReplaceFile(change.path, change.bytes);
     const bool stands =
         result == platform::Replacement::kDone || result == platform::Replacement::kNotSynced;
-    if (stands) ++begun_;
+    if (stands) {
+      ++begun_;
+    } else {
+      refused_path_ = change.path;
+    }
     return result == platform::Replacement::kDone ? 0 : ERR_OPEN;
   }
   platform::File held;  // nobody else has it
   if (platform::FileExists(change.path) &&
       !held.Open(change.path, platform::File::Mode::kReadWrite)) {
+    refused_path_ = change.path;
     return ERR_OPEN;
   }
   ++begun_;  // it may be gone although the folder could not be synced

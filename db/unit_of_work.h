@@ -57,6 +57,10 @@ class UnitOfWork {
   /// is rolled back.
   [[nodiscard]] int Commit();
 
+  /// After a Commit that failed: the file to replace or remove that it could not read, or could not
+  /// put anything in the place of. Empty when it was something else that failed.
+  [[nodiscard]] const std::string& refused_path() const { return refused_path_; }
+
  private:
   enum class Kind { kMake, kWrite, kReplace, kRemove };
   struct OpenFile {
@@ -77,7 +81,7 @@ class UnitOfWork {
   [[nodiscard]] bool NeedsJournal() const;
   [[nodiscard]] int WriteJournal();
   [[nodiscard]] int NoteUndo(const Change& change);
-  [[nodiscard]] int NoteOldFile(const std::string& path, UndoRecord& undo) const;
+  [[nodiscard]] int NoteOldFile(const std::string& path, UndoRecord& undo);
   [[nodiscard]] int CarryOutAll();
   [[nodiscard]] int CarryOut(const Change& change);
   [[nodiscard]] int CarryOutWhole(const Change& change);
@@ -92,7 +96,8 @@ class UnitOfWork {
   std::vector<OpenFile> files_;
   std::vector<Change> changes_;
   std::vector<UndoRecord> undos_;  // one for each change, filled before the first is carried out
-  std::size_t begun_ = 0;          // so many changes may have left a trace
+  std::string refused_path_;
+  std::size_t begun_ = 0;  // so many changes may have left a trace
 };
 
 }  // namespace brovanta

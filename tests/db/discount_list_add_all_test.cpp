@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "platform/file.h"
+#include "platform/system_calls.h"
 #include "tests/db/discount_list_fixture.h"
+#include "tests/support/faulty_calls.h"
 #include "tests/support/write_limit.h"
 
 namespace brovanta::test {
@@ -144,6 +146,45 @@ TEST_F(DiscountAddAllTest, ListThatCannotBeWrittenCostsOnlyThoseThatNeedIt) {
   EXPECT_EQ(Shown(), (Ids{1, 3}));
   EXPECT_EQ(database_.stores().size(), 1U);
   EXPECT_EQ(ListFile("category.lst"), RawListFile({RawItem(5000, "")}));
+}
+
+// Whoever is added lifts the largest id, and the server is asked for higher ones only.
+TEST_F(DiscountAddAllTest, OneFailureOfTheSystemLosesNoneOfThem) {
+  const std::vector<NewDiscount> mixed{Coupon(1, 1, 0, 7), Coupon(2, 1, 7, 7), Coupon(3, 1, 7, 0)};
+  for (const Fault fault : {Fault::kIo, Fault::kNoSpace}) {
+    for (int at = 1;; ++at) {
+      for (const char* name : {"store.lst", "category.lst"}) folder_.Write(name, RawListFile({}));
+      folder_.Write("discount.dat", RawDiscountFile(100, {{.id = 50}}));
+      ASSERT_EQ(database_.Open(folder_.path()), 0);
+      const Bytes before = File();
+      FaultyCalls calls(fault, at);
+      std::size_t added = 0;
+      {
+        const platform::SystemCallsInUse in_use(calls);
+        added = AddAll(mixed);
+      }
+      ASSERT_EQ(database_.RollBack(), 0);
+      if (added == 0) {
+        ASSERT_EQ(File(), before) << at;
+        ASSERT_EQ(AddAll(mixed), 3U) << at;
+      }
+      ASSERT_TRUE(added == 0 || added == 3) << added << " of 3, call " << at;
+      ASSERT_EQ(list_.MaxIds().source_1, 3);
+      ASSERT_EQ(ListFile("store.lst"), RawListFile({RawItem(5000, "")})) << at;
+      if (!calls.has_struck()) {
+        EXPECT_EQ(added, 3U);
+        break;
+      }
+    }
+  }
+}
+
+TEST_F(DiscountAddAllTest, AJournalThatSomeoneHoldsTakesNone) {
+  platform::File holder;
+  folder_.Write("backup.dat", {});
+  ASSERT_TRUE(holder.Open(folder_.File("backup.dat"), platform::File::Mode::kRead));
+  EXPECT_EQ(AddAll({Coupon(1, 1, 0, 7), Coupon(2, 1, 7, 7)}), 0U);
+  EXPECT_FALSE(folder_.Read("discount.dat"));
 }
 
 TEST_F(DiscountAddAllTest, WithoutIdsLeftTheOthersAreAdded) {
