@@ -104,8 +104,11 @@ bool ReplaceFile(const std::string& path, std::span<const std::byte> bytes) {
 
 bool RemoveFile(const std::string& path) {
   const std::string native = NativePath(path);
-  if (Calls().Remove(native.c_str()) != 0) return errno == ENOENT || errno == ENOTDIR;
-  return SyncNativeFolder(FolderOf(native));
+  const bool removed = Calls().Remove(native.c_str()) == 0;
+  if (!removed && errno != ENOENT && errno != ENOTDIR) return false;
+  // Where nothing stood, an earlier removal may still wait; a folder that is gone has no names.
+  if (SyncNativeFolder(FolderOf(native))) return true;
+  return !removed && (errno == ENOENT || errno == ENOTDIR);
 }
 
 bool RenameFile(const std::string& from, const std::string& to) {

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "platform/file.h"
+#include "platform/system_calls.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta::platform {
@@ -117,6 +118,25 @@ TEST_F(FileSystemTest, RemoveIsTrueWhenNothingStandsThereAnyMore) {
   EXPECT_TRUE(RemoveFile(Path()));
   EXPECT_TRUE(RemoveFile(Path("none/data")));
   EXPECT_FALSE(RemoveFile(folder_.path()));
+}
+
+TEST_F(FileSystemTest, ThatNothingStandsThereReachesTheDevice) {
+  class FailingSync : public SystemCalls {
+   public:
+    int Sync(int /*descriptor*/) override {
+      errno = EIO;
+      return -1;
+    }
+  };
+  folder_.WriteText("data", "x");
+  {
+    FailingSync calls;
+    const SystemCallsInUse in_use(calls);
+    EXPECT_FALSE(RemoveFile(Path()));
+    EXPECT_FALSE(FileExists(Path()));
+    EXPECT_FALSE(RemoveFile(Path())) << "the removal before it may still wait";
+  }
+  EXPECT_TRUE(RemoveFile(Path()));
 }
 
 TEST_F(FileSystemTest, RenameTakesThePlaceOfTheOther) {
