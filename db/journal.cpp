@@ -2,7 +2,10 @@
 
 #include <array>
 #include <cstdint>
+#include <mutex>
 #include <optional>
+#include <set>
+#include <tuple>
 #include <utility>
 
 #include "db/error_codes.h"
@@ -111,8 +114,47 @@ int SetAside(const std::string& path) {
   return aside && platform::RenameFile(path, *aside) ? 0 : ERR_OPEN;
 }
 
-bool MakeEmpty(File& file) {
-  return file.Truncate(static_cast<std::int64_t>(journal_layout::kEmptySize)) && file.Sync();
+// The journals whose emptiness is known to have reached the storage device. One that a program left
+// which was killed, or whose device failed, may look empty and come back full after a power loss;
+// a change that needs no records would be undone by it then.
+class Settled {
+ public:
+  // Whether this one is, or is from now on: asks the device once for each journal.
+  bool Settle(const std::string& path, File& file) {
+    const auto key = KeyOf(path, file);
+    if (!key) return false;
+    const std::lock_guard lock(mutex_);
+    if (keys_.count(*key) > 0) return true;
+    if (!file.Sync() || !platform::SyncFolderOf(path)) return false;
+    keys_.insert(*key);
+    return true;
+  }
+  void Forget(const std::string& path) {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(keys_, [&](const Key& key) { return std::get<0>(key) == path; });
+  }
+
+ private:
+  using Key = std::tuple<std::string, std::uint64_t, std::uint64_t>;
+  static std::optional<Key> KeyOf(const std::string& path, const File& file) {
+    const auto state = file.State();
+    if (!state) return std::nullopt;
+    return Key(path, state->device, state->number);
+  }
+
+  std::mutex mutex_;
+  std::set<Key> keys_;
+};
+
+Settled& SettledJournals() {
+  static Settled settled;
+  return settled;
+}
+
+bool MakeEmpty(File& file, const std::string& path, std::size_t size = journal_layout::kEmptySize) {
+  if (file.Truncate(static_cast<std::int64_t>(size)) && file.Sync()) return true;
+  SettledJournals().Forget(path);
+  return false;
 }
 
 }  // namespace
@@ -133,7 +175,7 @@ int RollBackJournal(const std::string& path) {
   const std::string folder = path.substr(0, FolderLength(path));
   if (const int code = Follow(folder, *records, fit); code != 0) return code;
   if (!fit) return SetAside(path);
-  return MakeEmpty(journal) ? 0 : ERR_IO;
+  return MakeEmpty(journal, path) ? 0 : ERR_IO;
 }
 
 bool MayHoldRecords(const std::string& path) {
@@ -159,7 +201,8 @@ int Journal::Hold(const std::string& path) {
     if (platform::FileExists(path) || !file_.Open(path, File::Mode::kCreateNew)) return ERR_OPEN;
   }
   std::optional<std::vector<UndoRecord>> records;
-  if (Read(file_, records) != 0 || !records || !records->empty()) {
+  if (Read(file_, records) != 0 || !records || !records->empty() ||
+      !SettledJournals().Settle(path, file_)) {
     file_.Close();
     return ERR_OPEN;
   }
@@ -177,15 +220,14 @@ int Journal::Write(std::span<const UndoRecord> records) {
     written_ = std::move(bytes);
     return 0;
   }
-  const std::size_t before = is_new_ ? 0 : journal_layout::kEmptySize;
-  if (file_.Truncate(static_cast<std::int64_t>(before))) (void)file_.Sync();
+  (void)MakeEmpty(file_, path_, is_new_ ? 0 : journal_layout::kEmptySize);
   return ERR_IO;
 }
 
 bool Journal::WriteAgain() { return file_.WriteAt(0, written_) && file_.Sync(); }
 
 int Journal::Empty() {
-  if (!MakeEmpty(file_)) return ERR_IO;
+  if (!MakeEmpty(file_, path_)) return ERR_IO;
   written_.clear();
   return 0;
 }

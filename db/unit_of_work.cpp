@@ -188,7 +188,7 @@ void UnitOfWork::RollBack() {
   bool done = true;
   for (std::size_t i = 0; i < begun_; ++i) done = PutBackChange(changes_[i], undos_[i]) && done;
   done = SyncFiles() && done;
-  if (done && journal_.is_active()) (void)journal_.Empty();
+  if (done && journal_.is_active() && journal_.Empty() != 0) (void)journal_.WriteAgain();
 }
 
 }  // namespace brovanta

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "db/error_codes.h"
@@ -223,6 +224,91 @@ TEST_F(JournalTest, OneWriterHoldsIt) {
   EXPECT_EQ(other.Hold(Path()), ERR_OPEN);
   journal.Release();
   EXPECT_EQ(other.Hold(Path()), 0);
+}
+
+/// Counts the syncs; those behind a truncation can fail.
+class CountedSyncs : public platform::SystemCalls {
+ public:
+  int Truncate(int descriptor, off_t size) override {
+    truncated = true;
+    return SystemCalls::Truncate(descriptor, size);
+  }
+  int Sync(int /*descriptor*/) override {
+    ++count;
+    if (!fails || !truncated) return 0;
+    fails = false;
+    errno = EIO;
+    return -1;
+  }
+  int count = 0;
+  bool fails = false;
+  bool truncated = false;
+};
+
+TEST_F(JournalTest, ThatItIsEmptyReachesTheDeviceOnceForEachProgram) {
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  CountedSyncs calls;
+  const SystemCallsInUse in_use(calls);
+  for (int time = 0; time < 3; ++time) {
+    Journal journal;
+    ASSERT_EQ(journal.Hold(Path()), 0);
+    EXPECT_EQ(calls.count, 2) << "the journal and its folder, the first time only";
+  }
+}
+
+TEST_F(JournalTest, OneThatMayBeFullOnTheDeviceIsNotHeld) {
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  CountedSyncs calls;
+  calls.fails = calls.truncated = true;
+  const SystemCallsInUse in_use(calls);
+  Journal journal;
+  EXPECT_EQ(journal.Hold(Path()), ERR_OPEN);
+  EXPECT_EQ(journal.Hold(Path()), 0);
+}
+
+TEST_F(JournalTest, AfterARollBackThatMayNotHaveReachedTheDeviceItIsSyncedAgain) {
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  CountedSyncs calls;
+  const SystemCallsInUse in_use(calls);
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  journal.Release();
+  WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
+  calls.fails = true;
+  EXPECT_EQ(RollBackJournal(Path()), ERR_IO);
+  ExpectEmptyJournal();
+  calls.count = 0;
+  EXPECT_EQ(journal.Hold(Path()), 0);
+  EXPECT_EQ(calls.count, 2);
+}
+
+TEST_F(JournalTest, AUnitPutBackKeepsItsRecordsWhenEmptyingThemFails) {
+  folder_.WriteText("a.lst", "old");
+  folder_.WriteText("b.lst", "old");
+  class SecondRenameFails : public CountedSyncs {
+   public:
+    int Rename(const char* from, const char* to) override {
+      if (++renames_ != 2) return SystemCalls::Rename(from, to);
+      errno = EIO;
+      return -1;
+    }
+
+   private:
+    int renames_ = 0;
+  };
+  SecondRenameFails calls;
+  calls.fails = true;
+  {
+    const SystemCallsInUse in_use(calls);
+    UnitOfWork work(Path());
+    work.Replace(Path("a.lst"), Hex("41"));
+    work.Replace(Path("b.lst"), Hex("41"));
+    EXPECT_EQ(work.Commit(), ERR_OPEN);
+  }
+  EXPECT_FALSE(calls.fails) << "it has struck";
+  EXPECT_TRUE(MayHoldRecords(Path()));
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("a.lst"), "old");
 }
 
 TEST_F(JournalTest, WhatIsToBeRolledBackIsNotOverwritten) {
