@@ -10,6 +10,8 @@
 #include "app/first_run_setup.h"
 #include "app/single_instance.h"
 #include "app/user_folders.h"
+#include "db/file_names.h"
+#include "db/journal.h"
 #include "ui/base/icons.h"
 #include "ui/base/theme.h"
 
@@ -36,7 +38,11 @@ int RunOn(const platform::RegistryStore& store, const std::string& data_folder) 
     case SingleInstance::Outcome::kFirst:
       break;
   }
-  if (!SeedNameLists(data_folder)) Complain("cannot write in the folder '" + data_folder + "'");
+  // First what a change that ended in the middle has left: it may be a list that is not there.
+  const std::string journal = data_folder.empty() ? kJournalFile : data_folder + "/" + kJournalFile;
+  if (RollBackJournal(journal) != 0 || !SeedNameLists(data_folder)) {
+    Complain("cannot write in the folder '" + data_folder + "'");
+  }
   // Bare file names mean files in the data folder from here on.
   if (!data_folder.empty() && chdir(data_folder.c_str()) != 0) {
     Complain("cannot work in the folder '" + data_folder + "'");

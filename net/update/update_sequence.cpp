@@ -6,8 +6,9 @@
 #include <utility>
 
 #include "db/feed_import.h"
+#include "db/journal.h"
+#include "db/unit_of_work.h"
 #include "net/http/http_client.h"
-#include "platform/file.h"
 #include "platform/text_file.h"
 #include "search/agent_configuration.h"
 #include "util/error_codes.h"
@@ -31,7 +32,12 @@ constexpr SharedList kCategories{"categories", &ShoppingDatabase::categories,
 std::int32_t CopyFile(const std::string& from, const std::string& to) {
   std::string bytes;
   if (const int code = platform::ReadWholeFile(from, bytes); code != 0) return code;
-  return platform::ReplaceFile(to, std::as_bytes(std::span(bytes))) ? 0 : ERR_OPEN;
+  // A restore that ended in the middle has the file in its journal: that is rolled back first.
+  const std::string journal = JournalBeside(to);
+  if (const int code = RollBackJournal(journal); code != 0) return code;
+  UnitOfWork work(journal);
+  work.Replace(to, std::as_bytes(std::span(bytes)));
+  return work.Commit();
 }
 
 class UpdateSequence {

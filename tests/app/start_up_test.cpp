@@ -15,6 +15,7 @@
 #include "app/single_instance.h"
 #include "data/backup_folder.h"
 #include "data/backup_names.h"
+#include "db/journal_format.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta {
@@ -164,6 +165,18 @@ TEST_F(StartUpTest, TheFirstStartOfAUserMakesFolderListsAndSettings) {
   EXPECT_TRUE(folder_.Read("data/brovanta/unit.lst"));
   EXPECT_THAT(folder_.ReadText("config/brovanta/registry.reg").value_or(""),
               HasSubstr("InstallPath"));
+}
+
+TEST_F(StartUpTest, WhatAChangeHasLeftIsRolledBackBeforeListsAreMade) {
+  fs::create_directory(folder_.File("throw away"));
+  fs::permissions(folder_.File("throw away"), fs::perms(0700));
+  folder_.WriteText("throw away/store.lst", "half");
+  folder_.Write("throw away/backup.dat",
+                EncodeJournal(std::vector<UndoRecord>{{UndoKind::kMade, "store.lst", 0, 0, {}}}));
+  StartFirst();
+  const test::Bytes empty_list = test::Hex("81 38 01 00 83 38 01 00");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return folder_.Read("throw away/store.lst") == empty_list; },
+                              kPatience));
 }
 
 TEST_F(StartUpTest, TheFirstStartOfADayKeepsACopyBesideTheDataFolder) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "db/journal_format.h"
 #include "platform/file.h"
 #include "tests/support/loopback_server.h"
 #include "tests/support/update_fixture.h"
@@ -130,6 +131,14 @@ TEST_F(UpdateSequenceTest, ConfigurationThatWasMissingIsMade) {
   ASSERT_TRUE(platform::RemoveFile(folder_.File("webspider.xml")));
   ASSERT_EQ(Run(), 0);
   EXPECT_EQ(Text("webspider.xml"), GoodConfiguration());
+}
+
+TEST_F(UpdateSequenceTest, ConfigurationIsWrittenOverNoRestoreLeftInTheMiddle) {
+  folder_.Write("backup.dat", EncodeJournal(std::vector<UndoRecord>{
+                                  {UndoKind::kReplaced, "webspider.xml", 1, 0, Hex("41")}}));
+  ASSERT_EQ(Run(), 0);
+  EXPECT_EQ(Text("webspider.xml"), GoodConfiguration());
+  EXPECT_EQ(folder_.Read("backup.dat"), EncodeEmptyJournal());
 }
 
 TEST_F(UpdateSequenceTest, AgentsThatCannotBeDownloaded) {
