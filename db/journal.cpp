@@ -190,6 +190,9 @@ bool PutBack(File& file, const UndoRecord& record) {
 
 int PutBackWhole(const std::string& path, const UndoRecord& record) {
   if (record.kind == UndoKind::kMade) return platform::RemoveFile(path) ? 0 : ERR_IO;
+  // The folder of the results may be gone as a whole.
+  const std::string folder = path.substr(0, FolderLength(path));
+  if (!folder.empty() && !platform::CreateFolder(folder)) return ERR_IO;
   const platform::Replacement result = platform::TryReplaceFile(path, record.old_bytes);
   if (result == platform::Replacement::kHeld) return ERR_OPEN;
   return result == platform::Replacement::kDone ? 0 : ERR_IO;

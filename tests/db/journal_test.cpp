@@ -80,6 +80,15 @@ TEST_F(JournalTest, ReplacedFilesComeBackAndMadeOnesGo) {
   ExpectEmptyJournal();
 }
 
+TEST_F(JournalTest, ResultsComeBackWithTheirFolder) {
+  WriteJournal({{UndoKind::kReplaced, "WebSearch/2.dat", 3, 0, Hex("6f 6c 64")},
+                {UndoKind::kMade, "WebSearch/3.dat", 0, 0, {}}});
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("WebSearch/2.dat"), "old");
+  EXPECT_FALSE(folder_.ReadText("WebSearch/3.dat"));
+  ExpectEmptyJournal();
+}
+
 TEST_F(JournalTest, AForeignJournalIsSetAsideUnderTheNextFreeName) {
   for (const char* aside : {"backup.dat.bad", "backup.dat.bad2"}) {
     folder_.WriteText(kJournal, "a backup of another kind");
