@@ -139,5 +139,29 @@ TEST_F(HotJournalTest, AFolderThatMayNotBeWrittenIsReadAndNotChanged) {
   EXPECT_FALSE(folder_.Read(kJournal));
 }
 
+TEST_F(HotJournalTest, AForeignJournalThatCannotBeSetAsideKeepsNobodyFromReading) {
+  folder_.WriteText(kJournal, "a backup of another kind");
+  std::filesystem::permissions(folder_.File(kJournal), std::filesystem::perms{0666});
+  std::filesystem::permissions(folder_.File("discount.dat"), std::filesystem::perms{0666});
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms{0555});
+  {
+    const test::PlainUser user;
+    if (!user.active()) GTEST_SKIP() << "permissions do not count here";
+    EXPECT_EQ(database_.discounts().Load(nullptr), 0);
+    EXPECT_EQ(database_.discounts().size(), 2U);
+  }
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms{0755});
+  EXPECT_EQ(folder_.ReadText(kJournal), "a backup of another kind");
+}
+
+TEST_F(HotJournalTest, AFolderInThePlaceOfTheJournalKeepsNobodyFromReading) {
+  std::filesystem::remove(folder_.File(kJournal));
+  std::filesystem::create_directory(folder_.File(kJournal));
+  EXPECT_EQ(database_.discounts().Load(nullptr), 0);
+  EXPECT_EQ(database_.discounts().size(), 2U);
+  EXPECT_EQ(database_.discounts().Mark(7, 0, kMarkDeleted), ERR_OPEN);
+  EXPECT_EQ(folder_.Read("discount.dat"), whole_);
+}
+
 }  // namespace
 }  // namespace brovanta
