@@ -77,7 +77,10 @@ bool IsCopyName(std::string_view name) {
 }
 
 std::vector<std::string> CopiesToRemove(std::vector<std::string> names) {
-  std::erase_if(names, [](const std::string& name) { return !DayOfCopy(name); });
+  // A clock that was wrong has left days to come; they must not push out the days that are real,
+  // that of today least of all.
+  const std::string today = TodaysCopyName();
+  std::erase_if(names, [&](const std::string& name) { return !DayOfCopy(name) || name > today; });
   std::sort(names.begin(), names.end());
   if (names.size() <= kDailyCopies) return {};
   names.resize(names.size() - kDailyCopies);

@@ -31,7 +31,8 @@ inline constexpr std::string_view kPartSuffix = ".part";
 [[nodiscard]] bool IsCopyName(std::string_view name);
 
 /// The daily copies among the names that are not kept any longer. The newest seven stay, and of
-/// those before them the first of each week (Monday to Sunday) for the newest four weeks.
+/// those before them the first of each week (Monday to Sunday) for the newest four weeks. Names of
+/// days to come do not count and stay.
 [[nodiscard]] std::vector<std::string> CopiesToRemove(std::vector<std::string> names);
 
 }  // namespace brovanta

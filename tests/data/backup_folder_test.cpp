@@ -10,6 +10,7 @@
 #include "data/backup_names.h"
 #include "tests/data/sample_folder.h"
 #include "tests/support/faulty_calls.h"
+#include "tests/support/fixed_clock.h"
 #include "tests/support/plain_user.h"
 
 namespace brovanta {
@@ -113,6 +114,7 @@ TEST_F(BackupFolderTest, StopsWhenItIsAsked) {
 }
 
 TEST_F(BackupFolderTest, ClearsAwayWhatIsTooOldAndWhatWasLeft) {
+  const test::FixedClock clock(1796126400);  // 2026-12-01, 12:00:00
   for (int day = 10; day < 30; ++day) {
     ASSERT_TRUE(backups_.Keep("2026-10-" + std::to_string(day), snapshot_));
   }
@@ -190,6 +192,7 @@ TEST_F(BackupFolderTest, ACopyIsWholeOrNotThere) {
 }
 
 TEST_F(BackupFolderTest, ACopyThatIsHalfRemovedDoesNotLookLikeOne) {
+  const test::FixedClock clock(1796126400);  // 2026-12-01, 12:00:00
   const auto prepare = [this] {
     fs::remove_all(backups_.path());
     for (int day = 10; day < 21; ++day) {

@@ -64,13 +64,27 @@ TEST(BeforeRestoreNameTest, HasTheDayAndANumber) {
   }
 }
 
+constexpr auto kLaterThanAll = 1796126400;  // 2026-12-01, 12:00:00
+
+TEST(CopiesToRemoveTest, DaysToComeNeitherCountNorGo) {
+  const test::FixedClock clock(1795262400);  // 2026-11-21, 12:00:00
+  std::vector<std::string> names = {"2026-11-13", "2026-11-21"};
+  for (int year = 2030; year < 2050; ++year) names.push_back(std::to_string(year) + "-01-01");
+  EXPECT_THAT(CopiesToRemove(names), IsEmpty());
+  for (int day = 14; day < 21; ++day) names.push_back("2026-11-" + std::to_string(day));
+  // Seven days to 15; of the two before it, in one week, the first.
+  EXPECT_THAT(CopiesToRemove(names), ElementsAre("2026-11-14"));
+}
+
 TEST(CopiesToRemoveTest, SevenDaysStay) {
+  const test::FixedClock clock(kLaterThanAll);
   EXPECT_THAT(CopiesToRemove({"2026-11-21", "2026-11-20", "2026-11-19", "2026-11-18", "2026-11-17",
                               "2026-11-16", "2026-11-15"}),
               IsEmpty());
 }
 
 TEST(CopiesToRemoveTest, OfOlderWeeksTheFirstDayStays) {
+  const test::FixedClock clock(kLaterThanAll);
   // 2026-11-09 was a Monday, and so were 02 and 16.
   EXPECT_THAT(CopiesToRemove({"2026-11-22", "2026-11-21", "2026-11-20", "2026-11-19", "2026-11-18",
                               "2026-11-17", "2026-11-16", "2026-11-15", "2026-11-14", "2026-11-11",
@@ -79,6 +93,7 @@ TEST(CopiesToRemoveTest, OfOlderWeeksTheFirstDayStays) {
 }
 
 TEST(CopiesToRemoveTest, WhatIsNoDailyCopyIsNeverNamed) {
+  const test::FixedClock clock(kLaterThanAll);
   std::vector<std::string> names = {"letters", "2026-01-01.before-restore", "2026-01-02.part"};
   for (int day = 10; day < 30; ++day) names.push_back("2026-10-" + std::to_string(day));
   for (const std::string& name : CopiesToRemove(names)) EXPECT_TRUE(DayOfCopy(name)) << name;
