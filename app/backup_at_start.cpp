@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QTimer>
 #include <QWidget>
+#include <system_error>
 #include <utility>
 
 namespace brovanta {
@@ -27,10 +28,14 @@ bool BackupAtStart::eventFilter(QObject* watched, QEvent* event) {
 void BackupAtStart::Begin() {
   std::optional<DataSnapshot> snapshot = backup_.Read();
   if (!snapshot) return;
-  writer_ = std::jthread([this, data = *std::move(snapshot)](const std::stop_token& stop) {
-    // Without a copy the program goes on as before; brovanta-data tells which copies there are.
-    static_cast<void>(backup_.Keep(data, stop));
-  });
+  // Without a copy the program goes on as before; brovanta-data tells which copies there are.
+  try {
+    writer_ = std::jthread([this, data = *std::move(snapshot)](const std::stop_token& stop) {
+      static_cast<void>(backup_.Keep(data, stop));
+    });
+  } catch (const std::system_error&) {
+    return;  // no thread can be had just now
+  }
 }
 
 }  // namespace brovanta
