@@ -9,10 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "db/file_names.h"
-#include "db/journal.h"
 #include "db/record_format.h"
-#include "db/unit_of_work.h"
 #include "platform/file.h"
 #include "platform/text_file.h"
 #include "search/search_format.h"
@@ -95,19 +92,6 @@ int ReadItems(Reader& reader, std::vector<SearchResultItem>& items) {
   }
 }
 
-// The journal of the data folder, in which that of the results stands. A restore that ended in the
-// middle has the results in there: it is to be rolled back before they change, not after.
-std::string JournalOf(const std::string& path) {
-  const std::string folder = path.substr(0, path.find_last_of("\\/") + 1);
-  const std::string_view inner =
-      std::string_view(folder).substr(0, folder.empty() ? 0 : folder.size() - 1);
-  if (!inner.ends_with(kResultsFolder)) return JournalBeside(path);
-  const std::string above =
-      folder.substr(0, inner.size() - std::string_view(kResultsFolder).size());
-  const bool is_whole_name = above.empty() || above.back() == '/' || above.back() == '\\';
-  return is_whole_name ? JournalBeside(above) : JournalBeside(path);
-}
-
 }  // namespace
 
 int WriteSearchResults(const SearchResultList& list, const std::string& path) {
@@ -121,11 +105,7 @@ int WriteSearchResults(const SearchResultList& list, const std::string& path) {
     for (const ItemText text : kTextsInOrder) PutText(bytes, item.*text);
   }
   Put(bytes, END_MARK);
-  const std::string journal = JournalOf(path);
-  if (RollBackJournal(journal) != 0) return ERR_OPEN;
-  UnitOfWork work(journal);
-  work.Replace(path, bytes);
-  return work.Commit() == 0 ? 0 : ERR_OPEN;
+  return platform::ReplaceFile(path, bytes) ? 0 : ERR_OPEN;
 }
 
 int ReadSearchResults(SearchResultList& list, const std::string& path) {

@@ -8,9 +8,8 @@
 namespace brovanta {
 
 /// Puts the list into a whole new file at the documented path, in the order of the list and with
-/// the ids as they are; the old file stays when that fails. 0; ERR_OPEN when it cannot be made,
-/// someone else holds the old one or the journal of the data folder, or what stands in the journal
-/// cannot be rolled back.
+/// the ids as they are; the old file stays when that fails. 0; ERR_OPEN when it cannot be made or
+/// someone else holds the old one.
 [[nodiscard]] int WriteSearchResults(const SearchResultList& list, const std::string& path);
 
 /// Fills the list from the file, by price. 0; ERR_OPEN; ERR_FORMAT for a wrong magic, and for

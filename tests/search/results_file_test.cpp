@@ -3,11 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
-#include <vector>
 
-#include "db/journal_format.h"
 #include "platform/file.h"
 #include "tests/search/raw_searches.h"
 #include "tests/support/temp_folder.h"
@@ -133,31 +130,6 @@ TEST_F(ResultsFileTest, FileHeldBySomeoneElseIsNotOpenedAndNotReplaced) {
   EXPECT_EQ(WriteSearchResults(list_, Path()), ERR_OPEN);
   held.Close();
   EXPECT_EQ(folder_.Read("7.dat"), GoldenBytes());
-}
-
-TEST_F(ResultsFileTest, AChangeLeftInTheMiddleIsRolledBackBeforeTheFileIsWritten) {
-  std::filesystem::create_directory(folder_.File("WebSearch"));
-  for (const std::string path : {"WebSearch\\7.dat", "7.dat"}) {
-    folder_.WriteText("product.dat", "XX");
-    folder_.Write("backup.dat", EncodeJournal(std::vector<UndoRecord>{
-                                    {UndoKind::kOverwritten, "product.dat", 2, 0, Hex("41 42")},
-                                    {UndoKind::kReplaced, "WebSearch/7.dat", 1, 0, Hex("43")}}));
-    list_.Clear();
-    list_.Append({GoldenItem()});
-    EXPECT_EQ(WriteSearchResults(list_, folder_.path() + "\\" + path), 0);
-    EXPECT_EQ(folder_.ReadText("product.dat"), "AB");
-    EXPECT_EQ(folder_.Read("backup.dat"), EncodeEmptyJournal());
-    EXPECT_EQ(folder_.Read(platform::NativePath(path)), GoldenBytes());
-  }
-}
-
-TEST_F(ResultsFileTest, WhileSomeoneHoldsTheJournalNothingIsWritten) {
-  std::filesystem::create_directory(folder_.File("WebSearch"));
-  folder_.Write("backup.dat", EncodeEmptyJournal());
-  platform::File held;
-  ASSERT_TRUE(held.Open(folder_.File("backup.dat"), platform::File::Mode::kRead));
-  EXPECT_EQ(WriteSearchResults(list_, folder_.path() + "\\WebSearch\\7.dat"), ERR_OPEN);
-  EXPECT_FALSE(folder_.Read("WebSearch/7.dat"));
 }
 
 TEST_F(ResultsFileTest, FolderThatIsMissingIsAnError) {
