@@ -78,12 +78,18 @@ class Hammer {
   template <typename Attempt>
   auto Obtain(Attempt attempt) {
     auto result = attempt();
-    for (; !result; result = attempt()) {
+    for (int tries = 1; !result; result = attempt()) {
+      if (++tries > kMostTries) {
+        std::cerr << "program " << program_ << ": no result after " << kMostTries << " tries\n";
+        _exit(1);
+      }
       ++collisions_;
       sched_yield();
     }
     return *result;
   }
+  /// So often nobody collides; what fails then fails for another reason.
+  static constexpr int kMostTries = 200000;
   static int CodeOf(int result) { return result > 0 ? 0 : result; }
 
   void ChangeProducts(int round);
