@@ -1,7 +1,6 @@
 #include "agent/run_agent_tool.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,29 +13,24 @@
 #include "agent/reports.h"
 #include "agent/search_words.h"
 #include "search/agent_configuration.h"
+#include "util/console.h"
 #include "util/readable_text.h"
 
 namespace brovanta::agent_tool {
 namespace {
 
-void Complain(const std::string& text) {
-  const std::string line = "brovanta-agent: " + text + "\n";
-  static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
-}
+void Tell(const std::string& text) { Complain("brovanta-agent: " + text); }
 
-// The status, unless the report does not arrive whole, on a full disk for example.
-int Print(std::string_view text, int status) {
-  if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0) {
-    return status;
-  }
-  Complain("standard output cannot be written");
+int Report(std::string_view text, int status) {
+  if (Print(text)) return status;
+  Tell("standard output cannot be written");
   return kBad;
 }
 
 std::optional<std::string> Read(const std::string& path) {
   std::string error;
   auto bytes = ReadInput(path, error);
-  if (!bytes) Complain(Utf8Text(path) + ": " + error);
+  if (!bytes) Tell(Utf8Text(path) + ": " + error);
   return bytes;
 }
 
@@ -54,11 +48,11 @@ std::shared_ptr<const WebAgent> FindAgent(const CommandLine& line) {
   }
   const std::string number = std::to_string(line.site);
   if (count > 1) {
-    Complain("note: " + std::to_string(count) + " agents have the number " + number +
-             "; this is the first of them");
+    Tell("note: " + std::to_string(count) + " agents have the number " + number +
+         "; this is the first of them");
   }
   if (found != nullptr) {
-    if (result != 0) Complain("note: the program refuses the file; see brovanta-agent check");
+    if (result != 0) Tell("note: the program refuses the file; see brovanta-agent check");
     return found;
   }
   const FileReport report = CheckAgentFile(*stored);
@@ -66,9 +60,9 @@ std::shared_ptr<const WebAgent> FindAgent(const CommandLine& line) {
       std::any_of(report.blocks.begin(), report.blocks.end(), [&](const BlockReport& block) {
         return block.kind == BlockKind::kAgent && block.number == line.site;
       });
-  Complain(Utf8Text(line.file) + ": " +
-           (refused ? "the program does not take the agent " + number + "; see brovanta-agent check"
-                    : "there is no agent " + number));
+  Tell(Utf8Text(line.file) + ": " +
+       (refused ? "the program does not take the agent " + number + "; see brovanta-agent check"
+                : "there is no agent " + number));
   return nullptr;
 }
 
@@ -76,8 +70,8 @@ int Check(const CommandLine& line) {
   const auto stored = Read(line.file);
   if (!stored) return kNoInput;
   const FileReport report = CheckAgentFile(*stored);
-  return Print(line.json ? CheckAsJson(report, line.file) : CheckAsText(report, line.file),
-               report.IsGood() ? kGood : kBad);
+  return Report(line.json ? CheckAsJson(report, line.file) : CheckAsText(report, line.file),
+                report.IsGood() ? kGood : kBad);
 }
 
 int Try(const CommandLine& line) {
@@ -89,8 +83,8 @@ int Try(const CommandLine& line) {
   const auto words = line.words ? std::optional(SearchWordsOf(*line.words)) : std::nullopt;
   const Trial trial = TryAgent(page.text, *agent, words);
   const TrialSubject subject{line.page, page, *agent, line.words};
-  return Print(line.json ? TrialAsJson(trial, subject) : TrialAsText(trial, subject),
-               trial.kept > 0 ? kGood : kBad);
+  return Report(line.json ? TrialAsJson(trial, subject) : TrialAsText(trial, subject),
+                trial.kept > 0 ? kGood : kBad);
 }
 
 int Address(const CommandLine& line) {
@@ -98,15 +92,15 @@ int Address(const CommandLine& line) {
   if (agent == nullptr) return kNoInput;
   const AddressReport report = AddressOf(*agent, SearchWordsOf(*line.words));
   if (report.status != 0) {
-    Complain(StatusText(report.status) + " (" + std::to_string(report.status) + ")");
+    Tell(StatusText(report.status) + " (" + std::to_string(report.status) + ")");
   } else {
-    if (report.cut) Complain("note: the address is cut");
+    if (report.cut) Tell("note: the address is cut");
     if (!report.downloadable) {
-      Complain("this is no http:// address: the program cannot download it");
+      Tell("this is no http:// address: the program cannot download it");
     }
   }
-  return Print(line.json ? AddressAsJson(report, *agent, *line.words) : AddressAsText(report),
-               report.status == 0 && report.downloadable ? kGood : kBad);
+  return Report(line.json ? AddressAsJson(report, *agent, *line.words) : AddressAsText(report),
+                report.status == 0 && report.downloadable ? kGood : kBad);
 }
 
 }  // namespace
@@ -115,14 +109,14 @@ int RunAgentTool(std::span<const std::string_view> arguments, std::string_view v
   std::string error;
   const auto line = ParseCommandLine(arguments, error);
   if (!line) {
-    Complain(error + " See brovanta-agent --help.");
+    Tell(error + " See brovanta-agent --help.");
     return kMisused;
   }
   switch (line->action) {
     case Action::kHelp:
-      return Print(HelpText(), kGood);
+      return Report(HelpText(), kGood);
     case Action::kVersion:
-      return Print("brovanta-agent " + std::string(version) + "\n", kGood);
+      return Report("brovanta-agent " + std::string(version) + "\n", kGood);
     case Action::kCheck:
       return Check(*line);
     case Action::kTry:

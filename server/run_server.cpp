@@ -2,7 +2,6 @@
 
 #include <csignal>
 #include <cstddef>
-#include <cstdio>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,6 +15,7 @@
 #include "server/import_file.h"
 #include "server/responder.h"
 #include "server/store.h"
+#include "util/console.h"
 
 namespace brovanta::server {
 namespace {
@@ -24,18 +24,6 @@ constexpr int kDone = 0;
 constexpr int kFailed = 1;
 constexpr int kMisused = 2;
 constexpr int kThreads = 8;
-
-// False when it does not arrive whole, on a full disk for example.
-[[nodiscard]] bool Print(std::string_view text) {
-  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
-         std::fflush(stdout) == 0;
-}
-
-// One call, so that lines of several threads do not mix.
-void Complain(const std::string& text) {
-  const std::string line = text + "\n";
-  static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
-}
 
 int Fail(const std::string& what, const std::string& why) {
   Complain("brovanta-server: " + what + ": " + why);
