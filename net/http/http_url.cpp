@@ -2,6 +2,7 @@
 
 #include <curl/curl.h>
 
+#include <algorithm>
 #include <charconv>
 #include <memory>
 #include <utility>
@@ -25,6 +26,10 @@ std::string_view WithoutBlanksAround(std::string_view text) {
   while (!text.empty() && IsBlankOrControl(text.front())) text.remove_prefix(1);
   while (!text.empty() && IsBlankOrControl(text.back())) text.remove_suffix(1);
   return text;
+}
+
+bool HasBlanksOrControls(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), IsBlankOrControl);
 }
 
 std::string WithEncodedBlanks(std::string_view text) {
@@ -74,6 +79,8 @@ std::optional<HttpUrl> SplitOnce(std::string_view address) {
   const auto service = Part(url.get(), CURLUPART_SCHEME, 0);
   const auto server = Part(url.get(), CURLUPART_HOST, 0);
   if (!service || !server || server->empty()) return std::nullopt;
+  // The name comes out of its percent codes, among which a delete character passes as a letter.
+  if (HasBlanksOrControls(*server)) return std::nullopt;
   HttpUrl parts;
   parts.service = *service;
   parts.server = *server;

@@ -86,6 +86,13 @@ TEST(HttpUrlTest, DamagedAddressesCannotBeSplit) {
   }
 }
 
+TEST(HttpUrlTest, ControlsInAServersNameDoNotHideInPercentCodes) {
+  for (const char* address : {"http://sh%7Fop.example/", "wais://sh%7Fop.example/a",
+                              "wais:/sh%7fop:5", "wais://sh%0Aop.example/", "wais://sh%20op/"}) {
+    EXPECT_FALSE(SplitUrl(address)) << address;
+  }
+}
+
 TEST(HttpUrlTest, ZeroEndsTheAddress) {
   EXPECT_EQ(SplitUrl(std::string_view("http://shop.example/a\0b", 23)),
             Parts("http", "shop.example", 80, "/a"));
