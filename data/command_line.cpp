@@ -8,6 +8,28 @@
 namespace brovanta::data_tool {
 namespace {
 
+const Option* OptionOf(const Command& command, std::string_view name) {
+  const auto found =
+      std::find_if(command.options.begin(), command.options.end(), [name](const Option& one) {
+        return one.name == name || (!one.short_name.empty() && one.short_name == name);
+      });
+  return found != command.options.end() ? &*found : nullptr;
+}
+
+// "--html, --text or --pdf"
+std::string NamesOfGroup(const Command& command, int group) {
+  std::vector<std::string_view> names;
+  for (const Option& option : command.options) {
+    if (option.group == group) names.push_back(option.name);
+  }
+  std::string text;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (i > 0) text += i + 1 == names.size() ? " or " : ", ";
+    text += names[i];
+  }
+  return text;
+}
+
 // Every step returns false after noting the error.
 class Parser : ArgumentReader {
  public:
@@ -18,7 +40,7 @@ class Parser : ArgumentReader {
   std::optional<CommandLine> Parse() {
     const bool read = ReadArguments([this](std::string_view option) { return TakeOption(option); });
     if (asked_) return line_;
-    if (!read || !TakeWords()) return std::nullopt;
+    if (!read || !TakeWords() || !CheckOptions()) return std::nullopt;
     return line_;
   }
 
@@ -30,11 +52,35 @@ class Parser : ArgumentReader {
     return false;
   }
 
-  bool TakeOption(std::string_view option) {
-    if (option == "--help" || option == "-h") return TakeQuestion(CommandLine::Action::kHelp);
-    if (option == "--version") return TakeQuestion(CommandLine::Action::kVersion);
-    line_.json = line_.json || option == "--json";
-    return option == "--json" || Fail("There is no option " + Quoted(option) + ".");
+  // Options may stand in front of the command: whether one has a value tells any command with it.
+  bool TakeOption(std::string_view argument) {
+    if (argument == "--help" || argument == "-h") return TakeQuestion(CommandLine::Action::kHelp);
+    if (argument == "--version") return TakeQuestion(CommandLine::Action::kVersion);
+    const std::size_t equals = argument.find('=');
+    const std::string_view name = argument.substr(0, equals);
+    const Option* option = nullptr;
+    for (const Command& command : commands_) {
+      if (option == nullptr) option = OptionOf(command, name);
+    }
+    if (option == nullptr) return Fail("There is no option " + Quoted(name) + ".");
+    const std::string long_name(option->name);
+    if (line_.Has(option->name)) return Fail(long_name + " stands there twice.");
+    if (option->value.empty()) {
+      if (equals != std::string_view::npos) return Fail(long_name + " does not take a value.");
+      line_.options.push_back({option->name, {}});
+      return true;
+    }
+    std::string_view value;
+    if (equals != std::string_view::npos) {
+      value = argument.substr(equals + 1);
+    } else if (HasMore()) {
+      value = Take();
+      // An option where a value should be is one that was forgotten.
+      if (value.starts_with("--")) value = {};
+    }
+    if (value.empty()) return Fail(long_name + " needs " + std::string(option->value) + ".");
+    line_.options.push_back({option->name, std::string(value)});
+    return true;
   }
 
   bool TakeWords() {
@@ -59,49 +105,52 @@ class Parser : ArgumentReader {
     return !has_empty || Fail(std::string(name) + " does not take an empty argument.");
   }
 
+  bool CheckOptions() {
+    const Command& command = *line_.command;
+    const std::string name(command.name);
+    std::vector<const Option*> chosen;
+    for (const CommandLine::GivenOption& given : line_.options) {
+      const Option* const option = OptionOf(command, given.name);
+      if (option == nullptr) {
+        return Fail(name + " does not take " + std::string(given.name) + ".");
+      }
+      if (option->group == 0) continue;
+      for (const Option* const other : chosen) {
+        if (other->group != option->group) continue;
+        return Fail(std::string(other->name) + " and " + std::string(option->name) +
+                    " exclude each other.");
+      }
+      chosen.push_back(option);
+    }
+    const int needed = command.needed_group;
+    const bool has_needed =
+        needed == 0 || std::any_of(chosen.begin(), chosen.end(),
+                                   [needed](const Option* one) { return one->group == needed; });
+    return has_needed || Fail(name + " needs " + NamesOfGroup(command, needed) + ".");
+  }
+
   std::span<const Command> commands_;
   CommandLine line_;
   bool asked_ = false;
 };
 
-// Every further line of a text begins below its first one.
-std::string Indented(std::string_view text, std::size_t by) {
-  std::string result;
-  for (const char character : text) {
-    result += character;
-    if (character == '\n') result.append(by, ' ');
-  }
-  return result;
+}  // namespace
+
+bool CommandLine::Has(std::string_view option) const {
+  return std::any_of(options.begin(), options.end(),
+                     [option](const GivenOption& given) { return given.name == option; });
 }
 
-}  // namespace
+std::optional<std::string> CommandLine::ValueOf(std::string_view option) const {
+  for (const GivenOption& given : options) {
+    if (given.name == option) return given.value;
+  }
+  return std::nullopt;
+}
 
 std::optional<CommandLine> ParseCommandLine(std::span<const std::string_view> arguments,
                                             std::span<const Command> commands, std::string& error) {
   return Parser(arguments, commands, error).Parse();
-}
-
-std::string HelpText(std::span<const Command> commands) {
-  std::string text = "Usage:\n";
-  std::size_t longest = 0;
-  for (const Command& command : commands) {
-    text.append("  brovanta-data ").append(command.name).append(" ").append(command.arguments);
-    text += " [--json]\n";
-    longest = std::max(longest, command.name.size());
-  }
-  text += "\nLooks after the data folders of the Brovanta shopping planner.\n\n";
-  for (const Command& command : commands) {
-    std::string line = "  " + std::string(command.name);
-    line.resize(longest + 4, ' ');
-    text += line + Indented(command.purpose, line.size()) + "\n";
-  }
-  return text + R"(
-  --json   writes JSON, for scripts
-  --help, --version
-
-Ends with 0 when all is well, 1 when something is wrong with the data or could not be done, 2
-when the command line makes no sense, and 3 when the folder cannot be read.
-)";
 }
 
 }  // namespace brovanta::data_tool

@@ -15,6 +15,8 @@
 namespace brovanta::data_tool {
 namespace {
 
+bool AsJson(const CommandLine& line) { return line.Has("--json"); }
+
 CommandEnd NoFolder(const std::string& folder, const std::string& error) {
   return {kNoFolder, {}, {Quoted(folder) + ": " + error}};
 }
@@ -25,7 +27,7 @@ CommandEnd Check(const CommandLine& line) {
   const auto report = CheckFolder(folder, error);
   if (!report) return NoFolder(folder, error);
   return {report->IsWhole() ? kGood : kBad,
-          line.json ? CheckAsJson(*report, folder) : CheckAsText(*report, folder),
+          AsJson(line) ? CheckAsJson(*report, folder) : CheckAsText(*report, folder),
           {}};
 }
 
@@ -37,7 +39,7 @@ CommandEnd Backups(const CommandLine& line) {
     return NoFolder(folder, "there is no such folder, nor a copy of one");
   }
   return {report.obstacle.empty() ? kGood : kBad,
-          line.json ? BackupsAsJson(report) : BackupsAsText(report),
+          AsJson(line) ? BackupsAsJson(report) : BackupsAsText(report),
           {}};
 }
 
@@ -49,7 +51,7 @@ CommandEnd Restore(const CommandLine& line) {
   switch (end.outcome) {
     case RestoreEnd::Outcome::kDone:
     case RestoreEnd::Outcome::kSame:
-      return {kGood, line.json ? RestoreAsJson(end, folder) : RestoreAsText(end, folder), {}};
+      return {kGood, AsJson(line) ? RestoreAsJson(end, folder) : RestoreAsText(end, folder), {}};
     case RestoreEnd::Outcome::kNoFolder:
       return NoFolder(folder, end.words);
     case RestoreEnd::Outcome::kNoCopy:
@@ -61,16 +63,19 @@ CommandEnd Restore(const CommandLine& line) {
   return {kBad, {}, {Quoted(folder) + ": " + end.words}};
 }
 
+constexpr std::array kReportOptions{Option{"--json", "", "writes JSON, for scripts"}};
+
 constexpr std::array kCommands{
     Command{"check", "DIR",
             "looks at every file of a data folder and tells what is wrong where;\n"
             "changes nothing",
-            1, 1, &Check},
-    Command{"backups", "DIR", "lists the copies that the program has kept of it", 1, 1, &Backups},
+            1, 1, &Check, kReportOptions},
+    Command{"backups", "DIR", "lists the copies that the program has kept of it", 1, 1, &Backups,
+            kReportOptions},
     Command{"restore", "DIR [NAME]",
             "brings a copy back, the newest daily one without a name such as\n"
             "2026-11-21, and keeps what it replaces as a copy",
-            1, 2, &Restore},
+            1, 2, &Restore, kReportOptions},
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "data/command_line.h"
 #include "data/commands.h"
 #include "data/exit_status.h"
+#include "data/help_text.h"
 #include "util/console.h"
 
 namespace brovanta::data_tool {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <map>
 #include <set>
 
 #include "data/backup_folder.h"
@@ -19,7 +20,7 @@ using testing::HasSubstr;
 
 CommandEnd RunCommand(std::vector<std::string> words, bool json = false) {
   CommandLine line;
-  line.json = json;
+  if (json) line.options.push_back({"--json", ""});
   for (const Command& command : Commands()) {
     if (command.name == words.front()) line.command = &command;
   }
@@ -34,6 +35,28 @@ TEST(CommandsTest, EveryRowIsCompleteAndThereOnce) {
     EXPECT_NE(command.run, nullptr);
     EXPECT_LE(command.least, command.most);
     EXPECT_FALSE(command.arguments.empty() || command.purpose.empty());
+  }
+}
+
+// Options are read before it is known which command they belong to.
+TEST(CommandsTest, OneOptionMeansTheSameEverywhere) {
+  std::map<std::string_view, const Option*> options;
+  for (const Command& command : Commands()) {
+    int group = 0;
+    std::set<int> ended;
+    for (const Option& option : command.options) {
+      EXPECT_TRUE(option.name.starts_with("--")) << option.name;
+      EXPECT_FALSE(option.purpose.empty()) << option.name;
+      const Option& first = *options.emplace(option.name, &option).first->second;
+      EXPECT_EQ(option.value.empty(), first.value.empty()) << option.name;
+      EXPECT_EQ(option.short_name, first.short_name) << option.name;
+      if (option.group != group && group != 0) ended.insert(group);
+      EXPECT_EQ(ended.count(option.group), 0U) << option.name << " stands apart from its group";
+      group = option.group;
+    }
+    EXPECT_TRUE(command.needed_group == 0 || command.needed_group == group ||
+                ended.count(command.needed_group) > 0)
+        << command.name;
   }
 }
 
