@@ -16,6 +16,7 @@ struct CommandLine {
   };
   Action action = Action::kRun;
   std::string data_folder;
+  std::string language;  ///< as it was asked for, "" = not at all
   std::string problem;
 };
 

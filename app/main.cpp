@@ -25,6 +25,10 @@ int main(int argc, char** argv) {
     case CommandLine::Action::kRun:
       break;
   }
+  if (const std::string problem = brovanta::LanguageProblem(line.language); !problem.empty()) {
+    std::fprintf(stderr, "brovanta: %s\n", problem.c_str());
+    return brovanta::kExitArguments;
+  }
   if (!brovanta::HasScreen()) {
     std::fputs("brovanta: there is no screen to show a window on\n", stderr);
     return brovanta::kExitNoData;
@@ -34,6 +38,6 @@ int main(int argc, char** argv) {
   brovanta::WarmUp warm_up;
   const QApplication application(toolkit_argc, argv);
   warm_up.Wait();
-  brovanta::PrepareToolkit();
+  brovanta::PrepareToolkit(line.language);
   return brovanta::RunProgram(line);
 }

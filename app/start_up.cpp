@@ -13,6 +13,7 @@
 #include "db/file_names.h"
 #include "db/journal.h"
 #include "ui/base/icons.h"
+#include "ui/base/language.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
@@ -63,13 +64,22 @@ bool HasScreen() {
          !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-void PrepareToolkit() {
+std::string LanguageProblem(const std::string& asked) {
+  if (asked.empty() || LanguageFor(QString::fromStdString(asked))) return {};
+  return "there is no translation for '" + asked +
+         "'; choose one of these: " + KnownLanguages().join(QStringLiteral(", ")).toStdString() +
+         ", system";
+}
+
+void PrepareToolkit(const std::string& language) {
   // The toolkit takes the user's locale over; files and fields have points in their numbers.
   std::setlocale(LC_NUMERIC, "C");
   QCoreApplication::setApplicationName(QStringLiteral("brovanta"));
   QGuiApplication::setDesktopFileName(QStringLiteral("org.brovanta.Brovanta"));
   QApplication::setWindowIcon(NumberedIcon(kProgramIcon));
   ApplyTheme(*qApp);
+  if (language.empty()) return;
+  if (const auto known = LanguageFor(QString::fromStdString(language))) SpeakLanguage(*known);
 }
 
 std::string ConfiguredUpdateServer(const CommandLine& line) {

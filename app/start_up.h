@@ -14,8 +14,13 @@ inline constexpr int kExitArguments = 2;
 /// Whether there is a screen to show windows on, as far as the environment says.
 [[nodiscard]] bool HasScreen();
 
-/// Sets the running QApplication up for this program: numbers with a point, name, icon and style.
-void PrepareToolkit();
+/// What is wrong with the language that was asked for, in a sentence for a person; nothing when the
+/// program speaks it, or when none was asked for.
+[[nodiscard]] std::string LanguageProblem(const std::string& asked);
+
+/// Sets the running QApplication up for this program: numbers with a point, name, icon, style, and
+/// the language where one was asked for.
+void PrepareToolkit(const std::string& language);
 
 /// The update server that the settings of the user, or of the throw-away folder, name. Changes
 /// nothing.

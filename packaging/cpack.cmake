@@ -32,8 +32,10 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME brovanta)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION utils)
-# Phones show it by Wayland; links open in the browser; shops are asked by https.
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "ca-certificates, qt6-wayland, xdg-utils")
+# Phones show it by Wayland; links open in the browser; shops are asked by https; in another language
+# the toolkit has words of its own.
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS
+  "ca-certificates, qt6-translations-l10n, qt6-wayland, xdg-utils")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS brovanta-server)
 set(CPACK_COMPONENT_PROGRAM_DESCRIPTION "personal shopping planner
 Brovanta tells what to buy today, this week, this month, once or again and

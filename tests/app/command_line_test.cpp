@@ -51,6 +51,27 @@ TEST(CommandLineTest, DataFolderGivenTwiceIsRefused) {
   EXPECT_THAT(line.problem, HasSubstr("twice"));
 }
 
+TEST(CommandLineTest, TheLanguageIsTheNextArgumentOrStandsBehindTheEqualsSign) {
+  EXPECT_EQ(ParseCommandLine({}).language, "");
+  for (const CommandLine& line : {ParseCommandLine({"--language", "de", "--data-folder=/a"}),
+                                  ParseCommandLine({"--data-folder", "/a", "--language=de"})}) {
+    EXPECT_EQ(line.action, Action::kRun);
+    EXPECT_EQ(line.language, "de");
+    EXPECT_EQ(line.data_folder, "/a");
+  }
+}
+
+TEST(CommandLineTest, LanguageWithoutAValueOrGivenTwiceIsRefused) {
+  for (const CommandLine& line :
+       {ParseCommandLine({"--language"}), ParseCommandLine({"--language="})}) {
+    EXPECT_EQ(line.action, Action::kRefuse);
+    EXPECT_THAT(line.problem, HasSubstr("--language needs a language"));
+  }
+  EXPECT_THAT(ParseCommandLine({"--language=de", "--language=en"}).problem,
+              HasSubstr("--language is given twice"));
+  EXPECT_EQ(ParseCommandLine({"--languages=de"}).action, Action::kRefuse);
+}
+
 TEST(CommandLineTest, UnknownOptionsAndArgumentsAreRefusedByName) {
   EXPECT_EQ(ParseCommandLine({"--colour"}).action, Action::kRefuse);
   EXPECT_THAT(ParseCommandLine({"--colour"}).problem, HasSubstr("'--colour'"));
@@ -65,8 +86,8 @@ TEST(CommandLineTest, AWrongArgumentWinsOverHelp) {
 }
 
 TEST(CommandLineTest, HelpNamesEveryOption) {
-  for (const char* const option :
-       {"--data-folder DIR", "--show-update-server", "--version", "--help"}) {
+  for (const char* const option : {"--data-folder DIR", "--language LANGUAGE",
+                                   "--show-update-server", "--version", "--help"}) {
     EXPECT_THAT(HelpText(), HasSubstr(option));
   }
 }

@@ -17,6 +17,7 @@
 #include "data/backup_names.h"
 #include "db/journal_format.h"
 #include "tests/support/temp_folder.h"
+#include "ui/base/language.h"
 
 namespace brovanta {
 namespace {
@@ -232,8 +233,31 @@ TEST_F(StartUpTest, ProgramsOnDifferentFoldersRunSideBySide) {
   EXPECT_EQ(other.state(), QProcess::Running);
 }
 
+TEST_F(StartUpTest, ALanguageThatThereIsNotIsRefusedWithThoseThatThereAre) {
+  QStringList arguments = DataFolder();
+  arguments << QStringLiteral("--language") << QStringLiteral("tlh");
+  QProcess& process = Run(arguments);
+  EXPECT_EQ(process.exitCode(), 2);
+  EXPECT_EQ(process.readAllStandardError().toStdString(),
+            "brovanta: there is no translation for 'tlh'; choose one of these: de, en, system\n");
+  EXPECT_EQ(LanguageProblem("de"), "");
+  EXPECT_EQ(LanguageProblem("en_GB"), "");
+  EXPECT_EQ(LanguageProblem("system"), "");
+  EXPECT_EQ(LanguageProblem(""), "");
+}
+
+TEST_F(StartUpTest, TheLocaleAloneChangesNothingALanguageThatIsAskedForDoes) {
+  PrepareToolkit({});
+  EXPECT_FALSE(SpeaksTranslated());
+  PrepareToolkit("de");
+  EXPECT_TRUE(SpeaksTranslated());
+  EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+  PrepareToolkit("en");
+  EXPECT_FALSE(SpeaksTranslated());
+}
+
 TEST_F(StartUpTest, NumbersKeepTheirPointAndTheWindowItsIcon) {
-  PrepareToolkit();
+  PrepareToolkit({});
   EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
   EXPECT_FALSE(QApplication::windowIcon().isNull());
   EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("org.brovanta.Brovanta"));

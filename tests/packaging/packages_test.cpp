@@ -85,7 +85,8 @@ TEST(PackagesTest, TellWhatTheyAreAndWhatTheyNeed) {
   }
   EXPECT_THAT(Field("brovanta", "Depends"),
               AllOf(HasSubstr("libqt6widgets6"), HasSubstr("libcurl4")));
-  EXPECT_THAT(Field("brovanta", "Recommends"), HasSubstr("qt6-wayland"));
+  EXPECT_THAT(Field("brovanta", "Recommends"),
+              AllOf(HasSubstr("qt6-wayland"), HasSubstr("qt6-translations-l10n")));
   EXPECT_THAT(Field("brovanta-server", "Depends"),
               AllOf(HasSubstr("libsqlite3"), Not(HasSubstr("qt"))));
 }

@@ -1,10 +1,11 @@
 #include "ui/base/calendar_looks.h"
 
 #include <QCalendarWidget>
-#include <QLocale>
+#include <QCoreApplication>
 #include <QTextCharFormat>
 #include <QToolButton>
 
+#include "ui/base/language.h"
 #include "ui/base/period.h"
 #include "ui/base/theme.h"
 
@@ -21,7 +22,7 @@ void NameArrow(QCalendarWidget& calendar, const char* part, const QString& name)
 }  // namespace
 
 void DressCalendar(QCalendarWidget& calendar) {
-  calendar.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+  calendar.setLocale(SpokenLocale());
   calendar.setFirstDayOfWeek(Qt::Sunday);
   calendar.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar.setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
@@ -31,8 +32,10 @@ void DressCalendar(QCalendarWidget& calendar) {
   weekend.setForeground(theme::kText);
   calendar.setWeekdayTextFormat(Qt::Saturday, weekend);
   calendar.setWeekdayTextFormat(Qt::Sunday, weekend);
-  NameArrow(calendar, "qt_calendar_prevmonth", QStringLiteral("Month before"));
-  NameArrow(calendar, "qt_calendar_nextmonth", QStringLiteral("Month after"));
+  NameArrow(calendar, "qt_calendar_prevmonth",
+            QCoreApplication::translate("Calendar", "Month before"));
+  NameArrow(calendar, "qt_calendar_nextmonth",
+            QCoreApplication::translate("Calendar", "Month after"));
 }
 
 }  // namespace brovanta

@@ -1,10 +1,11 @@
 #include "ui/base/date_field.h"
 
 #include <QCalendarWidget>
+#include <QCoreApplication>
 #include <QDateEdit>
-#include <QLocale>
 
 #include "ui/base/calendar_looks.h"
+#include "ui/base/language.h"
 #include "ui/base/period.h"
 
 namespace brovanta {
@@ -20,10 +21,10 @@ DateStamp StampOfPickedDay(QDate date) {
 
 void SetUpDateField(QDateEdit& field) {
   // Digits and names of the program, whatever the user's locale.
-  field.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+  field.setLocale(SpokenLocale());
   field.setCalendarPopup(true);
   field.setDateRange(FirstPickableDate(), LastPickableDate());
-  field.setDisplayFormat(QStringLiteral("MM/dd/yyyy"));
+  field.setDisplayFormat(QCoreApplication::translate("DateField", "MM/dd/yyyy"));
   field.setDate(TodayDate());
   DressCalendar(*field.calendarWidget());
   field.calendarWidget()->setMinimumSize(kFingerSize);

@@ -1,14 +1,22 @@
 #include "ui/base/date_headings.h"
 
+#include <QCoreApplication>
 #include <array>
 #include <utility>
+
+#include "ui/base/language.h"
+#include "ui/base/period.h"
 
 namespace brovanta {
 namespace {
 
-QString UnknownDate() { return QStringLiteral("Unknown date"); }
+QString UnknownDate() { return QCoreApplication::translate("DateHeadings", "Unknown date"); }
 
 QString DayDate(DateStamp stamp) {
+  if (SpeaksTranslated()) {
+    return SpokenLocale().toString(DateOfStamp(stamp),
+                                   QCoreApplication::translate("DateHeadings", "dddd M/d/yyyy"));
+  }
   std::array<char, kDayDateSize> text{};
   FormatDayDate(stamp, text);
   return QString::fromLatin1(text.data());

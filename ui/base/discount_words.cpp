@@ -1,5 +1,8 @@
 #include "ui/base/discount_words.h"
 
+#include <QCoreApplication>
+
+#include "ui/base/language.h"
 #include "ui/base/period.h"
 #include "util/number.h"
 
@@ -8,28 +11,36 @@ namespace {
 
 constexpr std::uint16_t kPercent = 1;
 
+QString Words(const char* english) { return QCoreApplication::translate("DiscountWords", english); }
+
 QString ShortDate(DateStamp stamp) {
-  const QDate date = DateOfStamp(stamp);
-  return QString::asprintf("%d/%d/%d", date.month(), date.day(), date.year());
+  return SpokenLocale().toString(DateOfStamp(stamp),
+                                 Words(QT_TRANSLATE_NOOP("DiscountWords", "M/d/yyyy")));
 }
 
 QString ValueWords(const DiscountRecord& discount) {
   QString number = QString::fromStdString(FormatTwoDecimals(discount.Value));
-  if (discount.ValueType != kPercent) return number + QLatin1String(" off");
-  if (number.endsWith(QLatin1String(".00"))) number.chop(3);
-  return number + QLatin1String("% off");
+  const bool percent = discount.ValueType == kPercent;
+  if (percent && number.endsWith(QLatin1String(".00"))) number.chop(3);
+  number.replace(QLatin1String("."), SpokenLocale().decimalPoint());
+  return (percent ? Words(QT_TRANSLATE_NOOP("DiscountWords", "%1% off"))
+                  : Words(QT_TRANSLATE_NOOP("DiscountWords", "%1 off")))
+      .arg(number);
 }
 
 }  // namespace
 
 QString DiscountWords(const DiscountRecord& discount) {
-  QString words = ValueWords(discount);
+  const QString value = ValueWords(discount);
   if (discount.EndDate > 0) {
-    words += QLatin1String(", until ") + ShortDate(discount.EndDate);
-  } else if (discount.StartDate > 0) {
-    words += QLatin1String(", from ") + ShortDate(discount.StartDate);
+    return Words(QT_TRANSLATE_NOOP("DiscountWords", "%1, until %2"))
+        .arg(value, ShortDate(discount.EndDate));
   }
-  return words;
+  if (discount.StartDate > 0) {
+    return Words(QT_TRANSLATE_NOOP("DiscountWords", "%1, from %2"))
+        .arg(value, ShortDate(discount.StartDate));
+  }
+  return value;
 }
 
 }  // namespace brovanta

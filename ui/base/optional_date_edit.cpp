@@ -37,9 +37,9 @@ DateStamp OptionalDateEdit::Stamp() const {
   return check_box_->isChecked() ? StampOfPickedDay(date_edit_->date()) : kNoDate;
 }
 
-void OptionalDateEdit::SetName(const QString& name) {
-  check_box_->setAccessibleName(tr("Has a %1").arg(name.toLower()));
-  check_box_->setToolTip(check_box_->accessibleName());
+void OptionalDateEdit::SetName(const QString& name, const QString& check_name) {
+  check_box_->setAccessibleName(check_name);
+  check_box_->setToolTip(check_name);
   date_edit_->setAccessibleName(name);
 }
 

@@ -26,8 +26,8 @@ class OptionalDateEdit : public QWidget {
   /// 01:00 of the picked day, kNoDate when the field is empty.
   [[nodiscard]] DateStamp Stamp() const;
 
-  /// What a screen reader calls the field ("Start date").
-  void SetName(const QString& name);
+  /// What a screen reader calls the field ("Start date") and its box ("Has a start date").
+  void SetName(const QString& name, const QString& check_name);
 
   [[nodiscard]] QCheckBox& check_box() const { return *check_box_; }
   [[nodiscard]] QDateEdit& date_edit() const { return *date_edit_; }

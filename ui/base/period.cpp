@@ -1,6 +1,9 @@
 #include "ui/base/period.h"
 
+#include <QCoreApplication>
 #include <array>
+
+#include "ui/base/language.h"
 
 namespace brovanta {
 namespace {
@@ -42,25 +45,51 @@ Period MonthPeriod(QDate date) {
           QString::asprintf("%s %04d", MonthName(date).data(), date.year())};
 }
 
+QString Words(const char* english) { return QCoreApplication::translate("Period", english); }
+
+/// The date by a pattern of which each translation has its own.
+QString Dated(DateStamp stamp, const char* pattern) {
+  return SpokenLocale().toString(DateOfStamp(stamp), Words(pattern));
+}
+
+QString TranslatedHeading(const Period& period, int view_mode) {
+  if (view_mode == kDailyView) {
+    return Dated(period.start, QT_TRANSLATE_NOOP("Period", "MMM dd, yyyy"));
+  }
+  if (view_mode == kMonthlyView) {
+    return Dated(period.start, QT_TRANSLATE_NOOP("Period", "MMM yyyy"));
+  }
+  //: The first day of a week in its heading; the last one follows.
+  return Dated(period.start, QT_TRANSLATE_NOOP("Period", "MMM dd")) + QStringLiteral(" - ") +
+         //: The last day of a week in its heading.
+         Dated(period.end, QT_TRANSLATE_NOOP("Period", "dd, yyyy"));
+}
+
+/// The form of an English heading is prescribed, and goes without patterns.
+Period Spoken(Period period, int view_mode) {
+  if (SpeaksTranslated()) period.heading = TranslatedHeading(period, view_mode);
+  return period;
+}
+
 }  // namespace
 
 std::optional<Period> PeriodOf(QDate date, int view_mode) {
   switch (view_mode) {
     case kDailyView:
-      return DayPeriod(date);
+      return Spoken(DayPeriod(date), view_mode);
     case kWeeklyView:
-      return WeekPeriod(date);
+      return Spoken(WeekPeriod(date), view_mode);
     case kMonthlyView:
-      return MonthPeriod(date);
+      return Spoken(MonthPeriod(date), view_mode);
     default:
       return std::nullopt;
   }
 }
 
 QString PeriodWords(int view_mode) {
-  if (view_mode == kDailyView) return QStringLiteral("on this day");
-  return view_mode == kWeeklyView ? QStringLiteral("in this week")
-                                  : QStringLiteral("in this month");
+  if (view_mode == kDailyView) return Words(QT_TRANSLATE_NOOP("Period", "on this day"));
+  return view_mode == kWeeklyView ? Words(QT_TRANSLATE_NOOP("Period", "in this week"))
+                                  : Words(QT_TRANSLATE_NOOP("Period", "in this month"));
 }
 
 QDate FirstPickableDate() { return {1970, 1, 2}; }

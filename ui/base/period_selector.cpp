@@ -15,9 +15,10 @@ struct ViewMode {
   const char* text;
 };
 
-constexpr std::array kViewModes{ViewMode{kDailyView, 136, "Daily"},
-                                ViewMode{kWeeklyView, 137, "Weekly"},
-                                ViewMode{kMonthlyView, 138, "Monthly"}};
+constexpr std::array kViewModes{
+    ViewMode{kDailyView, 136, QT_TRANSLATE_NOOP("brovanta::PeriodSelector", "Daily")},
+    ViewMode{kWeeklyView, 137, QT_TRANSLATE_NOOP("brovanta::PeriodSelector", "Weekly")},
+    ViewMode{kMonthlyView, 138, QT_TRANSLATE_NOOP("brovanta::PeriodSelector", "Monthly")}};
 constexpr QSize kPictureSize{20, 20};
 constexpr QSize kThirdPictureSize{32, 32};
 
@@ -31,7 +32,7 @@ PeriodSelector::PeriodSelector(ColorButton& view_button, ColorButton& heading_bu
       calendar_(new CalendarPopup(screen, calendar_id)) {
   view_menu_.setObjectName(QStringLiteral("viewMenu"));
   for (const ViewMode& mode : kViewModes) {
-    QAction* action = view_menu_.addAction(QString::fromLatin1(mode.text));
+    QAction* action = view_menu_.addAction(tr(mode.text));
     action->setData(mode.command);
     action->setCheckable(true);
   }
@@ -56,7 +57,7 @@ void PeriodSelector::SetViewMode(int view_mode) {
     if (mode.command != view_mode) continue;
     view_button_.SetPictures(mode.picture, kPictureSize, mode.picture, kPictureSize, 0,
                              kThirdPictureSize);
-    const QString words = QStringLiteral("View: %1").arg(QString::fromLatin1(mode.text));
+    const QString words = tr("View: %1").arg(tr(mode.text));
     view_button_.setAccessibleName(words);
     view_button_.setToolTip(words);
   }

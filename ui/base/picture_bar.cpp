@@ -24,8 +24,9 @@ void PictureBar::AddCommand(int command, const QIcon& picture, const QString& na
   action->setData(command);
   action->setToolTip(name);
   if (!key.isEmpty()) {
-    action->setShortcut(QKeySequence(key));
-    action->setToolTip(QStringLiteral("%1 (%2)").arg(name, key));
+    action->setShortcut(QKeySequence(key, QKeySequence::PortableText));
+    action->setToolTip(
+        QStringLiteral("%1 (%2)").arg(name, action->shortcut().toString(QKeySequence::NativeText)));
   }
   connect(action, &QAction::triggered, this, [this, command] { Q_EMIT CommandChosen(command); });
   actions_.insert(command, action);

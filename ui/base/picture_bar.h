@@ -20,7 +20,7 @@ class PictureBar : public LinedFrame {
   explicit PictureBar(QWidget* parent = nullptr);
 
   /// Appends a command: its name is what the button is called, and its key stands in the tool tip.
-  /// No key where `key` is empty.
+  /// No key where `key` ("Ctrl+O") is empty.
   void AddCommand(int command, const QIcon& picture, const QString& name, const QString& key = {});
 
   /// Both are nullptr for an unknown number.

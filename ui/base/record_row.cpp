@@ -1,5 +1,6 @@
 #include "ui/base/record_row.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include "db/schedule.h"
@@ -10,9 +11,11 @@ namespace {
 
 constexpr int kRecordBlanks = 46;
 
-QString EveryWords(int count, const QString& single, const QString& plural) {
-  if (count <= 1) return single;
-  return QStringLiteral("every %1 %2").arg(count).arg(plural);
+QString Words(const char* english) { return QCoreApplication::translate("RecordRow", english); }
+
+/// `plural` has the count as its "%1".
+QString EveryWords(int count, const char* single, const char* plural) {
+  return count <= 1 ? Words(single) : Words(plural).arg(count);
 }
 
 }  // namespace
@@ -20,22 +23,25 @@ QString EveryWords(int count, const QString& single, const QString& plural) {
 DetailWords DueWords(DateStamp due, DateStamp today) {
   if (due == kNoDate) return {};
   const qint64 days = DateOfStamp(today).daysTo(DateOfStamp(due));
-  if (days == 0) return {QStringLiteral("due today"), false};
-  if (days == 1) return {QStringLiteral("due tomorrow"), false};
-  if (days > 1) return {QStringLiteral("in %1 days").arg(days), false};
-  if (days == -1) return {QStringLiteral("1 day overdue"), true};
-  return {QStringLiteral("%1 days overdue").arg(-days), true};
+  if (days == 0) return {Words(QT_TRANSLATE_NOOP("RecordRow", "due today")), false};
+  if (days == 1) return {Words(QT_TRANSLATE_NOOP("RecordRow", "due tomorrow")), false};
+  if (days > 1) return {Words(QT_TRANSLATE_NOOP("RecordRow", "in %1 days")).arg(days), false};
+  if (days == -1) return {Words(QT_TRANSLATE_NOOP("RecordRow", "1 day overdue")), true};
+  return {Words(QT_TRANSLATE_NOOP("RecordRow", "%1 days overdue")).arg(-days), true};
 }
 
 QString RecurrenceWords(int purchase_kind, int every, int day_value) {
   switch (purchase_kind) {
     case kDaily:
-      return EveryWords(day_value, QStringLiteral("daily"), QStringLiteral("days"));
+      return EveryWords(day_value, QT_TRANSLATE_NOOP("RecordRow", "daily"),
+                        QT_TRANSLATE_NOOP("RecordRow", "every %1 days"));
     case kWeekly:
-      return EveryWords(every, QStringLiteral("weekly"), QStringLiteral("weeks"));
+      return EveryWords(every, QT_TRANSLATE_NOOP("RecordRow", "weekly"),
+                        QT_TRANSLATE_NOOP("RecordRow", "every %1 weeks"));
     case kMonthly:
-      if (every == 12) return QStringLiteral("yearly");
-      return EveryWords(every, QStringLiteral("monthly"), QStringLiteral("months"));
+      if (every == 12) return Words(QT_TRANSLATE_NOOP("RecordRow", "yearly"));
+      return EveryWords(every, QT_TRANSLATE_NOOP("RecordRow", "monthly"),
+                        QT_TRANSLATE_NOOP("RecordRow", "every %1 months"));
     default:
       return {};
   }

@@ -5,9 +5,31 @@
 #include <QScroller>
 #include <QTreeView>
 
+#include "ui/base/row_painting.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
+
+namespace {
+
+/// The first line says how the list is, what follows what can be done about it.
+void PaintEmptyText(QPainter& painter, const QRect& ground, const QString& text) {
+  constexpr int kMargin = 24;
+  constexpr int kLineGap = 6;
+  constexpr int kHow = static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap;
+  const QRect room = ground.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+  const QFont font = painter.font();
+  QRect head;
+  painter.setFont(BoldFont(font));
+  painter.setPen(theme::kText);
+  painter.drawText(room, kHow, text.section(QLatin1Char('\n'), 0, 0), &head);
+  painter.setFont(font);
+  painter.setPen(theme::kQuietText);
+  painter.drawText(room.adjusted(0, head.height() + kLineGap, 0, 0), kHow,
+                   text.section(QLatin1Char('\n'), 1));
+}
+
+}  // namespace
 
 void SetUpRowView(QTreeView& view) {
   view.header()->hide();
@@ -35,13 +57,7 @@ void DropFocusRow(QTreeView& view) {
 void PaintRowViewSigns(QTreeView& view, const QString& empty_text) {
   QPainter painter(view.viewport());
   const QRect ground = view.viewport()->rect();
-  if (view.model()->rowCount() == 0 && !empty_text.isEmpty()) {
-    constexpr int kMargin = 24;
-    painter.setPen(theme::kQuietText);
-    painter.drawText(ground.adjusted(kMargin, kMargin, -kMargin, -kMargin),
-                     static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap,
-                     empty_text);
-  }
+  if (view.model()->rowCount() == 0) PaintEmptyText(painter, ground, empty_text);
   if (view.hasFocus() && !CaretOf(view).isValid()) {
     painter.setPen(theme::kNavy);
     painter.drawRect(ground.adjusted(0, 0, -1, -1));

@@ -41,10 +41,9 @@ CouponPickerDialog::CouponPickerDialog(ShoppingDatabase& database, const std::st
   period_ =
       std::make_unique<PeriodSelector>(*form_->viewModeButton, *form_->periodHeadingButton, *this);
   stores_ = std::make_unique<NameFilter>(*form_->storeFilterButton, kStoreCommands,
-                                         QStringLiteral("All Stores"), ColorButton::kPictureLeft);
-  categories_ =
-      std::make_unique<NameFilter>(*form_->categoryFilterButton, kCategoryCommands,
-                                   QStringLiteral("All Categories"), ColorButton::kPictureRight);
+                                         tr("All Stores"), ColorButton::kPictureLeft);
+  categories_ = std::make_unique<NameFilter>(*form_->categoryFilterButton, kCategoryCommands,
+                                             tr("All Categories"), ColorButton::kPictureRight);
   Connect();
   period_->UpdatePeriod();
   TakePeriod();
@@ -92,14 +91,21 @@ int CouponPickerDialog::Fill() {
 // What the ground of an empty tree says.
 QString CouponPickerDialog::EmptyWords(int code) const {
   if (code != 0 && database_.discounts().HasFile()) {
-    return tr("The coupons could not be read");
+    return tr("The coupons could not be read") + QLatin1Char('\n') +
+           tr("The program brovanta-data checks files and brings copies back.");
   }
   const QString period = PeriodWords(period_->view_mode());
   if (!filter_.text.empty()) {
-    return tr("Nothing found for \"%1\" %2").arg(WideText(filter_.text), period);
+    return tr("Nothing found for \"%1\" %2").arg(WideText(filter_.text), period) +
+           QLatin1Char('\n') + tr("Find and Clear show everything again.");
   }
   const bool narrowed = filter_.store_id != 0 || filter_.category_id != 0;
-  return (narrowed ? tr("Nothing of this choice %1") : tr("No coupons %1")).arg(period);
+  if (narrowed) {
+    return tr("Nothing of this choice %1").arg(period) + QLatin1Char('\n') +
+           tr("All Stores and All Categories show everything again.");
+  }
+  return tr("No coupons %1").arg(period) + QLatin1Char('\n') +
+         tr("Add one with +, or choose another time above.");
 }
 
 void CouponPickerDialog::FillOrReport() {
@@ -123,7 +129,7 @@ void CouponPickerDialog::FullRefresh() {
 }
 
 void CouponPickerDialog::ReportReadError() {
-  ShowMessage(this, QStringLiteral("There was an error while reading the database."));
+  ShowMessage(this, tr("There was an error while reading the database."));
 }
 
 void CouponPickerDialog::OnPeriodChosen() {
@@ -188,7 +194,7 @@ void CouponPickerDialog::DeleteCoupon() {
   const TreeItemInfo* info = form_->recordTree->CaretInfo();
   if (info == nullptr) return;
   const TreeItemInfo coupon = *info;
-  const QString question = QStringLiteral("Do you want to permanently delete the selected coupon?");
+  const QString question = tr("Do you want to permanently delete the selected coupon?");
   if (AskYesNo(this, question) != Answer::kYes) return;
   // The rebuilt tree shows the outcome.
   static_cast<void>(database_.discounts().Mark(coupon.id, coupon.purchaseType, kMarkDeleted));
@@ -206,14 +212,14 @@ void CouponPickerDialog::FindCoupon() {
 
 void CouponPickerDialog::Select() {
   if (!form_->recordTree->Caret().isValid()) {
-    ShowMessage(this, QStringLiteral("You must first select a coupon from the list to apply to "
-                                     "the current product."));
+    ShowMessage(this, tr("You must first select a coupon from the list to apply to "
+                         "the current product."));
     return;
   }
   const DiscountRecord* record = Selected();
   if (record == nullptr) {
-    ShowMessage(this, QStringLiteral("There was an error while applying the selected coupon to "
-                                     "the current product."));
+    ShowMessage(this, tr("There was an error while applying the selected coupon to "
+                         "the current product."));
     return;
   }
   picked_ = {static_cast<std::uint32_t>(record->Id), record->Source, record->Type};

@@ -91,8 +91,8 @@ void CouponRow::BuildMenus() {
     menus_[slot] = std::make_unique<QMenu>();
     menus_[slot]->setObjectName(QStringLiteral("couponSlotMenu%1").arg(slot + 1));
     const int offset = static_cast<int>(slot);
-    menus_[slot]->addAction(QStringLiteral("Select Coupon"))->setData(kSelectCoupon + offset);
-    menus_[slot]->addAction(QStringLiteral("Add New Coupon"))->setData(kAddNewCoupon + offset);
+    menus_[slot]->addAction(tr("Select Coupon"))->setData(kSelectCoupon + offset);
+    menus_[slot]->addAction(tr("Add New Coupon"))->setData(kAddNewCoupon + offset);
     // Queued: the dialog that opens must not keep the menu's own handling waiting.
     connect(
         menus_[slot].get(), &QMenu::triggered, this,
@@ -136,7 +136,7 @@ void CouponRow::PressSlot(std::size_t slot) {
   if (Empty(linked)) return;  // its button drops the menu down
   const std::optional<DiscountRecord> record = database_.discounts().ReadLinked(linked);
   if (!record) {
-    ShowMessage(parent_, QStringLiteral("The selected coupon was not found in the database."));
+    ShowMessage(parent_, tr("The selected coupon was not found in the database."));
     return;
   }
   const int mode = FoundBySearch(linked) ? kApplyDiscountMode : kAppliedDiscountMode;
@@ -174,20 +174,20 @@ void CouponRow::Search() {
   if (!fields) return;
   std::optional<ProductRecord> product = SearchProduct(*fields);
   if (!product) {
-    ShowMessage(parent_, QStringLiteral("There was an error whiile searching for discounts for "
-                                        "the current product."));
+    ShowMessage(parent_, tr("There was an error whiile searching for discounts for "
+                            "the current product."));
     return;
   }
   const int count = database_.discounts().FindForProduct(*product);
   if (count < 1) {
-    ShowMessage(parent_, QStringLiteral("Brovanta could not find any discounts for the current "
-                                        "product."));
+    ShowMessage(parent_, tr("Brovanta could not find any discounts for the current "
+                            "product."));
     return;
   }
   for (std::size_t slot = 0; slot < kSlotCount; ++slot) FillSlot(slot, product->Discounts[slot]);
   DescribeSlots();
-  ShowMessage(parent_, QStringLiteral("Brovanta found %1 discounts for the current product."
-                                      "\r\n\r\nPlease review and validate each discount applied.")
+  ShowMessage(parent_, tr("Brovanta found %1 discounts for the current product."
+                          "\r\n\r\nPlease review and validate each discount applied.")
                            .arg(count));
 }
 

@@ -53,8 +53,8 @@ DiscountDialog::DiscountDialog(const DiscountRecord* record, int mode, ShoppingD
 DiscountDialog::~DiscountDialog() = default;
 
 void DiscountDialog::InsertTabs() {
-  form_->tabBar->addTab(QStringLiteral("Coupon"));
-  form_->tabBar->addTab(QStringLiteral("Notes"));
+  form_->tabBar->addTab(tr("Coupon"));
+  form_->tabBar->addTab(tr("Notes"));
   form_->tabBar->setExpanding(true);
   connect(form_->tabBar, &QTabBar::currentChanged, this, &DiscountDialog::OnTabChanged);
 }
@@ -68,17 +68,17 @@ void DiscountDialog::PaintLabels() {
 }
 
 void DiscountDialog::FillLists() {
-  form_->typeBox->addItem(QStringLiteral("Internet Code"), 1);
-  form_->typeBox->addItem(QStringLiteral("Store Coupon"), 2);
-  form_->typeBox->addItem(QStringLiteral("Mail In Rebate"), 3);
-  form_->valueTypeBox->addItem(QStringLiteral("Percent (%)"), 1);
-  form_->valueTypeBox->addItem(QStringLiteral("Amount ($)"), 2);
+  form_->typeBox->addItem(tr("Internet Code"), 1);
+  form_->typeBox->addItem(tr("Store Coupon"), 2);
+  form_->typeBox->addItem(tr("Mail In Rebate"), 3);
+  form_->valueTypeBox->addItem(tr("Percent (%)"), 1);
+  form_->valueTypeBox->addItem(tr("Amount ($)"), 2);
   form_->typeBox->setCurrentIndex(-1);  // a filled list would select its first item
   form_->valueTypeBox->setCurrentIndex(-1);
   form_->storeBox->FillSorted(database_.stores());
   form_->categoryBox->FillSorted(database_.categories());
-  form_->startDateEdit->SetName(tr("Start date"));
-  form_->endDateEdit->SetName(tr("End date"));
+  form_->startDateEdit->SetName(tr("Start date"), tr("Has a start date"));
+  form_->endDateEdit->SetName(tr("End date"), tr("Has an end date"));
 }
 
 // What the shown discounts are for; the field takes any other text as well.
@@ -141,8 +141,8 @@ void DiscountDialog::OnTabChanged(int index) {
 void DiscountDialog::ViewOnTheWeb() {
   const std::string page = DiscountPage(update_server_, record_->Id, record_->Source);
   if (OpenWebAddress(QString::fromStdString(page))) return;
-  ShowMessage(this, QStringLiteral("There was an error while opening the selected coupon in "
-                                   "Internet Explorer."));
+  ShowMessage(this, tr("There was an error while opening the selected coupon in "
+                       "Internet Explorer."));
 }
 
 }  // namespace brovanta

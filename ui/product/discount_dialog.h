@@ -56,7 +56,7 @@ class DiscountDialog : public ModalDialog {
   bool ReadTypes(DiscountFields& fields);
   bool ReadTexts(DiscountFields& fields);
   bool Save(DiscountFields& fields);
-  bool Refuse(const char* message, QWidget* field);
+  bool Refuse(const QString& message, QWidget* field);
 
   std::optional<DiscountRecord> record_;
   ShoppingDatabase& database_;

@@ -9,9 +9,9 @@
 namespace brovanta {
 
 // Shows the message and leads the user to the field it speaks of, if any; always false.
-bool DiscountDialog::Refuse(const char* message, QWidget* field) {
+bool DiscountDialog::Refuse(const QString& message, QWidget* field) {
   if (field != nullptr) form_->tabBar->setCurrentIndex(0);
-  ShowMessage(this, QLatin1String(message));
+  ShowMessage(this, message);
   if (field != nullptr) field->setFocus();
   return false;
 }
@@ -30,10 +30,10 @@ void DiscountDialog::Accept() {
 
 bool DiscountDialog::ReadReferences(DiscountFields& fields) {
   if (form_->storeBox->IsTooLong()) {
-    return Refuse("The store name has more than 50 characters.", form_->storeBox);
+    return Refuse(tr("The store name has more than 50 characters."), form_->storeBox);
   }
   if (form_->categoryBox->IsTooLong()) {
-    return Refuse("The category name has more than 50 characters.", form_->categoryBox);
+    return Refuse(tr("The category name has more than 50 characters."), form_->categoryBox);
   }
   fields.store = form_->storeBox->Reference();
   fields.category = form_->categoryBox->Reference();
@@ -43,11 +43,11 @@ bool DiscountDialog::ReadReferences(DiscountFields& fields) {
 bool DiscountDialog::ReadTypes(DiscountFields& fields) {
   const int value_type = form_->valueTypeBox->currentData().toInt();  // 0 without a selection
   if (value_type < 1) {
-    return Refuse("You must select a value type for this discount.", form_->valueTypeBox);
+    return Refuse(tr("You must select a value type for this discount."), form_->valueTypeBox);
   }
   const int type = form_->typeBox->currentData().toInt();
   if (type < 1) {
-    return Refuse("You must select a discount type for this discount.", form_->typeBox);
+    return Refuse(tr("You must select a discount type for this discount."), form_->typeBox);
   }
   fields.value_type = static_cast<std::uint16_t>(value_type);
   fields.type = static_cast<std::int16_t>(type);
@@ -56,12 +56,13 @@ bool DiscountDialog::ReadTypes(DiscountFields& fields) {
 
 bool DiscountDialog::ReadTexts(DiscountFields& fields) {
   const QString name = form_->couponNameEdit->text();
-  if (name.isEmpty()) return Refuse("The discount name can not be empty.", form_->couponNameEdit);
+  if (name.isEmpty())
+    return Refuse(tr("The discount name can not be empty."), form_->couponNameEdit);
   if (name.size() > kNameLimit) {
-    return Refuse("The discount name has more than 50 characters.", form_->couponNameEdit);
+    return Refuse(tr("The discount name has more than 50 characters."), form_->couponNameEdit);
   }
   if (form_->productBox->IsTooLong()) {
-    return Refuse("The product name has more than 50 characters.", form_->productBox);
+    return Refuse(tr("The product name has more than 50 characters."), form_->productBox);
   }
   fields.name = NarrowText(name).substr(0, kNameSize);
   fields.product = NarrowText(form_->productBox->currentText()).substr(0, kNameSize);
@@ -81,7 +82,7 @@ bool DiscountDialog::Save(DiscountFields& fields) {
   // Names may have got their ids although the record was not saved.
   form_->storeBox->Remember(fields.store);
   form_->categoryBox->Remember(fields.category);
-  return Refuse("There was an error while saving the discount data to the database.", nullptr);
+  return Refuse(tr("There was an error while saving the discount data to the database."), nullptr);
 }
 
 }  // namespace brovanta

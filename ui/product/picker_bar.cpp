@@ -20,16 +20,17 @@ struct Entry {
   const char* keys;
 };
 
-constexpr std::array kEntries{Entry{kPickerNew, 2771, "New coupon", "Ins"},
-                              Entry{kPickerEdit, 2772, "Edit coupon", "F2"},
-                              Entry{kPickerDelete, 2773, "Delete coupon", "Del"},
-                              Entry{kPickerFind, kFindPicture, "Find", "Ctrl+F"}};
+constexpr std::array kEntries{
+    Entry{kPickerNew, 2771, QT_TRANSLATE_NOOP("brovanta::PickerBar", "New coupon"), "Ins"},
+    Entry{kPickerEdit, 2772, QT_TRANSLATE_NOOP("brovanta::PickerBar", "Edit coupon"), "F2"},
+    Entry{kPickerDelete, 2773, QT_TRANSLATE_NOOP("brovanta::PickerBar", "Delete coupon"), "Del"},
+    Entry{kPickerFind, kFindPicture, QT_TRANSLATE_NOOP("brovanta::PickerBar", "Find"), "Ctrl+F"}};
 
 }  // namespace
 
 PickerBar::PickerBar(QWidget* parent) : PictureBar(parent) {
   for (const Entry& entry : kEntries) {
-    AddCommand(entry.command, CommandIcon(entry.picture), QString::fromLatin1(entry.name),
+    AddCommand(entry.command, CommandIcon(entry.picture), tr(entry.name),
                QString::fromLatin1(entry.keys));
   }
 }
@@ -41,7 +42,7 @@ void PickerBar::ShowFindText(const QString& text) {
                     ? CommandIcon(kFindPicture)
                     : NamedIcon(QStringLiteral("toolbar_129_%1").arg(kFindPicture), theme::kWarm));
   find->setToolTip(ToolTipText(
-      name + QStringLiteral(" (%1)").arg(find->shortcut().toString(QKeySequence::PortableText))));
+      name + QStringLiteral(" (%1)").arg(find->shortcut().toString(QKeySequence::NativeText))));
   button(kPickerFind)->setAccessibleName(name);
 }
 

@@ -47,15 +47,15 @@ ProductDialog::ProductDialog(const double& default_tax, const ProductRecord* rec
 ProductDialog::~ProductDialog() = default;
 
 void ProductDialog::InsertTabs() {
-  form_->tabBar->addTab(QStringLiteral("Product"));
-  form_->tabBar->addTab(QStringLiteral("Notes"));
+  form_->tabBar->addTab(tr("Product"));
+  form_->tabBar->addTab(tr("Notes"));
   form_->tabBar->setExpanding(true);
   connect(form_->tabBar, &QTabBar::currentChanged, this, &ProductDialog::OnTabChanged);
 }
 
 void ProductDialog::FillLists() {
   for (const PurchaseType& type : PurchaseTypes()) {
-    form_->purchaseTypeBox->addItem(QLatin1String(type.text), type.code);
+    form_->purchaseTypeBox->addItem(PurchaseTypeWords(type.text), type.code);
   }
   form_->purchaseTypeBox->setCurrentIndex(-1);  // a filled list would select its first item
   form_->unitTypeBox->Fill(database_.units());
@@ -132,14 +132,14 @@ void ProductDialog::ShowSchedule() {
 }
 
 void ProductDialog::ShowDateField() {
-  form_->scheduleLabel->setText(QStringLiteral("Purchase Date:"));
+  form_->scheduleLabel->setText(tr("Purchase Date:"));
   form_->scheduleLabel->setBuddy(form_->purchaseDateEdit);
   form_->scheduleLabel->show();
   form_->purchaseDateEdit->show();
 }
 
 void ProductDialog::ShowDayField(const DayChoice& choice) {
-  form_->scheduleLabel->setText(QLatin1String(choice.label));
+  form_->scheduleLabel->setText(PurchaseTypeWords(choice.label));
   form_->scheduleLabel->setBuddy(form_->dayBox);
   form_->scheduleLabel->show();
   form_->dayBox->clear();

@@ -57,7 +57,7 @@ class ProductDialog : public ModalDialog {
   bool ReadReferences(ProductFields& fields);
   bool ReadSchedule(ProductFields& fields);
   bool Save(ProductFields& fields);
-  bool Refuse(const char* message, QWidget* field);
+  bool Refuse(const QString& message, QWidget* field);
 
   std::optional<ProductRecord> record_;
   int mode_;

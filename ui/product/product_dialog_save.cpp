@@ -13,16 +13,16 @@
 namespace brovanta {
 
 // Shows the message and leads the user to the field it speaks of, if any; always false.
-bool ProductDialog::Refuse(const char* message, QWidget* field) {
+bool ProductDialog::Refuse(const QString& message, QWidget* field) {
   if (field != nullptr) form_->tabBar->setCurrentIndex(0);
-  ShowMessage(this, QLatin1String(message));
+  ShowMessage(this, message);
   if (field != nullptr) field->setFocus();
   return false;
 }
 
 void ProductDialog::Accept() {
   if (SelectedType() == 0) {
-    Refuse("You must select the purchase type for this product.", form_->purchaseTypeBox);
+    Refuse(tr("You must select the purchase type for this product."), form_->purchaseTypeBox);
     return;
   }
   ProductFields fields;
@@ -46,14 +46,14 @@ std::optional<ProductFields> ProductDialog::ReadForSearch() {
 
 bool ProductDialog::HasName() {
   if (!form_->productNameEdit->text().isEmpty()) return true;
-  return Refuse("The product name can not be empty.", form_->productNameEdit);
+  return Refuse(tr("The product name can not be empty."), form_->productNameEdit);
 }
 
 bool ProductDialog::ReadName(ProductFields& fields) {
   if (!HasName()) return false;
   const QString name = form_->productNameEdit->text();
   if (name.size() > kNameLimit) {
-    return Refuse("The product name has more than 50 characters.", form_->productNameEdit);
+    return Refuse(tr("The product name has more than 50 characters."), form_->productNameEdit);
   }
   fields.name = NarrowText(name).substr(0, kNameSize);
   return true;
@@ -71,13 +71,13 @@ void ProductDialog::ReadNumbers(ProductFields& fields) const {
 
 bool ProductDialog::ReadReferences(ProductFields& fields) {
   if (form_->unitTypeBox->IsTooLong()) {
-    return Refuse("The unit type has more than 50 characters.", form_->unitTypeBox);
+    return Refuse(tr("The unit type has more than 50 characters."), form_->unitTypeBox);
   }
   if (form_->storeBox->IsTooLong()) {
-    return Refuse("The store name has more than 50 characters.", form_->storeBox);
+    return Refuse(tr("The store name has more than 50 characters."), form_->storeBox);
   }
   if (form_->categoryBox->IsTooLong()) {
-    return Refuse("The category name has more than 50 characters.", form_->categoryBox);
+    return Refuse(tr("The category name has more than 50 characters."), form_->categoryBox);
   }
   fields.unit = form_->unitTypeBox->Reference();
   fields.store = form_->storeBox->Reference();
@@ -88,7 +88,7 @@ bool ProductDialog::ReadReferences(ProductFields& fields) {
 bool ProductDialog::ReadSchedule(ProductFields& fields) {
   const PurchaseType* type = FindPurchaseType(SelectedType());
   if (type == nullptr) {
-    return Refuse("You must select a purchase type for this product.", form_->purchaseTypeBox);
+    return Refuse(tr("You must select a purchase type for this product."), form_->purchaseTypeBox);
   }
   fields.purchase_kind = type->kind;
   fields.every = type->every;
@@ -98,7 +98,7 @@ bool ProductDialog::ReadSchedule(ProductFields& fields) {
     return true;
   }
   const int day = LeadingInt(NarrowText(form_->dayBox->currentText()));
-  if (day < 1) return Refuse(choice->missing, form_->dayBox);
+  if (day < 1) return Refuse(PurchaseTypeWords(choice->missing), form_->dayBox);
   fields.day_value = static_cast<std::uint16_t>(day);
   fields.start_date = record_ ? record_->StartDate : TodayStamp();
   return true;
@@ -114,7 +114,7 @@ bool ProductDialog::Save(ProductFields& fields) {
   form_->unitTypeBox->Remember(fields.unit);
   form_->storeBox->Remember(fields.store);
   form_->categoryBox->Remember(fields.category);
-  return Refuse("There was an error while saving the product data to the database.", nullptr);
+  return Refuse(tr("There was an error while saving the product data to the database."), nullptr);
 }
 
 }  // namespace brovanta

@@ -1,34 +1,45 @@
 #include "ui/product/purchase_type.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace brovanta {
 namespace {
 
 constexpr std::array<PurchaseType, 13> kTypes{{
-    {1, "One Time", 1, 0},
-    {2, "Every Few Days", 2, 0},
-    {3, "Every Week", 3, 1},
-    {4, "Every 2 Weeks", 3, 2},
-    {5, "Every 3 Weeks", 3, 3},
-    {6, "Every 4 Weeks", 3, 4},
-    {7, "Every Month", 4, 1},
-    {8, "Every 2 Months", 4, 2},
-    {9, "Every 3 Months", 4, 3},
-    {10, "Every 4 Months", 4, 4},
-    {11, "Every 5 Months", 4, 5},
-    {12, "Every 6 Months", 4, 6},
-    {13, "Every 12 Months", 4, 12},
+    {1, QT_TRANSLATE_NOOP("PurchaseType", "One Time"), 1, 0},
+    {2, QT_TRANSLATE_NOOP("PurchaseType", "Every Few Days"), 2, 0},
+    {3, QT_TRANSLATE_NOOP("PurchaseType", "Every Week"), 3, 1},
+    {4, QT_TRANSLATE_NOOP("PurchaseType", "Every 2 Weeks"), 3, 2},
+    {5, QT_TRANSLATE_NOOP("PurchaseType", "Every 3 Weeks"), 3, 3},
+    {6, QT_TRANSLATE_NOOP("PurchaseType", "Every 4 Weeks"), 3, 4},
+    {7, QT_TRANSLATE_NOOP("PurchaseType", "Every Month"), 4, 1},
+    {8, QT_TRANSLATE_NOOP("PurchaseType", "Every 2 Months"), 4, 2},
+    {9, QT_TRANSLATE_NOOP("PurchaseType", "Every 3 Months"), 4, 3},
+    {10, QT_TRANSLATE_NOOP("PurchaseType", "Every 4 Months"), 4, 4},
+    {11, QT_TRANSLATE_NOOP("PurchaseType", "Every 5 Months"), 4, 5},
+    {12, QT_TRANSLATE_NOOP("PurchaseType", "Every 6 Months"), 4, 6},
+    {13, QT_TRANSLATE_NOOP("PurchaseType", "Every 12 Months"), 4, 12},
 }};
 
-constexpr DayChoice kDaily{"Days Interval:", 6,
-                           "You must select the days interval for this daily purchase."};
-constexpr DayChoice kWeekly{"Day of Week:", 7,
-                            "You must select the day of the week for this weekly purchase."};
-constexpr DayChoice kMonthly{"Day of Month:", 31,
-                             "You must select the day of the month for this monthly purchase."};
+constexpr DayChoice kDaily{
+    QT_TRANSLATE_NOOP("PurchaseType", "Days Interval:"), 6,
+    QT_TRANSLATE_NOOP("PurchaseType",
+                      "You must select the days interval for this daily purchase.")};
+constexpr DayChoice kWeekly{
+    QT_TRANSLATE_NOOP("PurchaseType", "Day of Week:"), 7,
+    QT_TRANSLATE_NOOP("PurchaseType",
+                      "You must select the day of the week for this weekly purchase.")};
+constexpr DayChoice kMonthly{
+    QT_TRANSLATE_NOOP("PurchaseType", "Day of Month:"), 31,
+    QT_TRANSLATE_NOOP("PurchaseType",
+                      "You must select the day of the month for this monthly purchase.")};
 
 }  // namespace
+
+QString PurchaseTypeWords(const char* text) {
+  return QCoreApplication::translate("PurchaseType", text);
+}
 
 const std::array<PurchaseType, 13>& PurchaseTypes() { return kTypes; }
 

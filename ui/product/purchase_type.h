@@ -1,4 +1,5 @@
-// The 13 purchase types of the product dialog and what each means for a product's schedule.
+// The 13 purchase types of the product dialog and what each means for a product's schedule. The
+// texts are English and are shown by PurchaseTypeWords().
 #pragma once
 
 #include <QString>
@@ -23,6 +24,9 @@ struct PurchaseType {
   std::uint16_t kind;   ///< recurrence kind: 1 one time, 2 daily, 3 weekly, 4 monthly
   std::uint16_t every;  ///< interval count
 };
+
+/// A text of this file as it is shown.
+[[nodiscard]] QString PurchaseTypeWords(const char* text);
 
 /// In the order of the list.
 [[nodiscard]] const std::array<PurchaseType, 13>& PurchaseTypes();

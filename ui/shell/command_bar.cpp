@@ -20,15 +20,16 @@ struct MenuEntry {
   const char* keys;
 };
 
-constexpr std::array kMenuEntries{MenuEntry{kMenuAdd, "Add", "Ins"},
-                                  MenuEntry{kMenuEdit, "Edit", "F2"},
-                                  MenuEntry{kMenuPurchase, "Purchase", "Ctrl+P"},
-                                  MenuEntry{kMenuDelete, "Delete", "Del"},
-                                  MenuEntry{0, "", ""},
-                                  MenuEntry{kMenuFind, "Search", "Ctrl+F"},
-                                  MenuEntry{0, "", ""},
-                                  MenuEntry{kMenuUpdate, "Update", "F5"},
-                                  MenuEntry{kMenuOptions, "Options", "Ctrl+,"}};
+constexpr std::array kMenuEntries{
+    MenuEntry{kMenuAdd, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Add"), "Ins"},
+    MenuEntry{kMenuEdit, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Edit"), "F2"},
+    MenuEntry{kMenuPurchase, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Purchase"), "Ctrl+P"},
+    MenuEntry{kMenuDelete, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Delete"), "Del"},
+    MenuEntry{0, "", ""},
+    MenuEntry{kMenuFind, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Search"), "Ctrl+F"},
+    MenuEntry{0, "", ""},
+    MenuEntry{kMenuUpdate, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Update"), "F5"},
+    MenuEntry{kMenuOptions, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Options"), "Ctrl+,"}};
 
 struct ToolEntry {
   int command;
@@ -36,11 +37,13 @@ struct ToolEntry {
   const char* name;
 };
 
-constexpr std::array kToolEntries{ToolEntry{kToolAdd, kMenuAdd, "Add"},
-                                  ToolEntry{kToolEdit, kMenuEdit, "Edit"},
-                                  ToolEntry{kToolDelete, kMenuDelete, "Delete"},
-                                  ToolEntry{kToolPurchase, kMenuPurchase, "Mark as purchased"},
-                                  ToolEntry{kToolFind, kMenuFind, "Find"}};
+constexpr std::array kToolEntries{
+    ToolEntry{kToolAdd, kMenuAdd, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Add")},
+    ToolEntry{kToolEdit, kMenuEdit, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Edit")},
+    ToolEntry{kToolDelete, kMenuDelete, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Delete")},
+    ToolEntry{kToolPurchase, kMenuPurchase,
+              QT_TRANSLATE_NOOP("brovanta::CommandBar", "Mark as purchased")},
+    ToolEntry{kToolFind, kMenuFind, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Find")}};
 
 constexpr int kToolPicture = 22;
 
@@ -74,13 +77,13 @@ void CommandBar::BuildMenu() {
       menu_->addSeparator();
       continue;
     }
-    QAction* action = MakeAction(entry.command, QString::fromLatin1(entry.text));
-    action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys)));
+    QAction* action = MakeAction(entry.command, tr(entry.text));
+    action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys), QKeySequence::PortableText));
     menu_->addAction(action);
     addAction(action);  // so that its keys work while the menu is closed
   }
   tools_button_->setObjectName(QStringLiteral("toolsButton"));
-  tools_button_->setText(QStringLiteral("Tools"));
+  tools_button_->setText(tr("Tools"));
   tools_button_->setShortcut(QKeySequence(Qt::ALT | Qt::Key_T));
   tools_button_->AttachMenu(menu_, false);
   for (int index = 0; index < ColorButton::kColorCount; index += 2) {
@@ -95,7 +98,7 @@ void CommandBar::BuildMenu() {
 void CommandBar::BuildToolBar() {
   auto* layout = static_cast<QHBoxLayout*>(QWidget::layout());
   for (const ToolEntry& entry : kToolEntries) {
-    const QString name = QString::fromLatin1(entry.name);
+    const QString name = tr(entry.name);
     QAction* action = MakeAction(entry.command, name);
     action->setIcon(CommandIcon(entry.command));
     action->setToolTip(TipFor(name, entry.menu_command));
@@ -116,8 +119,7 @@ void CommandBar::Enable(int command, bool enabled) {
 }
 
 void CommandBar::ShowFindText(const QString& text) {
-  const QString name =
-      text.isEmpty() ? QStringLiteral("Find") : QStringLiteral("Find: %1").arg(text);
+  const QString name = text.isEmpty() ? tr("Find") : tr("Find: %1").arg(text);
   QAction* find = action(kToolFind);
   find->setIcon(text.isEmpty()
                     ? CommandIcon(kToolFind)

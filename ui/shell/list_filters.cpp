@@ -10,9 +10,8 @@ ListFilters::ListFilters(ColorButton& store_button, ColorButton& category_button
       store_button_(store_button),
       category_button_(category_button),
       state_(state),
-      stores_(store_button, kStoreCommands, QStringLiteral("All Stores"),
-              ColorButton::kPictureLeft),
-      categories_(category_button, kCategoryCommands, QStringLiteral("All Categories"),
+      stores_(store_button, kStoreCommands, tr("All Stores"), ColorButton::kPictureLeft),
+      categories_(category_button, kCategoryCommands, tr("All Categories"),
                   ColorButton::kPictureRight) {
   connect(&stores_, &NameFilter::Chosen, this, [this](int command) {
     state_.filter.store_id = static_cast<std::uint32_t>(command - kStoreCommands);

@@ -1,6 +1,7 @@
 // The four lists of the main screen, as its tabs show them.
 #pragma once
 
+#include <QtGlobal>
 #include <array>
 #include <cstddef>
 
@@ -19,9 +20,10 @@ struct ListTab {
   const char* name;  ///< read out and shown as a tip: the tabs have pictures only
 };
 
-inline constexpr std::array<ListTab, 4> kListTabs{{{kProductsList, 1, "Products"},
-                                                   {kCouponsList, 0, "Coupons"},
-                                                   {kPurchasesList, 2, "Purchases"},
-                                                   {kWebSearchesList, 0, "Web searches"}}};
+inline constexpr std::array<ListTab, 4> kListTabs{
+    {{kProductsList, 1, QT_TRANSLATE_NOOP("brovanta::MainDialog", "Products")},
+     {kCouponsList, 0, QT_TRANSLATE_NOOP("brovanta::MainDialog", "Coupons")},
+     {kPurchasesList, 2, QT_TRANSLATE_NOOP("brovanta::MainDialog", "Purchases")},
+     {kWebSearchesList, 0, QT_TRANSLATE_NOOP("brovanta::MainDialog", "Web searches")}}};
 
 }  // namespace brovanta

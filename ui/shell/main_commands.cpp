@@ -136,7 +136,7 @@ void MainCommands::Delete() {
     case kProductsList:
       return DeleteProduct(*selected);
     case kCouponsList:
-      if (!Confirm(QStringLiteral("Do you want to permanently delete the selected coupon?"))) {
+      if (!Confirm(tr("Do you want to permanently delete the selected coupon?"))) {
         return;
       }
       // The rebuilt tree shows the outcome; so it is for products and purchases.
@@ -144,13 +144,13 @@ void MainCommands::Delete() {
           state_.database->discounts().Mark(selected->id, selected->purchaseType, kMarkDeleted));
       return refresh_(true);
     case kPurchasesList:
-      if (Confirm(QStringLiteral("Do you want to permanently delete the selected purchase?"))) {
+      if (Confirm(tr("Do you want to permanently delete the selected purchase?"))) {
         MarkProduct(kPurchaseKind, selected->id, kProductDelete);
       }
       return;
     case kWebSearchesList:
-      if (Confirm(QStringLiteral("Do you want to permanently delete the selected web search and "
-                                 "all its results?"))) {
+      if (Confirm(tr("Do you want to permanently delete the selected web search and "
+                     "all its results?"))) {
         DeleteSearch(selected->id);
       }
       return;
@@ -161,15 +161,15 @@ void MainCommands::Delete() {
 
 void MainCommands::DeleteProduct(const TreeItemInfo& selected) {
   if (!IsRecurring(selected.purchaseType)) {
-    if (Confirm(QStringLiteral("Do you want to permanently delete the selected product?"))) {
+    if (Confirm(tr("Do you want to permanently delete the selected product?"))) {
       MarkProduct(kProductKind, selected.id, kProductDelete);
     }
     return;
   }
   const Answer answer = AskYesNoCancel(
-      &window_, QStringLiteral("The selected product was setup as a recurring purchase.\r\n"
-                               "Do you want to permanently delete all instances in the recurring "
-                               "series for this product??"));
+      &window_, tr("The selected product was setup as a recurring purchase.\r\n"
+                   "Do you want to permanently delete all instances in the recurring "
+                   "series for this product??"));
   switch (answer) {
     case Answer::kYes:
       return MarkProduct(kProductKind, selected.id, kProductDelete);
@@ -192,7 +192,7 @@ void MainCommands::DeleteSearch(std::int32_t number) {
 void MainCommands::Purchase() {
   const auto selected = Selected();
   if (!selected || state_.list_id != kProductsList) return;
-  if (Confirm(QStringLiteral("Do you want to mark the selected product as purchased?"))) {
+  if (Confirm(tr("Do you want to mark the selected product as purchased?"))) {
     MarkProduct(kProductKind, selected->id, kProductPurchased);
   }
 }

@@ -1,6 +1,7 @@
 // What the commands of the main screen do on each list.
 #pragma once
 
+#include <QCoreApplication>
 #include <functional>
 #include <optional>
 
@@ -16,6 +17,8 @@ class RecordTree;
 /// Runs commands on the list that is shown and the tree's selected record. A command that changed
 /// something ends with a refresh, which resets the filters or keeps them.
 class MainCommands {
+  Q_DECLARE_TR_FUNCTIONS(MainCommands)
+
  public:
   using Refresh = std::function<void(bool reset_filters)>;
 

@@ -92,7 +92,7 @@ void MainDialog::SetUpWindow() {
 void MainDialog::InsertTabs() {
   for (std::size_t i = 0; i < kListTabs.size(); ++i) {
     const int index = static_cast<int>(i);
-    const QString name = QString::fromLatin1(kListTabs[i].name);
+    const QString name = tr(kListTabs[i].name);
     form_->tabBar->addTab(TabIcon(index), QString());
     form_->tabBar->setTabToolTip(index, name);
     form_->tabBar->setAccessibleTabName(index, name);
@@ -208,7 +208,7 @@ void MainDialog::OnTabChanged() {
 void MainDialog::OnFilterChanged(int command) {
   const int code = state_.list_id == kWebSearchesList ? -1 : Fill();
   if (code < 0) {
-    ShowMessage(this, QStringLiteral("There was an error while reading the database."));
+    ShowMessage(this, tr("There was an error while reading the database."));
     return;
   }
   filters_->ShowChoice(command);

@@ -25,6 +25,8 @@ class OptionsDialog : public ModalDialog {
  private:
   void FillCountries();
   void ShowOptions();
+  /// The country as the settings have it.
+  [[nodiscard]] QString Country() const;
   void Accept();
 
   AppOptions& options_;

@@ -1,5 +1,7 @@
 #include "ui/shell/tree_fillers.h"
 
+#include <QCoreApplication>
+
 #include "platform/file.h"
 #include "ui/base/date_headings.h"
 #include "ui/base/discount_tree.h"
@@ -11,9 +13,18 @@
 namespace brovanta {
 namespace {
 
+QString Words(const char* english) { return QCoreApplication::translate("RecordLists", english); }
+
 QString BoughtWords(DateStamp bought) {
   const CalendarTime time = CalendarFromStamp(bought);
-  return QString::asprintf("bought at %d:%02d", time.hour, time.minute);
+  return Words(QT_TRANSLATE_NOOP("RecordLists", "bought at %1:%2"))
+      .arg(time.hour)
+      .arg(time.minute, 2, 10, QLatin1Char('0'));
+}
+
+/// What stands on the ground of an empty list: how it is, and below what can be done.
+QString Empty(const QString& state, const char* hint) {
+  return state + QLatin1Char('\n') + Words(hint);
 }
 
 RowDetail ProductDetail(const ProductRecord& product) {
@@ -89,24 +100,37 @@ int FillWebSearches(RecordTree& tree, MainState& state) {
 
 QString EmptyListWords(const MainState& state, int view_mode, int code) {
   if (code != 0 && platform::FileExists(ListFile(state))) {
-    return QStringLiteral("This list could not be read");
+    return Empty(
+        Words(QT_TRANSLATE_NOOP("RecordLists", "This list could not be read")),
+        QT_TRANSLATE_NOOP("RecordLists",
+                          "The program brovanta-data checks files and brings copies back."));
   }
+  const QString period = PeriodWords(view_mode);
   if (state.filter.find_text) {
-    return QStringLiteral("Nothing found for \"%1\" %2")
-        .arg(WideText(*state.filter.find_text), PeriodWords(view_mode));
+    return Empty(Words(QT_TRANSLATE_NOOP("RecordLists", "Nothing found for \"%1\" %2"))
+                     .arg(WideText(*state.filter.find_text), period),
+                 QT_TRANSLATE_NOOP("RecordLists", "Find and Clear show everything again."));
   }
   if (state.filter.store_id != 0 || state.filter.category_id != 0) {
-    return QStringLiteral("Nothing of this choice %1").arg(PeriodWords(view_mode));
+    return Empty(
+        Words(QT_TRANSLATE_NOOP("RecordLists", "Nothing of this choice %1")).arg(period),
+        QT_TRANSLATE_NOOP("RecordLists", "All Stores and All Categories show everything again."));
   }
   switch (state.list_id) {
     case kCouponsList:
-      return QStringLiteral("No coupons %1").arg(PeriodWords(view_mode));
+      return Empty(Words(QT_TRANSLATE_NOOP("RecordLists", "No coupons %1")).arg(period),
+                   QT_TRANSLATE_NOOP("RecordLists", "Add one with +, or get new ones by Update."));
     case kWebSearchesList:
-      return QStringLiteral("No saved web searches %1").arg(PeriodWords(view_mode));
+      return Empty(Words(QT_TRANSLATE_NOOP("RecordLists", "No saved web searches %1")).arg(period),
+                   QT_TRANSLATE_NOOP("RecordLists", "Search the web shops with +."));
     case kPurchasesList:
-      return QStringLiteral("Nothing bought %1").arg(PeriodWords(view_mode));
+      return Empty(
+          Words(QT_TRANSLATE_NOOP("RecordLists", "Nothing bought %1")).arg(period),
+          QT_TRANSLATE_NOOP("RecordLists", "Products that you mark as purchased are shown here."));
     default:
-      return QStringLiteral("Nothing to buy %1").arg(PeriodWords(view_mode));
+      return Empty(
+          Words(QT_TRANSLATE_NOOP("RecordLists", "Nothing to buy %1")).arg(period),
+          QT_TRANSLATE_NOOP("RecordLists", "Add a product with +, or choose another time above."));
   }
 }
 

@@ -1,11 +1,11 @@
 #include "ui/shell/update_dialog.h"
 
 #include <QCoreApplication>
+#include <array>
 #include <utility>
 
 #include "ui/base/icons.h"
 #include "ui/base/theme.h"
-#include "ui/base/wide_text.h"
 #include "ui_145_update.h"
 
 namespace brovanta {
@@ -14,6 +14,24 @@ namespace {
 constexpr int kPicture = 156;
 constexpr QSize kPictureSize{32, 32};
 constexpr int kWindowWidth = 360;
+
+// What the update says of itself, for the translations: it knows nothing of languages.
+[[maybe_unused]] constexpr std::array kSentences{
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Initializing update...."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Aborting update...."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Updating search agents..."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Updating search agents: done."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Failed to download search agents."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Failed to update search agents."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Updating stores..."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Updating stores: done."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Failed to update stores."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Updating categories..."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Updating categories: done."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Failed to update categories."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Updating coupons..."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Updating coupons: done."),
+    QT_TRANSLATE_NOOP("brovanta::UpdateDialog", "Failed to update coupons.")};
 
 }  // namespace
 
@@ -78,7 +96,7 @@ void UpdateDialog::ShowWhatIsQueued() {
 
 void UpdateDialog::Show(const UpdateView& view) {
   if (closed_) return;
-  form_->statusLabel->setText(WideText(view.text));
+  form_->statusLabel->setText(tr(view.text.c_str()));
   form_->progressBar->setValue(view.steps_finished);
   form_->okButton->setEnabled(view.ok_enabled);
   form_->cancelButton->setEnabled(view.cancel_enabled);

@@ -33,7 +33,7 @@ QString OneLine(QString text) {
 
 AgentList::AgentList(QWidget* parent) : RowTree(parent) {
   setColumnCount(2);
-  setHeaderLabels({QStringLiteral("Agent"), QStringLiteral("Status")});
+  setHeaderLabels({tr("Agent"), tr("Status")});
   header()->setStretchLastSection(false);
   header()->setMinimumSectionSize(kLeastWidth);
   header()->setSectionResizeMode(kAgentColumn, QHeaderView::Stretch);

@@ -18,9 +18,11 @@ struct Column {
 
 // Kept: "Price" shows the web site, not the price; what reads a column's text goes by that.
 constexpr std::array kColumns{
-    Column{"Item", kTitleSubitem, Qt::AlignLeft}, Column{"Price", kWebSiteSubitem, Qt::AlignRight},
-    Column{"Descr", kDescriptionSubitem, Qt::AlignLeft}, Column{"Url", kUrlSubitem, Qt::AlignLeft},
-    Column{"Status", kStatusSubitem, Qt::AlignLeft}};
+    Column{QT_TRANSLATE_NOOP("brovanta::ResultList", "Item"), kTitleSubitem, Qt::AlignLeft},
+    Column{QT_TRANSLATE_NOOP("brovanta::ResultList", "Price"), kWebSiteSubitem, Qt::AlignRight},
+    Column{QT_TRANSLATE_NOOP("brovanta::ResultList", "Descr"), kDescriptionSubitem, Qt::AlignLeft},
+    Column{QT_TRANSLATE_NOOP("brovanta::ResultList", "Url"), kUrlSubitem, Qt::AlignLeft},
+    Column{QT_TRANSLATE_NOOP("brovanta::ResultList", "Status"), kStatusSubitem, Qt::AlignLeft}};
 
 constexpr std::size_t kFirstWithScrollBar = 4;
 constexpr int kWidth = 228;
@@ -71,7 +73,7 @@ QString ResultRow::AccessibleText() const {
 
 ResultList::ResultList(QWidget* parent) : RowTree(parent) {
   QStringList titles;
-  for (const Column& column : kColumns) titles << QString::fromLatin1(column.title);
+  for (const Column& column : kColumns) titles << tr(column.title);
   setColumnCount(static_cast<int>(kColumns.size()));
   setHeaderLabels(titles);
   header()->setMinimumSectionSize(0);

@@ -1,5 +1,6 @@
 #include "ui/websearch/result_page.h"
 
+#include <QCoreApplication>
 #include <QUrl>
 
 #include "ui/base/color_button.h"
@@ -19,8 +20,10 @@ bool LeadsSomewhere(const QString& address) {
 void OpenResultPage(const QString& address, QWidget* parent) {
   const QString trimmed = address.trimmed();
   if (LeadsSomewhere(trimmed) && OpenWebAddress(trimmed)) return;
-  ShowMessage(parent, QStringLiteral("There was an error while opening the selected search result "
-                                     "in Internet Explorer."));
+  ShowMessage(parent, QCoreApplication::translate(
+                          "ResultPage",
+                          "There was an error while opening the selected search result "
+                          "in Internet Explorer."));
 }
 
 }  // namespace brovanta

@@ -39,12 +39,12 @@ int SearchDialog::exec() {
 
 QString SearchDialog::LoadCategories() {
   if (searches_.LoadAgentConfiguration(searches_.configuration_path()) != 0) {
-    return QStringLiteral(
+    return tr(
         "There was an error while loading the web search agents configuration file.\r\n\r\nPlease "
         "use the Update command to download the latest web search agents configuration file.");
   }
   if (searches_.CategoryCount() == 0) {
-    return QStringLiteral(
+    return tr(
         "There are no search categories defined in the web search agents configuration "
         "file.\r\n\r\nPlease use the Update command to download the latest web search agents "
         "configuration file.");
@@ -60,15 +60,15 @@ QString SearchDialog::LoadCategories() {
 void SearchDialog::Search() {
   const QString name = form_->nameEdit->text();
   if (name.isEmpty()) {
-    ShowMessage(this, QStringLiteral("You must first enter the item name for the item that you "
-                                     "want to search for."));
+    ShowMessage(this, tr("You must first enter the item name for the item that you "
+                         "want to search for."));
     form_->nameEdit->setFocus();
     return;
   }
   const int category_id = form_->categoryBox->currentData().toInt();  // 0 without a selection
   if (category_id == 0) {
-    ShowMessage(this, QStringLiteral("You must first select the item category for the item that "
-                                     "you want to search for."));
+    ShowMessage(this, tr("You must first select the item category for the item that "
+                         "you want to search for."));
     form_->categoryBox->setFocus();
     return;
   }

@@ -24,7 +24,7 @@ SearchProgressDialog::SearchProgressDialog(SearchManager& searches, QString item
       category_id_(category_id),
       form_(std::make_unique<Ui::SearchProgressForm>()) {
   form_->setupUi(this);
-  form_->statusHeader->SetText(QStringLiteral("Starting the web search agents...."));
+  form_->statusHeader->SetText(tr("Starting the web search agents...."));
   form_->doneButton->setEnabled(false);
   form_->stopButton->setEnabled(false);
   connect(form_->doneButton, &QPushButton::clicked, this, &SearchProgressDialog::Leave);
@@ -64,15 +64,15 @@ void SearchProgressDialog::KillStartTimer() {
 void SearchProgressDialog::Start() {
   const std::string words = NarrowText(item_name_).substr(0, kMaxWordsLength);
   if (searches_.StartSearch(category_id_, words, link_) == 0) {
-    ShowMessage(this, QStringLiteral("There was an error while starting the search agents for the "
-                                     "selected category."));
+    ShowMessage(this, tr("There was an error while starting the search agents for the "
+                         "selected category."));
     if (over_) return;
     EnableDone(true);
-    form_->statusHeader->SetText(QStringLiteral("There was an error while starting the search."));
+    form_->statusHeader->SetText(tr("There was an error while starting the search."));
     return;
   }
   EnableDone(false);
-  form_->statusHeader->SetText(QStringLiteral("Brovanta is searching the internet..."));
+  form_->statusHeader->SetText(tr("Brovanta is searching the internet..."));
 }
 
 void SearchProgressDialog::OnMessage(std::uint32_t message, std::uintptr_t wParam,
@@ -81,10 +81,9 @@ void SearchProgressDialog::OnMessage(std::uint32_t message, std::uintptr_t wPara
     case WM_SEARCH_AGENT_STARTED:
       return AddAgent(*AgentOf(wParam));
     case WM_SEARCH_AGENT_RESULTS:
-      return form_->agentList->SetState(AgentOf(wParam)->SiteId,
-                                        QStringLiteral("%1 results").arg(lParam));
+      return form_->agentList->SetState(AgentOf(wParam)->SiteId, tr("%1 results").arg(lParam));
     case WM_SEARCH_AGENT_FAILED:
-      return form_->agentList->SetState(AgentOf(wParam)->SiteId, QStringLiteral("failed"));
+      return form_->agentList->SetState(AgentOf(wParam)->SiteId, tr("failed"));
     case WM_SEARCH_FINISHED:
       return ShowFinished(lParam);
     default:
@@ -94,14 +93,13 @@ void SearchProgressDialog::OnMessage(std::uint32_t message, std::uintptr_t wPara
 
 void SearchProgressDialog::AddAgent(const WebAgent& agent) {
   form_->agentList->AddAgent(agent.SiteId, WebText(agent.SiteName.value_or(std::string())));
-  form_->agentList->SetState(agent.SiteId, QStringLiteral("searching"));
+  form_->agentList->SetState(agent.SiteId, tr("searching"));
 }
 
 // After a stop it comes once for each agent that was stopped.
 void SearchProgressDialog::ShowFinished(std::intptr_t total) {
-  form_->statusHeader->SetText(total >= 1
-                                   ? QStringLiteral("Brovanta found %1 search results.").arg(total)
-                                   : QStringLiteral("Brovanta found no search results."));
+  form_->statusHeader->SetText(total >= 1 ? tr("Brovanta found %1 search results.").arg(total)
+                                          : tr("Brovanta found no search results."));
   EnableDone(true);
 }
 
@@ -126,8 +124,8 @@ void SearchProgressDialog::SaveAndShow() {
   const SearchResultList results = engine.Results();
   const std::int32_t number = saved.SaveSearch(engine.category_id(), engine.words(), &results);
   if (number < 1) {
-    ShowMessage(this, QStringLiteral("There was an error while saving the search results.\r\n"
-                                     "Please try your search again."));
+    ShowMessage(this, tr("There was an error while saving the search results.\r\n"
+                         "Please try your search again."));
     return;
   }
   SearchResultsDialog(saved, number, WideText(engine.words()), this).exec();

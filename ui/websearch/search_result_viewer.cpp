@@ -38,7 +38,7 @@ void SearchResultViewer::SetUpTexts(const ShownResult& result) {
   for (QLabel* caption : {form_->titleTitle, form_->urlTitle, form_->descriptionTitle}) {
     caption->setContentsMargins(0, kAboveCaption, 0, 0);
   }
-  form_->searchHeader->SetText(QStringLiteral("Search: ") + result.search_text);
+  form_->searchHeader->SetText(tr("Search: ") + result.search_text);
   form_->webSiteLabel->setText(result.web_site);
   form_->priceLabel->setText(result.price);
   form_->titleLabel->setText(result.title);

@@ -25,7 +25,7 @@ SearchResultsDialog::SearchResultsDialog(const SavedSearches& searches, std::int
       form_(std::make_unique<Ui::SearchResultsForm>()) {
   form_->setupUi(this);
   layout()->setSizeConstraint(QLayout::SetNoConstraint);
-  form_->searchHeader->SetText(QStringLiteral("Search: ") + search_text);
+  form_->searchHeader->SetText(tr("Search: ") + search_text);
   AddCommands();
   Load();
   OnCaretChanged();
@@ -60,14 +60,15 @@ void SearchResultsDialog::Load() {
   readable_ = ReadSearchResults(results_, path_) == 0;
   if (!readable_) results_.Clear();
   form_->resultList->SetResults(results_);
-  form_->resultList->SetEmptyText(readable_ ? tr("No results")
+  form_->resultList->SetEmptyText(readable_ ? tr("No results") + QLatin1Char('\n') +
+                                                  tr("Search again with other words.")
                                             : tr("The results could not be read"));
 }
 
 int SearchResultsDialog::exec() {
   if (!readable_) {
-    ShowMessage(parentWidget(), QStringLiteral("There was an error while reading the search "
-                                               "results from the database."));
+    ShowMessage(parentWidget(), tr("There was an error while reading the search "
+                                   "results from the database."));
   }
   return over_ ? result() : ModalDialog::exec();
 }
@@ -100,11 +101,11 @@ void SearchResultsDialog::RunCommand(int command) {
 const SearchResultItem* SearchResultsDialog::ResultToView() {
   const ResultRow* row = form_->resultList->Selected();
   if (row == nullptr) {
-    Say("You must first select the search result that you want to view.");
+    Say(tr("You must first select the search result that you want to view."));
     return nullptr;
   }
   const SearchResultItem* result = results_.Find(row->id());
-  if (result == nullptr) Say("There was an error while opening the selected search result.");
+  if (result == nullptr) Say(tr("There was an error while opening the selected search result."));
   return result;
 }
 
@@ -132,26 +133,24 @@ void SearchResultsDialog::OpenPage() {
 void SearchResultsDialog::Delete() {
   const ResultRow* row = form_->resultList->Selected();
   if (row == nullptr)
-    return Say("You must first select the search result that you want to delete.");
+    return Say(tr("You must first select the search result that you want to delete."));
   const std::int32_t id = row->id();
-  const Answer answer = AskYesNo(
-      this, QStringLiteral("Do you want to permanently delete the selected search result?"));
+  const Answer answer =
+      AskYesNo(this, tr("Do you want to permanently delete the selected search result?"));
   if (answer == Answer::kYes && isVisible()) Remove(id);
 }
 
 void SearchResultsDialog::Remove(std::int32_t id) {
   if (results_.Remove(id) != 0) {
-    return Say("There was an error while deleting the selected search result.");
+    return Say(tr("There was an error while deleting the selected search result."));
   }
   if (WriteSearchResults(results_, path_) != 0) {
-    return Say("There was an error while saving the search results to the database.");
+    return Say(tr("There was an error while saving the search results to the database."));
   }
   form_->resultList->RemoveSelected();
 }
 
-void SearchResultsDialog::Say(const char* sentence) {
-  ShowMessage(this, QString::fromLatin1(sentence));
-}
+void SearchResultsDialog::Say(const QString& sentence) { ShowMessage(this, sentence); }
 
 void SearchResultsDialog::resizeEvent(QResizeEvent* event) {
   ModalDialog::resizeEvent(event);

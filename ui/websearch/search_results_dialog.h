@@ -55,7 +55,7 @@ class SearchResultsDialog : public ModalDialog {
   [[nodiscard]] const SearchResultItem* ResultToView();
   /// Out of the list, out of the file, out of the rows; stops where one fails.
   void Remove(std::int32_t id);
-  void Say(const char* sentence);
+  void Say(const QString& sentence);
 
   std::string path_;
   QString search_text_;

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "tests/support/fixed_clock.h"
+#include "tests/support/german.h"
 #include "tests/support/zone_guard.h"
 
 namespace brovanta {
@@ -84,6 +85,16 @@ TEST(DateFieldTest, ADateOutsideTheRangeIsNotAccepted) {
   EXPECT_EQ(field.date(), QDate(2038, 1, 18));
   ShowStamp(field, 0);
   EXPECT_EQ(field.date(), QDate(1970, 1, 2));
+}
+
+TEST(DateFieldTest, ALanguageThatWasAskedForHasItsOwnOrderOfDayAndMonth) {
+  const test::German german;
+  const test::FixedClock clock(kNow);
+  QDateEdit field;
+  SetUpDateField(field);
+  EXPECT_EQ(field.text().toStdString(), "21.11.2026");
+  EXPECT_EQ(field.calendarWidget()->locale().language(), QLocale::German);
+  EXPECT_EQ(field.calendarWidget()->firstDayOfWeek(), Qt::Sunday) << "as the weeks of the list";
 }
 
 }  // namespace

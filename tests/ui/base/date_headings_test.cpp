@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/german.h"
 #include "tests/support/zone_guard.h"
 
 namespace brovanta {
@@ -107,6 +108,12 @@ TEST_F(DateHeadingsTest, BuilderStartsAnewAfterItsRowsAreTaken) {
   rows_ = headings.Take();
   EXPECT_THAT(Texts(), ElementsAre(With("Saturday 11/21/2026", 22)));
   EXPECT_EQ(rows_.Under(0)[0].info().id, 2);
+}
+
+TEST_F(DateHeadingsTest, AnotherLanguageWritesTheDateItsWay) {
+  const test::German german;
+  Build({0, kSaturday}, {});
+  EXPECT_THAT(Texts(), ElementsAre(With("Datum unbekannt", 22), With("Samstag, 21.11.2026", 22)));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/german.h"
 #include "tests/support/zone_guard.h"
 
 namespace brovanta {
@@ -38,6 +39,13 @@ TEST_F(DiscountWordsTest, LastDayIsNamedBeforeTheFirst) {
   EXPECT_EQ(Words(2, 5, 0, kLast), "5.00 off, until 11/30/2026");
   EXPECT_EQ(Words(2, 5, kFirst, kLast), "5.00 off, until 11/30/2026");
   EXPECT_EQ(Words(2, 5, kFirst, 0), "5.00 off, from 11/1/2026");
+}
+
+TEST_F(DiscountWordsTest, AnotherLanguageWritesNumbersAndDatesItsWay) {
+  const test::German german;
+  EXPECT_EQ(Words(1, 12.5, 0, 0), "12,50 % Rabatt");
+  EXPECT_EQ(Words(2, 5, 0, kLast), "5,00 Rabatt, bis 30.11.2026");
+  EXPECT_EQ(Words(2, 5, kFirst, 0), "5,00 Rabatt, ab 1.11.2026");
 }
 
 }  // namespace

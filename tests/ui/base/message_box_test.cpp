@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "tests/support/form_check.h"
+#include "tests/support/german.h"
 #include "tests/support/message_answers.h"
 #include "ui/base/theme.h"
 
@@ -119,6 +120,17 @@ TEST(MessageBoxTest, BelongsToTheWindowOfItsParent) {
     box->close();
   });
   ShowMessage(&child, QStringLiteral("text"));
+}
+
+TEST(MessageBoxTest, TheButtonsSpeakTheLanguage) {
+  const test::German german;
+  WithOpenBox([](QMessageBox* box) {
+    EXPECT_EQ(box->button(QMessageBox::Yes)->text().remove(QLatin1Char('&')), QStringLiteral("Ja"));
+    EXPECT_EQ(box->button(QMessageBox::No)->text().remove(QLatin1Char('&')),
+              QStringLiteral("Nein"));
+    box->close();
+  });
+  EXPECT_EQ(AskYesNo(nullptr, QStringLiteral("?")), Answer::kNo);
 }
 
 }  // namespace

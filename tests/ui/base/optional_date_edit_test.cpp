@@ -95,7 +95,7 @@ TEST_F(OptionalDateEditTest, FocusPutsTheInputPanelAway) {
 }
 
 TEST_F(OptionalDateEditTest, BothPartsHaveNamesForAScreenReader) {
-  field_.SetName(QStringLiteral("Start date"));
+  field_.SetName(QStringLiteral("Start date"), QStringLiteral("Has a start date"));
   EXPECT_EQ(field_.check_box().accessibleName(), QStringLiteral("Has a start date"));
   EXPECT_EQ(field_.date_edit().accessibleName(), QStringLiteral("Start date"));
 }

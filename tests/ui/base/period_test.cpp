@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "tests/support/fixed_clock.h"
+#include "tests/support/german.h"
 #include "tests/support/zone_guard.h"
 
 namespace brovanta {
@@ -121,6 +122,16 @@ TEST_F(PeriodTest, AViewModeHasItsWords) {
   EXPECT_EQ(PeriodWords(kDailyView), QStringLiteral("on this day"));
   EXPECT_EQ(PeriodWords(kWeeklyView), QStringLiteral("in this week"));
   EXPECT_EQ(PeriodWords(kMonthlyView), QStringLiteral("in this month"));
+}
+
+TEST_F(PeriodTest, AnotherLanguageHasItsOwnHeadingsForTheSameTimes) {
+  const DateStamp start = Get({2026, 11, 21}, kWeeklyView).start;
+  const test::German german;
+  EXPECT_EQ(Heading({2026, 3, 5}, kDailyView), "5. M\u00E4rz 2026");
+  EXPECT_EQ(Heading({2026, 11, 30}, kWeeklyView), "29.11. - 5.12.2026");
+  EXPECT_EQ(Heading({2026, 11, 21}, kMonthlyView), "November 2026");
+  EXPECT_EQ(Get({2026, 11, 21}, kWeeklyView).start, start);
+  EXPECT_EQ(PeriodWords(kWeeklyView), QStringLiteral("in dieser Woche"));
 }
 
 }  // namespace

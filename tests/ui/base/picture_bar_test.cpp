@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QToolButton>
 
+#include "tests/support/german.h"
 #include "ui/base/icons.h"
 
 namespace brovanta {
@@ -55,6 +56,14 @@ TEST_F(PictureBarTest, AKeyWorksWhileItsCommandIsEnabled) {
   QTest::keyClick(&bar_, Qt::Key_Insert);
   EXPECT_EQ(chosen_, QList<int>{11});
   EXPECT_FALSE(bar_.button(11)->isEnabled());
+}
+
+TEST_F(PictureBarTest, KeysAreNamedInTheLanguageAndWorkAsBefore) {
+  const test::German german;
+  PictureBar bar;
+  bar.AddCommand(1, QIcon(), QStringLiteral("L\u00F6schen"), QStringLiteral("Ctrl+Del"));
+  EXPECT_EQ(bar.action(1)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Delete));
+  EXPECT_EQ(bar.action(1)->toolTip().toStdString(), "L\u00F6schen (Strg+Entf)");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "db/schedule.h"
 #include "tests/support/fixed_clock.h"
+#include "tests/support/german.h"
 #include "tests/support/zone_guard.h"
 
 namespace brovanta {
@@ -101,6 +102,16 @@ TEST_F(RecordRowTest, HeadingKeepsItsBlanksFromScreenReaders) {
   const HeadingRow row(QStringLiteral("Unknown date"), 22);
   EXPECT_EQ(row.Text().toStdString(), "Unknown date" + std::string(22, ' '));
   EXPECT_EQ(row.words().toStdString(), "Unknown date");
+}
+
+TEST_F(RecordRowTest, WordsAreThoseOfTheLanguage) {
+  const test::German german;
+  const RecordRow row(
+      {.id = 1, .name = QStringLiteral("Milch")},
+      {.shows_due = true, .due = kNoon - 2 * kDay, .recurrence_kind = kWeekly, .every = 3});
+  EXPECT_EQ(row.AccessibleText().toStdString(),
+            "Milch, 2 Tage \u00FCberf\u00E4llig, alle 3 Wochen");
+  EXPECT_TRUE(row.Words().overdue);
 }
 
 }  // namespace

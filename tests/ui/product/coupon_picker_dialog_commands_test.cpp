@@ -194,7 +194,9 @@ TEST_F(CouponPickerCommandsTest, AnUnreadableFileIsReportedOnceTheDialogIsOpen) 
     QTest::qWait(0);
     EXPECT_EQ(Messages(), kReadError);
     EXPECT_EQ(Rows(), "");
-    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("The coupons could not be read"));
+    EXPECT_EQ(Tree()->empty_text(),
+              QStringLiteral("The coupons could not be read\n"
+                             "The program brovanta-data checks files and brings copies back."));
     EXPECT_EQ(MenuTexts("storeFilterButton"), "All Stores=10000");
   });
 }
@@ -203,7 +205,9 @@ TEST_F(CouponPickerCommandsTest, AMissingFileIsReportedToo) {
   Run([&] {
     QTest::qWait(0);
     EXPECT_EQ(Messages(), kReadError);
-    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("No coupons on this day"));
+    EXPECT_EQ(
+        Tree()->empty_text(),
+        QStringLiteral("No coupons on this day\nAdd one with +, or choose another time above."));
     EXPECT_EQ(Enabled(), "new find");
   });
 }

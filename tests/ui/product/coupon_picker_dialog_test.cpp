@@ -209,14 +209,19 @@ TEST_F(CouponPickerDialogTest, AnEmptyListNamesWhatNarrowsIt) {
   Run([&] {
     ChooseInMenu("storeFilterButton", QStringLiteral("Corner"));
     ChooseInMenu("categoryFilterButton", QStringLiteral("R&&D"));
-    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("Nothing of this choice on this day"));
+    EXPECT_EQ(Tree()->empty_text(),
+              QStringLiteral("Nothing of this choice on this day\n"
+                             "All Stores and All Categories show everything again."));
     FindText(QStringLiteral("%1 zzz"));
-    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("Nothing found for \"%1 zzz\" on this day"));
+    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("Nothing found for \"%1 zzz\" on this day\n"
+                                                   "Find and Clear show everything again."));
     EXPECT_EQ(Find("tool2794")->accessibleName(), QStringLiteral("Find: %1 zzz"));
     ChooseInMenu("viewModeButton", QStringLiteral("Monthly"));
     EXPECT_EQ(Find("tool2794")->accessibleName(), QStringLiteral("Find"));
     PickDate(QDate(2026, 12, 5));
-    EXPECT_EQ(Tree()->empty_text(), QStringLiteral("No coupons in this month"));
+    EXPECT_EQ(Tree()->empty_text(),
+              QStringLiteral("No coupons in this month\n"
+                             "Add one with +, or choose another time above."));
   });
 }
 

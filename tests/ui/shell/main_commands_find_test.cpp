@@ -92,7 +92,8 @@ TEST_F(MainCommandsFindTest, FindTextThatMatchesNothingIsNamedOnTheGround) {
   Open();
   FindText("cheese", "findButton");
   EXPECT_THAT(Rows(), IsEmpty());
-  EXPECT_EQ(tree().empty_text().toStdString(), "Nothing found for \"cheese\" on this day");
+  EXPECT_EQ(tree().empty_text().toStdString(),
+            "Nothing found for \"cheese\" on this day\nFind and Clear show everything again.");
 }
 
 TEST_F(MainCommandsFindTest, FindDoesNothingOnTheWebSearchList) {

@@ -283,7 +283,9 @@ TEST_F(MainDialogTest, MissingFilesShowAnEmptyListWithoutAMessage) {
   Open();
   EXPECT_THAT(Rows(), IsEmpty());
   EXPECT_EQ(screen().RefreshList(true), -11);
-  EXPECT_EQ(tree().empty_text().toStdString(), "Nothing to buy on this day");
+  EXPECT_EQ(tree().empty_text().toStdString(),
+            "Nothing to buy on this day\n"
+            "Add a product with +, or choose another time above.");
 }
 
 TEST_F(MainDialogTest, DamagedFileLeavesTheTreeEmptyWithoutAMessageForTabViewAndDate) {
@@ -293,7 +295,9 @@ TEST_F(MainDialogTest, DamagedFileLeavesTheTreeEmptyWithoutAMessageForTabViewAnd
   Open();
   ChooseTab(2);
   EXPECT_THAT(Rows(), IsEmpty());
-  EXPECT_EQ(tree().empty_text().toStdString(), "This list could not be read");
+  EXPECT_EQ(tree().empty_text().toStdString(),
+            "This list could not be read\n"
+            "The program brovanta-data checks files and brings copies back.");
   ChooseView(kWeeklyView);
   PickDate(1);
   EXPECT_THAT(Rows(), IsEmpty());
@@ -321,15 +325,18 @@ TEST_F(MainDialogTest, EmptyListsSaySoInTheirOwnWords) {
   AddProduct("Milk", kToday + kOneDay, "Corner");
   Open();
   const auto words = [this] { return tree().empty_text().toStdString(); };
-  EXPECT_EQ(words(), "Nothing to buy on this day");
+  EXPECT_EQ(words(),
+            "Nothing to buy on this day\n"
+            "Add a product with +, or choose another time above.");
   ChooseTab(1);
   ChooseView(kWeeklyView);
-  EXPECT_EQ(words(), "No coupons in this week");
+  EXPECT_EQ(words(), "No coupons in this week\nAdd one with +, or get new ones by Update.");
   ChooseTab(2);
   ChooseView(kMonthlyView);
-  EXPECT_EQ(words(), "Nothing bought in this month");
+  EXPECT_EQ(words(),
+            "Nothing bought in this month\nProducts that you mark as purchased are shown here.");
   ChooseTab(3);
-  EXPECT_EQ(words(), "No saved web searches in this month");
+  EXPECT_EQ(words(), "No saved web searches in this month\nSearch the web shops with +.");
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <filesystem>
 
 #include "tests/support/form_check.h"
+#include "tests/support/german.h"
 #include "tests/support/message_answers.h"
 #include "tests/support/temp_folder.h"
 #include "ui/base/input_panel.h"
@@ -335,6 +336,27 @@ TEST_F(OptionsDialogTest, FitsWithAFontTwiceTheSize) {
     dialog_->reject();
   });
   QApplication::setFont(before);
+}
+
+TEST_F(OptionsDialogTest, TheSettingsKeepTheEnglishCountryWhateverTheLanguage) {
+  const test::German german;
+  RunDialog([this] {
+    EXPECT_EQ(Country()->currentText(), QStringLiteral("Vereinigte Staaten"));
+    EXPECT_EQ(Country()->count(), 22);
+    EXPECT_EQ(Country()->itemText(0), QString());
+    EXPECT_EQ(Country()->itemText(1), QStringLiteral("Australien"));
+    EXPECT_GT(Country()->findText(QStringLiteral("Spanien")),
+              Country()->findText(QStringLiteral("\u00D6sterreich")));
+    Replace(Country()->lineEdit(), QStringLiteral("Deutschland"));
+    Press(1);
+  });
+  EXPECT_EQ(options_.country(), "Germany");
+  RunDialog([this] {
+    EXPECT_EQ(Country()->currentText(), QStringLiteral("Deutschland"));
+    Replace(Country()->lineEdit(), QStringLiteral("Utopia"));
+    Press(1);
+  });
+  EXPECT_EQ(options_.country(), "Utopia");
 }
 
 }  // namespace

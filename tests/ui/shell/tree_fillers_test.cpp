@@ -159,7 +159,9 @@ TEST_F(TreeFillersTest, AnIndexThatCannotBeReadLeavesTheListEmptyAndSaysSo) {
   ChooseTab(3);
   EXPECT_THAT(Rows(), IsEmpty());
   EXPECT_EQ(screen().RefreshList(true), -14);
-  EXPECT_EQ(tree().empty_text().toStdString(), "This list could not be read");
+  EXPECT_EQ(tree().empty_text().toStdString(),
+            "This list could not be read\n"
+            "The program brovanta-data checks files and brings copies back.");
   EXPECT_EQ(folder_.Read("websearch.dat"), index);
 }
 
@@ -179,14 +181,24 @@ TEST_F(TreeFillersTest, EmptyListNamesWhatNarrowsIt) {
   const auto words = [&](int code) {
     return EmptyListWords(state, kDailyView, code).toStdString();
   };
-  EXPECT_EQ(words(0), "Nothing to buy on this day");
-  EXPECT_EQ(words(-11), "Nothing to buy on this day");  // the file is not there yet
+  EXPECT_EQ(words(0),
+            "Nothing to buy on this day\n"
+            "Add a product with +, or choose another time above.");
+  EXPECT_EQ(words(-11),
+            "Nothing to buy on this day\n"
+            "Add a product with +, or choose another time above.");  // the file is not there yet
   state.filter.store_id = 7;
-  EXPECT_EQ(words(0), "Nothing of this choice on this day");
+  EXPECT_EQ(words(0),
+            "Nothing of this choice on this day\n"
+            "All Stores and All Categories show everything again.");
   state.filter.find_text = "m\xFCsli";
-  EXPECT_EQ(words(0), "Nothing found for \"m\u00FCsli\" on this day");
+  EXPECT_EQ(words(0),
+            "Nothing found for \"m\u00FCsli\" on this day\n"
+            "Find and Clear show everything again.");
   folder_.WriteText("product.dat", "damaged");
-  EXPECT_EQ(words(-14), "This list could not be read");
+  EXPECT_EQ(words(-14),
+            "This list could not be read\n"
+            "The program brovanta-data checks files and brings copies back.");
 }
 
 }  // namespace

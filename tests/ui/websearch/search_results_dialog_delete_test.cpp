@@ -115,7 +115,7 @@ TEST_F(SearchResultsDeleteTest, TheLastResultLeavesAFileWithoutResults) {
     Select(0);
     DeleteAndAnswer(QMessageBox::Yes);
     EXPECT_EQ(Rows(), "");
-    EXPECT_EQ(List()->empty_text(), QStringLiteral("No results"));
+    EXPECT_EQ(List()->empty_text(), QStringLiteral("No results\nSearch again with other words."));
   });
   EXPECT_EQ(Stored(), test::Hex("81 38 01 00 83 38 01 00"));
 }
