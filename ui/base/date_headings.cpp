@@ -24,7 +24,7 @@ QString DayDate(DateStamp stamp) {
 
 }  // namespace
 
-void DateHeadings::Add(DateStamp key, TreeItemInfo info, RowDetail detail) {
+void DateHeadings::Add(DateStamp key, RecordContent content, RowDetail detail) {
   if (key != previous_key_) {
     rows_.AddHeading(key == kNoDate ? HeadingRow(UnknownDate(), blanks_.unknown_date)
                                     : HeadingRow(DayDate(key), kDatedHeadingBlanks));
@@ -33,7 +33,7 @@ void DateHeadings::Add(DateStamp key, TreeItemInfo info, RowDetail detail) {
     // The starting key is a stamp like any other: a file may hold it.
     rows_.AddHeading(HeadingRow(UnknownDate(), blanks_.without_change));
   }
-  rows_.Add(std::move(info), std::move(detail));
+  rows_.Add(std::move(content), std::move(detail));
 }
 
 RecordRows DateHeadings::Take() {

@@ -26,7 +26,7 @@ class DateHeadings {
   void Reserve(std::size_t records) { rows_.Reserve(records); }
 
   /// Adds a record row; 0 is the key of a record without a date.
-  void Add(DateStamp key, TreeItemInfo info, RowDetail detail);
+  void Add(DateStamp key, RecordContent content, RowDetail detail);
 
   /// The rows so far; what is added afterwards begins anew.
   [[nodiscard]] RecordRows Take();

@@ -3,7 +3,6 @@
 #include "ui/base/discount_words.h"
 #include "ui/base/record_tree.h"
 #include "ui/base/store_names.h"
-#include "ui/base/wide_text.h"
 
 namespace brovanta {
 
@@ -14,13 +13,16 @@ int FillDiscountTree(RecordTree& tree, ShoppingDatabase& database, const Discoun
   if (const int code = discounts.Load(&filter); code != 0) return code;
   DateHeadings headings(look.blanks);
   StoreNames stores(database.stores());
+  std::string cut;
   for (const DiscountRecord* record = discounts.First(); record != nullptr;
        record = discounts.Next()) {
+    const QString store = stores.Of(record->StoreId);
+    if (look.coupon_name != nullptr) cut = look.coupon_name(record->Name.view());
     headings.Add(record->Stamp,
                  {.id = record->Id,
                   .purchaseType = record->Source,
-                  .name = look.coupon_name(WideText(record->Name.view())),
-                  .storeName = look.store_name(stores.Of(record->StoreId))},
+                  .name = look.coupon_name != nullptr ? cut : record->Name.view(),
+                  .storeName = look.store_name != nullptr ? look.store_name(store) : store},
                  {.note = DiscountWords(*record)});
   }
   tree.SetRows(headings.Take());

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QString>
+#include <string>
+#include <string_view>
 
 #include "db/shopping_database.h"
 #include "ui/base/date_headings.h"
@@ -12,11 +14,9 @@ class RecordTree;
 
 /// How a screen shows the rows.
 struct DiscountTreeLook {
-  using NameLook = QString (*)(const QString& name);
-
   HeadingBlanks blanks = {};
-  NameLook coupon_name = [](const QString& name) { return name; };
-  NameLook store_name = [](const QString& name) { return name; };
+  std::string (*coupon_name)(std::string_view stored) = nullptr;  ///< nullptr = as it stands
+  QString (*store_name)(const QString& name) = nullptr;           ///< likewise
 };
 
 /// Empties the tree, loads the database's discounts with the filter and shows them under the days

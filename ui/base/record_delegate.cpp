@@ -102,13 +102,14 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
   const QRect inner = option.rect.adjusted(kRowIndent, kRowPadding, -kRowRightMargin, -kRowPadding);
   const int name_height = QFontMetrics(look.name).height();
   const int detail_height = std::max(QFontMetrics(look.overdue).height(), kMarkSize);
+  const TreeItemInfo info = row.info();
   const DetailWords words = row.Words();
   RowLines lines = TwoLines(inner, name_height, detail_height);
   if (words.text.isEmpty() && !row.recurring()) lines.upper = inner;  // no second line
   QRect lower = lines.lower;
   const QRect upper = PaintSideText(painter, look.store, theme::kQuietText, lines.upper,
-                                    option.rect.width(), row.info().storeName);
-  PaintRowText(painter, look.name, theme::kText, upper, row.info().name, Qt::AlignLeft);
+                                    option.rect.width(), info.storeName);
+  PaintRowText(painter, look.name, theme::kText, upper, info.name, Qt::AlignLeft);
 
   if (row.recurring()) {
     const int right = lower.right() + 1 - kMarkSize / 3;

@@ -5,6 +5,7 @@
 
 #include "db/schedule.h"
 #include "ui/base/period.h"
+#include "ui/base/wide_text.h"
 
 namespace brovanta {
 namespace {
@@ -56,13 +57,20 @@ QString RecordRow::Text() {
   return kBlanks;
 }
 
+TreeItemInfo RecordRow::info() const {
+  return {.id = content_.id,
+          .purchaseType = content_.purchaseType,
+          .name = WideText(content_.name),
+          .storeName = content_.storeName};
+}
+
 DetailWords RecordRow::Words() const {
   if (detail_.shows_due) return DueWords(detail_.due, TodayStamp());
   return {detail_.note, false};
 }
 
 QString RecordRow::AccessibleText() const {
-  QStringList parts{info_.name, info_.storeName, Words().text,
+  QStringList parts{WideText(content_.name), content_.storeName, Words().text,
                     RecurrenceWords(detail_.recurrence_kind, detail_.every, detail_.day_value)};
   parts.removeAll(QString());
   return parts.join(QLatin1String(", "));

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <cstdint>
+#include <string_view>
 #include <utility>
 
 #include "util/date_stamp.h"
@@ -16,6 +17,14 @@ struct TreeItemInfo {
   std::int16_t purchaseType = 0;  ///< a product's PurchaseKind; of a discount its Source
   QString name = {};
   QString storeName = {};  ///< empty if the store is unknown
+};
+
+/// What a record row is made from. The name is stored text, borrowed.
+struct RecordContent {
+  std::int32_t id = 0;
+  std::int16_t purchaseType = 0;
+  std::string_view name = {};
+  QString storeName = {};
 };
 
 /// What a row shows below its name.
@@ -56,15 +65,16 @@ class HeadingRow {
   int blanks_;
 };
 
-/// A record. Its text is blanks only: the row is drawn from the info, which lives as long as it.
+/// A record. Its text is blanks only: the row is drawn from the info. The name becomes wide text
+/// when somebody asks for it: of thousands of rows a screen shows a dozen.
 class RecordRow {
  public:
-  RecordRow(TreeItemInfo info, RowDetail detail)
-      : info_(std::move(info)), detail_(std::move(detail)) {}
+  RecordRow(RecordContent content, RowDetail detail)
+      : content_(std::move(content)), detail_(std::move(detail)) {}
 
   /// 46 blanks.
   [[nodiscard]] static QString Text();
-  [[nodiscard]] const TreeItemInfo& info() const { return info_; }
+  [[nodiscard]] TreeItemInfo info() const;
   [[nodiscard]] const RowDetail& detail() const { return detail_; }
   [[nodiscard]] bool recurring() const { return IsRecurring(detail_.recurrence_kind); }
 
@@ -75,7 +85,7 @@ class RecordRow {
   [[nodiscard]] QString AccessibleText() const;
 
  private:
-  TreeItemInfo info_;
+  RecordContent content_;
   RowDetail detail_;
 };
 

@@ -1,9 +1,11 @@
 // The rows of a record tree under their headings.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
-#include <cstdint>
+#include <memory>
 #include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -11,10 +13,18 @@
 
 namespace brovanta {
 
-/// Headings in their order, each with its records. All records lie in one piece of memory, so that
-/// a list of thousands is made and dropped quickly. Headings and records are counted from 0.
+/// Headings in their order, each with its records. All records lie in one piece of memory and their
+/// names in a few, so that a list of thousands is made and dropped quickly. Headings and records
+/// are counted from 0.
 class RecordRows {
  public:
+  RecordRows() = default;
+  RecordRows(const RecordRows&) = delete;  // records look at the names
+  RecordRows& operator=(const RecordRows&) = delete;
+  RecordRows(RecordRows&&) = default;
+  RecordRows& operator=(RecordRows&&) = default;
+  ~RecordRows() = default;
+
   /// Room for so many records.
   void Reserve(std::size_t records) { records_.reserve(records); }
 
@@ -23,9 +33,10 @@ class RecordRows {
     headings_.push_back({std::move(heading), records_.size(), 0});
   }
 
-  /// There must be a heading.
-  void Add(TreeItemInfo info, RowDetail detail) {
-    records_.emplace_back(std::move(info), std::move(detail));
+  /// There must be a heading. The name is copied.
+  void Add(RecordContent content, RowDetail detail) {
+    content.name = Keep(content.name);
+    records_.emplace_back(std::move(content), std::move(detail));
     ++headings_.back().count;
   }
 
@@ -45,8 +56,21 @@ class RecordRows {
     std::size_t count;
   };
 
+  static constexpr std::size_t kNamesTogether = 65536;  // bytes
+
+  std::string_view Keep(std::string_view name) {
+    if (names_.empty() || names_.back().capacity() - names_.back().size() < name.size()) {
+      names_.emplace_back().reserve(std::max(kNamesTogether, name.size()));
+    }
+    std::string& piece = names_.back();
+    const std::size_t first = piece.size();
+    piece.append(name);  // never grows out of its memory, so that the other names stay in place
+    return std::string_view(piece).substr(first);
+  }
+
   std::vector<HeadingWithRecords> headings_;
   std::vector<RecordRow> records_;
+  std::vector<std::string> names_;  // pieces with many names each
 };
 
 }  // namespace brovanta

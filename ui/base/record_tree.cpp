@@ -48,9 +48,10 @@ void RecordTree::SetRows(RecordRows rows) {
 
 QModelIndex RecordTree::Caret() const { return CaretOf(*this); }
 
-const TreeItemInfo* RecordTree::CaretInfo() const {
+std::optional<TreeItemInfo> RecordTree::CaretInfo() const {
   const RecordRow* record = model_->RecordAt(Caret());
-  return record == nullptr ? nullptr : &record->info();
+  if (record == nullptr) return std::nullopt;
+  return record->info();
 }
 
 void RecordTree::updateGeometries() {

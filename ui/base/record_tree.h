@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QTreeView>
+#include <optional>
 
 #include "ui/base/record_model.h"
 
@@ -38,9 +39,8 @@ class RecordTree : public QTreeView {
   /// Invalid while no row is selected.
   [[nodiscard]] QModelIndex Caret() const;
 
-  /// The info of the caret's row, valid until the rows are replaced; nullptr without a caret and
-  /// for a heading.
-  [[nodiscard]] const TreeItemInfo* CaretInfo() const;
+  /// The info of the caret's row; nothing without a caret and for a heading.
+  [[nodiscard]] std::optional<TreeItemInfo> CaretInfo() const;
 
  Q_SIGNALS:
   /// The user selected another row or none.

@@ -16,13 +16,18 @@ namespace brovanta {
 namespace {
 
 constexpr HeadingBlanks kPickerBlanks{.unknown_date = 60, .without_change = 60};
-constexpr qsizetype kFirstCutCoupon = 20;
-constexpr qsizetype kKeptOfCoupon = 17;
+constexpr std::size_t kFirstCutCoupon = 20;
+constexpr std::size_t kKeptOfCoupon = 17;
 constexpr qsizetype kFirstCutStore = 9;
 constexpr qsizetype kKeptOfStore = 6;
 
-QString CutFrom(const QString& name, qsizetype first_cut, qsizetype kept) {
-  return name.size() < first_cut ? name : name.left(kept) + QLatin1String("..");
+std::string CutCoupon(std::string_view name) {
+  if (name.size() < kFirstCutCoupon) return std::string(name);
+  return std::string(name.substr(0, kKeptOfCoupon)) + "..";
+}
+
+QString CutStore(const QString& name) {
+  return name.size() < kFirstCutStore ? name : name.left(kKeptOfStore) + QLatin1String("..");
 }
 
 }  // namespace
@@ -76,11 +81,7 @@ void CouponPickerDialog::TakePeriod() {
 
 int CouponPickerDialog::Fill() {
   const DiscountTreeLook look{
-      .blanks = kPickerBlanks,
-      .coupon_name =
-          [](const QString& name) { return CutFrom(name, kFirstCutCoupon, kKeptOfCoupon); },
-      .store_name =
-          [](const QString& name) { return CutFrom(name, kFirstCutStore, kKeptOfStore); }};
+      .blanks = kPickerBlanks, .coupon_name = &CutCoupon, .store_name = &CutStore};
   const int code = FillDiscountTree(*form_->recordTree, database_, filter_, look);
   form_->recordTree->SetEmptyText(EmptyWords(code));
   form_->pickerBar->ShowFindText(WideText(filter_.text));
@@ -152,7 +153,7 @@ void CouponPickerDialog::OnFilterChosen(int command) {
 }
 
 void CouponPickerDialog::OnCaretChanged() {
-  const bool coupon = form_->recordTree->CaretInfo() != nullptr;
+  const bool coupon = form_->recordTree->CaretInfo().has_value();
   form_->pickerBar->action(kPickerEdit)->setEnabled(coupon);
   form_->pickerBar->action(kPickerDelete)->setEnabled(coupon);
 }
@@ -178,8 +179,8 @@ void CouponPickerDialog::NewCoupon() {
 }
 
 const DiscountRecord* CouponPickerDialog::Selected() const {
-  const TreeItemInfo* info = form_->recordTree->CaretInfo();
-  if (info == nullptr) return nullptr;
+  const std::optional<TreeItemInfo> info = form_->recordTree->CaretInfo();
+  if (!info) return nullptr;
   return database_.discounts().Find(info->id, info->purchaseType);
 }
 
@@ -191,13 +192,12 @@ void CouponPickerDialog::EditCoupon() {
 }
 
 void CouponPickerDialog::DeleteCoupon() {
-  const TreeItemInfo* info = form_->recordTree->CaretInfo();
-  if (info == nullptr) return;
-  const TreeItemInfo coupon = *info;
+  const std::optional<TreeItemInfo> coupon = form_->recordTree->CaretInfo();
+  if (!coupon) return;
   const QString question = tr("Do you want to permanently delete the selected coupon?");
   if (AskYesNo(this, question) != Answer::kYes) return;
   // The rebuilt tree shows the outcome.
-  static_cast<void>(database_.discounts().Mark(coupon.id, coupon.purchaseType, kMarkDeleted));
+  static_cast<void>(database_.discounts().Mark(coupon->id, coupon->purchaseType, kMarkDeleted));
   FullRefresh();
 }
 

@@ -54,11 +54,7 @@ void MainCommands::Run(int command) {
   }
 }
 
-std::optional<TreeItemInfo> MainCommands::Selected() const {
-  const TreeItemInfo* info = tree_.CaretInfo();
-  if (info == nullptr) return std::nullopt;
-  return *info;
-}
+std::optional<TreeItemInfo> MainCommands::Selected() const { return tree_.CaretInfo(); }
 
 void MainCommands::Add() {
   if (RunAddDialog() == ModalDialog::kCompleted) refresh_(true);

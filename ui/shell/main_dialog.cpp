@@ -215,7 +215,7 @@ void MainDialog::OnFilterChanged(int command) {
 }
 
 void MainDialog::OnCaretChanged() {
-  const bool record = form_->recordTree->CaretInfo() != nullptr;
+  const bool record = form_->recordTree->CaretInfo().has_value();
   const bool product = record && state_.list_id == kProductsList;
   form_->commandBar->Enable(kToolEdit, record);
   form_->commandBar->Enable(kToolDelete, record);

@@ -65,7 +65,7 @@ int ReadProductRows(ShoppingDatabase& database, const ProductFilter& query,
     headings.Add(purchases ? record->StartDate : record->NextDate,
                  {.id = record->Id,
                   .purchaseType = static_cast<std::int16_t>(record->PurchaseKind),
-                  .name = WideText(record->Name.view()),
+                  .name = record->Name.view(),
                   .storeName = stores.Of(record->StoreId)},
                  purchases ? PurchaseDetail(*record) : ProductDetail(*record));
   }
@@ -92,7 +92,7 @@ int FillWebSearches(RecordTree& tree, MainState& state) {
   if (code != 0) return code;
   DateHeadings headings({.unknown_date = 60, .without_change = 62});
   for (const SavedSearch& search : saved.searches()) {
-    headings.Add(search.Date, {.id = search.Number, .name = WideText(search.Words)}, {});
+    headings.Add(search.Date, {.id = search.Number, .name = search.Words}, {});
   }
   tree.SetRows(headings.Take());
   return 0;

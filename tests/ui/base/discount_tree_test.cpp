@@ -58,9 +58,10 @@ TEST_F(DiscountTreeTest, TheFilterIsTheDatabases) {
 
 TEST_F(DiscountTreeTest, AScreenHasItsOwnLook) {
   Store({{.id = 2, .name = "Soap", .store_id = 7}});
-  const DiscountTreeLook look{.blanks = {.unknown_date = 60, .without_change = 60},
-                              .coupon_name = [](const QString& name) { return name.left(2); },
-                              .store_name = [](const QString& name) { return name.left(3); }};
+  const DiscountTreeLook look{
+      .blanks = {.unknown_date = 60, .without_change = 60},
+      .coupon_name = [](std::string_view name) { return std::string(name.substr(0, 2)); },
+      .store_name = [](const QString& name) { return name.left(3); }};
   EXPECT_EQ(FillDiscountTree(tree_, database_, {}, look), 0);
   EXPECT_EQ(Rows(), "[Unknown date]\n2/0 So@Cor");
   EXPECT_EQ(tree_.rows().Heading(0).Text(),

@@ -26,9 +26,9 @@ class RecordDelegateTest : public testing::Test {
   }
 
   /// Shows one record and returns its picture.
-  QImage Row(TreeItemInfo info, RowDetail detail) {
+  QImage Row(RecordContent content, RowDetail detail) {
     DateHeadings headings;
-    headings.Add(kNoon, std::move(info), std::move(detail));
+    headings.Add(kNoon, std::move(content), std::move(detail));
     tree_.SetRows(headings.Take());
     return PictureOf(tree_.RecordIndex(0, 0));
   }
@@ -69,7 +69,7 @@ class RecordDelegateTest : public testing::Test {
 };
 
 TEST_F(RecordDelegateTest, NameStandsLeftAndStoreRight) {
-  const QImage name = Row({.name = QStringLiteral("Milk")}, {});
+  const QImage name = Row({.name = "Milk"}, {});
   const auto [name_left, name_right] = Extent(name, 0, name.height() / 2);
   EXPECT_GE(name_left, kRowIndent);
   EXPECT_LT(name_right, kWidth / 2);
@@ -87,7 +87,7 @@ TEST_F(RecordDelegateTest, LongStoreTakesAtMost45PercentAndLeavesTheNameItsRoom)
 }
 
 TEST_F(RecordDelegateTest, LongNameIsCutBeforeTheStore) {
-  const QString name(50, QLatin1Char('M'));
+  const std::string name(50, 'M');
   const QImage alone = Row({.name = name}, {});
   EXPECT_GT(Extent(alone, 0, alone.height() / 2).second, kWidth - 40);
   const QImage both = Row({.name = name, .storeName = QStringLiteral("Corner")}, {});
@@ -98,7 +98,7 @@ TEST_F(RecordDelegateTest, LongNameIsCutBeforeTheStore) {
 }
 
 TEST_F(RecordDelegateTest, ANameWithoutASecondLineStandsInTheMiddle) {
-  const QImage row = Row({.id = 1, .name = QStringLiteral("HHHH")}, {});
+  const QImage row = Row({.id = 1, .name = "HHHH"}, {});
   int top = row.height();
   int bottom = 0;
   for (int y = 0; y < row.height() - 1; ++y) {
@@ -125,7 +125,7 @@ TEST_F(RecordDelegateTest, RecurringRowHasAMarkAtTheRight) {
 }
 
 TEST_F(RecordDelegateTest, SelectedRowHasABandWithANavyBar) {
-  Row({.name = QStringLiteral("Milk")}, {});
+  Row({.name = "Milk"}, {});
   const QModelIndex index = tree_.RecordIndex(0, 0);
   QTest::mouseClick(tree_.viewport(), Qt::LeftButton, {}, tree_.visualRect(index).center());
   const QImage row = PictureOf(index);

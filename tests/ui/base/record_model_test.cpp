@@ -14,10 +14,10 @@ class RecordModelTest : public testing::Test {
     RecordRows rows;
     rows.Reserve(3);
     rows.AddHeading(HeadingRow(QStringLiteral("Saturday 11/21/2026"), 2));
-    rows.Add({.id = 11, .name = QStringLiteral("Bread")}, {});
-    rows.Add({.id = 12, .name = QStringLiteral("Milk"), .storeName = QStringLiteral("Corner")}, {});
+    rows.Add({.id = 11, .name = "Bread"}, {});
+    rows.Add({.id = 12, .name = "Milk", .storeName = QStringLiteral("Corner")}, {});
     rows.AddHeading(HeadingRow(QStringLiteral("Friday 11/20/2026"), 2));
-    rows.Add({.id = 13, .name = QStringLiteral("Soap")}, {});
+    rows.Add({.id = 13, .name = "Soap"}, {});
     model_.SetRows(std::move(rows));
   }
 

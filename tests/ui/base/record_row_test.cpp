@@ -59,7 +59,7 @@ TEST_F(RecordRowTest, RecordRowsTextIs46BlanksAndItsWordsAreForScreenReaders) {
   const RecordRow row(
       {.id = 7,
        .purchaseType = kWeekly,
-       .name = QStringLiteral("Milk"),
+       .name = "Milk",
        .storeName = QStringLiteral("Corner Shop")},
       {.shows_due = true, .due = kNoon - 2 * kDay, .recurrence_kind = kWeekly, .every = 1});
   EXPECT_EQ(RecordRow::Text().toStdString(), std::string(46, ' '));
@@ -69,7 +69,7 @@ TEST_F(RecordRowTest, RecordRowsTextIs46BlanksAndItsWordsAreForScreenReaders) {
 }
 
 TEST_F(RecordRowTest, RowWithoutStoreAndDateSaysItsNameOnly) {
-  const RecordRow row({.id = 1, .name = QStringLiteral("Soap")}, {.shows_due = true});
+  const RecordRow row({.id = 1, .name = "Soap"}, {.shows_due = true});
   EXPECT_EQ(row.AccessibleText().toStdString(), "Soap");
   EXPECT_FALSE(row.recurring());
 }

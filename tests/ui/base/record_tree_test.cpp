@@ -25,9 +25,9 @@ class RecordTreeTest : public testing::Test {
 
   void Fill() {
     DateHeadings headings;
-    headings.Add(kSaturday, {.id = 11, .name = QStringLiteral("Bread")}, {});
-    headings.Add(kSaturday, {.id = 12, .name = QStringLiteral("Milk")}, {});
-    headings.Add(kSaturday - 86400, {.id = 13, .name = QStringLiteral("Soap")}, {});
+    headings.Add(kSaturday, {.id = 11, .name = "Bread"}, {});
+    headings.Add(kSaturday, {.id = 12, .name = "Milk"}, {});
+    headings.Add(kSaturday - 86400, {.id = 13, .name = "Soap"}, {});
     tree_.SetRows(headings.Take());
   }
 
@@ -47,8 +47,8 @@ class RecordTreeTest : public testing::Test {
   }
 
   int CaretId() {
-    const TreeItemInfo* info = tree_.CaretInfo();
-    return info == nullptr ? 0 : info->id;
+    const auto info = tree_.CaretInfo();
+    return info ? info->id : 0;
   }
 
   test::ZoneGuard zone_{"UTC"};
@@ -96,7 +96,7 @@ TEST_F(RecordTreeTest, FocusTakesNoRow) {
   tree->setFocus(Qt::TabFocusReason);
   ASSERT_TRUE(tree->hasFocus());
   EXPECT_FALSE(tree->currentIndex().isValid());
-  EXPECT_EQ(tree->CaretInfo(), nullptr);
+  EXPECT_FALSE(tree->CaretInfo());
 }
 
 TEST_F(RecordTreeTest, ArrowKeysWalkTheRows) {

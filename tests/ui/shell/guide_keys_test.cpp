@@ -36,8 +36,8 @@ class GuideKeysTest : public MainScreenTest {
   }
 
   std::string SelectedName() {
-    const TreeItemInfo* info = tree().CaretInfo();
-    return info != nullptr ? info->name.toStdString() : std::string();
+    const auto info = tree().CaretInfo();
+    return info ? info->name.toStdString() : std::string();
   }
 };
 

@@ -89,7 +89,7 @@ TEST_F(MainCommandsCouponsTest, CancelledDialogsChangeNothing) {
     InNextDialog([](QWidget& dialog) { Click(dialog, "cancelButton"); });
     Tool(command);
     EXPECT_EQ(Text("storeFilterButton"), "Corner");
-    EXPECT_NE(tree().CaretInfo(), nullptr);
+    EXPECT_TRUE(tree().CaretInfo());
   }
   EXPECT_THAT(StoredCoupons(), ElementsAre("Old"));
 }
@@ -105,7 +105,7 @@ TEST_F(MainCommandsCouponsTest, EditOfACouponThatIsGoneDoesNothing) {
   const auto opened_one = WatchForDialog();
   Tool(kToolEdit);
   EXPECT_FALSE(*opened_one);
-  EXPECT_NE(tree().CaretInfo(), nullptr);
+  EXPECT_TRUE(tree().CaretInfo());
 }
 
 TEST_F(MainCommandsCouponsTest, FindLooksForAllWordsInTheName) {

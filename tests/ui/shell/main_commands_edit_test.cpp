@@ -60,7 +60,7 @@ TEST_F(EditCommandsTest, AddCancelledChangesNothing) {
       ToolsMenu("Add");
     }
     EXPECT_TRUE(*opened);
-    EXPECT_NE(tree().CaretInfo(), nullptr);
+    EXPECT_TRUE(tree().CaretInfo());
     EXPECT_EQ(Text("storeFilterButton"), "Corner");
   }
 }
@@ -95,7 +95,7 @@ TEST_F(EditCommandsTest, MenuKeysEnterAndDoubleTapEditToo) {
     const auto opened = WatchForDialog();
     way();
     EXPECT_TRUE(*opened);
-    EXPECT_NE(tree().CaretInfo(), nullptr);
+    EXPECT_TRUE(tree().CaretInfo());
   }
 }
 
@@ -123,7 +123,7 @@ TEST_F(EditCommandsTest, EditOfARecordThatIsNotFoundDoesNothing) {
   const auto opened = WatchForDialog();
   Tool(kToolEdit);
   EXPECT_FALSE(*opened);
-  EXPECT_NE(tree().CaretInfo(), nullptr);
+  EXPECT_TRUE(tree().CaretInfo());
 }
 
 TEST_F(EditCommandsTest, EditOfAPurchaseOpensItAsOneAndLeavesTheProductOfTheSameIdAlone) {
@@ -164,7 +164,7 @@ TEST_F(EditCommandsTest, AddDoesNothingOnPurchases) {
   Tool(kToolAdd);
   Press(Qt::Key_Insert);
   EXPECT_FALSE(*opened);
-  EXPECT_NE(tree().CaretInfo(), nullptr);
+  EXPECT_TRUE(tree().CaretInfo());
 }
 
 }  // namespace

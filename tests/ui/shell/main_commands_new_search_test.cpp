@@ -96,7 +96,7 @@ TEST_F(MainCommandsNewSearchTest, SearchWithoutResultsLeavesTheTreeAsItIs) {
   WriteConfiguration(folder_);
   Select("soap");
   SearchAnd(&Finish);
-  EXPECT_NE(tree().CaretInfo(), nullptr) << "not rebuilt";
+  EXPECT_TRUE(tree().CaretInfo()) << "not rebuilt";
 }
 
 TEST_F(MainCommandsNewSearchTest, CancelledDialogLeavesTheTreeAsItIs) {
@@ -109,7 +109,7 @@ TEST_F(MainCommandsNewSearchTest, CancelledDialogLeavesTheTreeAsItIs) {
   Select("soap");
   InNextDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
   Tool(kToolAdd);
-  EXPECT_NE(tree().CaretInfo(), nullptr);
+  EXPECT_TRUE(tree().CaretInfo());
 }
 
 TEST_F(MainCommandsNewSearchTest, ClosedWindowEndsTheSearch) {

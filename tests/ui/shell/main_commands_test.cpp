@@ -66,7 +66,7 @@ TEST_F(MainCommandsTest, DeletingAnsweredWithNoChangesNothing) {
   Tool(kToolDelete);
   EXPECT_EQ(*folder_.Read("product.dat"), before);
   EXPECT_EQ(Text("storeFilterButton"), "Corner");
-  EXPECT_NE(tree().CaretInfo(), nullptr);
+  EXPECT_TRUE(tree().CaretInfo());
 }
 
 TEST_F(MainCommandsTest, DeletingARecurringProductAsksForTheSeries) {
@@ -120,7 +120,7 @@ TEST_F(MainCommandsTest, RecurringDeleteAnsweredWithCancelChangesNothing) {
   Tool(kToolDelete);
   EXPECT_EQ(*folder_.Read("product.dat"), before);
   EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Milk"));
-  EXPECT_NE(tree().CaretInfo(), nullptr);
+  EXPECT_TRUE(tree().CaretInfo());
 }
 
 TEST_F(MainCommandsTest, DeletingACouponMarksTheOneWithItsSource) {
@@ -252,7 +252,7 @@ TEST_F(MainCommandsTest, OptionsRebuildNothing) {
   });
   ToolsMenu("Options");
   EXPECT_DOUBLE_EQ(options_.tax(), 8.25);
-  EXPECT_NE(tree().CaretInfo(), nullptr);
+  EXPECT_TRUE(tree().CaretInfo());
   EXPECT_EQ(Text("storeFilterButton"), "Corner");
 }
 
