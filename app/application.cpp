@@ -21,8 +21,11 @@ void BringToFront(QWidget* window) {
 
 }  // namespace
 
-Application::Application(platform::RegistryStore store, std::string data_folder)
-    : store_(std::move(store)), data_folder_(std::move(data_folder)) {}
+Application::Application(platform::RegistryStore store, std::string data_folder,
+                         std::unique_ptr<FirstRows> first_rows)
+    : store_(std::move(store)),
+      data_folder_(std::move(data_folder)),
+      first_rows_(std::move(first_rows)) {}
 
 SearchManager* Application::GetSearchManager() {
   if (!std::exchange(searches_made_, true)) searches_ = std::make_unique<SearchManager>();
@@ -33,8 +36,10 @@ SearchManager* Application::GetSearchManager() {
 bool Application::InitInstance() {
   (void)GetSearchManager();
   AppOptions options(store_, AppOptions::kKeyPath);
-  MainDialog dialog(options, std::make_unique<ShoppingDatabase>(), std::move(searches_),
-                    data_folder_);
+  if (first_rows_ == nullptr) {
+    first_rows_ = std::make_unique<FirstRows>(std::make_unique<ShoppingDatabase>(), data_folder_);
+  }
+  MainDialog dialog(options, std::move(first_rows_), std::move(searches_), data_folder_);
   dialog.SetUpdateServer(UpdateServer(store_));
   const BackupAtStart backup(data_folder_, dialog);
   main_window_ = &dialog;

@@ -7,6 +7,7 @@
 
 #include "platform/registry.h"
 #include "search/search_manager.h"
+#include "ui/shell/first_rows.h"
 #include "ui/shell/main_dialog.h"
 
 namespace brovanta {
@@ -15,8 +16,10 @@ namespace brovanta {
 /// dialog, which gives them up when its window closes.
 class Application {
  public:
-  /// Settings from the store, records from the data folder (native path, "" the working folder).
-  Application(platform::RegistryStore store, std::string data_folder);
+  /// Settings from the store, records from the data folder (native path, "" the working folder),
+  /// where `first_rows` may be at work already.
+  Application(platform::RegistryStore store, std::string data_folder,
+              std::unique_ptr<FirstRows> first_rows = nullptr);
 
   /// The program's one search manager, made by the first call: with empty lists and paths. nullptr
   /// once the main dialog has let it go; it is never made again.
@@ -32,6 +35,7 @@ class Application {
  private:
   platform::RegistryStore store_;
   std::string data_folder_;
+  std::unique_ptr<FirstRows> first_rows_;    // until the main dialog takes it
   std::unique_ptr<SearchManager> searches_;  // until the main dialog takes it
   bool searches_made_ = false;
   QPointer<MainDialog> main_window_;

@@ -1,5 +1,7 @@
 #include <QApplication>
 #include <cstdio>
+#include <optional>
+#include <utility>
 
 #include "app/command_line.h"
 #include "app/start_up.h"
@@ -35,9 +37,11 @@ int main(int argc, char** argv) {
   }
   // The arguments are all our own; the toolkit's go by its environment variables.
   int toolkit_argc = argc > 0 ? 1 : 0;
-  brovanta::WarmUp warm_up;
+  const brovanta::WarmUp warm_up;
+  std::optional<brovanta::ReadyData> data = brovanta::GetDataReady(line, warm_up.done());
+  if (!data) return brovanta::kExitNoData;
   const QApplication application(toolkit_argc, argv);
   warm_up.Wait();
   brovanta::PrepareToolkit(line.language);
-  return brovanta::RunProgram(line);
+  return brovanta::RunProgram(std::move(*data));
 }

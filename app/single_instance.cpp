@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QLocalSocket>
 #include <QThread>
+#include <utility>
 
 namespace brovanta {
 
@@ -38,9 +39,10 @@ QString SocketPath(const std::string& folder) {
 
 }  // namespace
 
-SingleInstance::SingleInstance(const std::string& data_folder)
+SingleInstance::SingleInstance(const std::string& data_folder, platform::FolderLock lock)
     : folder_(platform::CanonicalFolder(data_folder.empty() ? "." : data_folder)),
-      socket_path_(SocketPath(folder_.empty() ? data_folder : folder_)) {
+      socket_path_(SocketPath(folder_.empty() ? data_folder : folder_)),
+      lock_(std::move(lock)) {
   QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] {
     while (QLocalSocket* socket = server_.nextPendingConnection()) Answer(socket);
   });
@@ -63,7 +65,8 @@ SingleInstance::Outcome SingleInstance::Claim(int patience) {
 }
 
 bool SingleInstance::Lock() {
-  return folder_.empty() || lock_.Take(folder_) != platform::FolderLock::Outcome::kHeld;
+  return folder_.empty() || lock_.held() ||
+         lock_.Take(folder_) != platform::FolderLock::Outcome::kHeld;
 }
 
 void SingleInstance::Listen() {

@@ -20,8 +20,9 @@ class SingleInstance {
     kSilent,  ///< another one has it and does not answer
   };
 
-  /// `data_folder` is a native path, "" the working folder.
-  explicit SingleInstance(const std::string& data_folder);
+  /// `data_folder` is a native path, "" the working folder. `lock` is the folder's, where the
+  /// caller could take it already.
+  explicit SingleInstance(const std::string& data_folder, platform::FolderLock lock = {});
   SingleInstance(const SingleInstance&) = delete;
   SingleInstance& operator=(const SingleInstance&) = delete;
   ~SingleInstance();

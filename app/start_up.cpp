@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <clocale>
 #include <cstdio>
+#include <utility>
 
 #include "app/application.h"
 #include "app/first_run_setup.h"
@@ -28,31 +29,26 @@ void Complain(const std::string& sentence) {
   std::fprintf(stderr, "brovanta: %s\n", sentence.c_str());
 }
 
-int RunOn(const platform::RegistryStore& store, const std::string& data_folder) {
-  SingleInstance instance(data_folder);
-  switch (instance.Claim(kPatience)) {
-    case SingleInstance::Outcome::kRaised:
-      return kExitWell;
-    case SingleInstance::Outcome::kSilent:
-      Complain("the program is running on '" + data_folder + "' already, but does not answer");
-      return kExitNoData;
-    case SingleInstance::Outcome::kFirst:
-      break;
+// First what a change that ended in the middle has left: it may be a list that is not there.
+void MendFolder(const std::string& folder) {
+  const std::string journal = folder.empty() ? kJournalFile : folder + "/" + kJournalFile;
+  if (RollBackJournal(journal) != 0 || !SeedNameLists(folder)) {
+    Complain("cannot write in the folder '" + folder + "'");
   }
-  // First what a change that ended in the middle has left: it may be a list that is not there.
-  const std::string journal = data_folder.empty() ? kJournalFile : data_folder + "/" + kJournalFile;
-  if (RollBackJournal(journal) != 0 || !SeedNameLists(data_folder)) {
-    Complain("cannot write in the folder '" + data_folder + "'");
-  }
-  // Bare file names mean files in the data folder from here on.
-  if (!data_folder.empty() && chdir(data_folder.c_str()) != 0) {
-    Complain("cannot work in the folder '" + data_folder + "'");
-  }
-  Application application(store, data_folder);
-  instance.SetRaiseHandler([&application] { application.RaiseWindow(); });
-  application.InitInstance();
-  instance.SetRaiseHandler(nullptr);
-  return kExitWell;
+}
+
+ReadyData GetFolderReady(platform::RegistryStore store, std::string folder,
+                         std::shared_future<void> begin) {
+  ReadyData data{
+      .store = std::move(store), .folder = std::move(folder), .lock = {}, .first_rows = nullptr};
+  const std::string canonical = platform::CanonicalFolder(data.folder.empty() ? "." : data.folder);
+  const bool held =
+      !canonical.empty() && data.lock.Take(canonical) == platform::FolderLock::Outcome::kHeld;
+  if (held) return data;  // the other one may be in the middle of a change
+  MendFolder(data.folder);
+  data.first_rows = std::make_unique<FirstRows>(std::make_unique<ShoppingDatabase>(), data.folder,
+                                                std::move(begin));
+  return data;
 }
 
 }  // namespace
@@ -88,20 +84,44 @@ std::string ConfiguredUpdateServer(const CommandLine& line) {
       platform::RegistryStore(folder.empty() ? UserRegistryFile() : folder + kRegistryInFolder));
 }
 
-int RunProgram(const CommandLine& line) {
+std::optional<ReadyData> GetDataReady(const CommandLine& line, std::shared_future<void> begin) {
   if (line.data_folder.empty()) {
-    const platform::RegistryStore store(UserRegistryFile());
-    return RunOn(store, SetUpUserData(store, UserDataFolder()));
+    platform::RegistryStore store(UserRegistryFile());
+    std::string folder = SetUpUserData(store, UserDataFolder());
+    return GetFolderReady(std::move(store), std::move(folder), std::move(begin));
   }
   std::string folder = line.data_folder;
   const std::string problem = SetUpThrowAwayFolder(folder);
   if (!problem.empty()) {
     Complain(problem);
-    return kExitNoData;
+    return std::nullopt;
   }
-  const platform::RegistryStore store(folder + kRegistryInFolder);
+  platform::RegistryStore store(folder + kRegistryInFolder);
   SetUpUpdateServer(store);
-  return RunOn(store, folder);
+  return GetFolderReady(std::move(store), std::move(folder), std::move(begin));
+}
+
+int RunProgram(ReadyData data) {
+  SingleInstance instance(data.folder, std::move(data.lock));
+  switch (instance.Claim(kPatience)) {
+    case SingleInstance::Outcome::kRaised:
+      return kExitWell;
+    case SingleInstance::Outcome::kSilent:
+      Complain("the program is running on '" + data.folder + "' already, but does not answer");
+      return kExitNoData;
+    case SingleInstance::Outcome::kFirst:
+      break;
+  }
+  if (data.first_rows == nullptr) MendFolder(data.folder);  // the other one has just ended
+  // Bare file names mean files in the data folder from here on.
+  if (!data.folder.empty() && chdir(data.folder.c_str()) != 0) {
+    Complain("cannot work in the folder '" + data.folder + "'");
+  }
+  Application application(data.store, data.folder, std::move(data.first_rows));
+  instance.SetRaiseHandler([&application] { application.RaiseWindow(); });
+  application.InitInstance();
+  instance.SetRaiseHandler(nullptr);
+  return kExitWell;
 }
 
 }  // namespace brovanta

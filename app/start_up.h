@@ -1,9 +1,15 @@
 // From the arguments to the running program: whose data, whether it is free, what has to be made.
 #pragma once
 
+#include <future>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "app/command_line.h"
+#include "platform/folder.h"
+#include "platform/registry.h"
+#include "ui/shell/first_rows.h"
 
 namespace brovanta {
 
@@ -26,8 +32,23 @@ void PrepareToolkit(const std::string& language);
 /// nothing.
 [[nodiscard]] std::string ConfiguredUpdateServer(const CommandLine& line);
 
-/// Runs the program on the user's data or the throw-away folder and returns its exit status. What
-/// goes wrong before there is a window is said on the standard error output.
-[[nodiscard]] int RunProgram(const CommandLine& line);
+/// The data that the program runs on.
+struct ReadyData {
+  platform::RegistryStore store;
+  std::string folder;                     ///< native, "" the working folder
+  platform::FolderLock lock;              ///< the folder's, unless someone else has it
+  std::unique_ptr<FirstRows> first_rows;  ///< nullptr while someone else has the folder
+};
+
+/// Sets the user's data or the throw-away folder up, as far as it needs no toolkit: it may be
+/// called before there is an application. Where nobody else has the folder, what a broken change
+/// has left is undone and today's products are read on a thread, once `begin` is there. What goes
+/// wrong is said on the standard error output; nothing when the program cannot run.
+[[nodiscard]] std::optional<ReadyData> GetDataReady(const CommandLine& line,
+                                                    std::shared_future<void> begin);
+
+/// Runs the program on the data and returns its exit status. What goes wrong before there is a
+/// window is said on the standard error output.
+[[nodiscard]] int RunProgram(ReadyData data);
 
 }  // namespace brovanta

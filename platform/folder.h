@@ -41,9 +41,10 @@ class FolderLock {
   FolderLock& operator=(const FolderLock&) = delete;
   ~FolderLock();
 
-  /// Never waits.
+  /// Never waits. What is held already is let go first.
   [[nodiscard]] Outcome Take(const std::string& folder);
   void Release();
+  [[nodiscard]] bool held() const { return descriptor_ != -1; }
 
  private:
   int descriptor_ = -1;

@@ -11,6 +11,7 @@
 #include "platform/app_options.h"
 #include "ui/base/theme.h"
 #include "ui/base/warm_up.h"
+#include "ui/shell/first_rows.h"
 #include "ui/shell/main_dialog.h"
 
 namespace {
@@ -52,14 +53,15 @@ int main(int argc, char** argv) {
     empty.resize(360, 640);
     RunToFirstPaint(empty);
   }
-  WarmUp warm_up;
+  const std::string folder = argv[2];
+  const WarmUp warm_up;
+  auto first_rows =
+      std::make_unique<FirstRows>(std::make_unique<ShoppingDatabase>(), folder, warm_up.done());
   QApplication application(argc, argv);
   warm_up.Wait();
   ApplyTheme(application);
-  const std::string folder = argv[2];
   platform::RegistryStore store(folder + "/registry.reg");
   AppOptions options(store, AppOptions::kKeyPath);
-  MainDialog main_dialog(options, std::make_unique<ShoppingDatabase>(),
-                         std::make_unique<SearchManager>(), folder);
+  MainDialog main_dialog(options, std::move(first_rows), std::make_unique<SearchManager>(), folder);
   RunToFirstPaint(main_dialog);
 }

@@ -79,6 +79,16 @@ TEST_F(SingleInstanceTest, AnotherNameOfTheSameFolderIsTheSameFolder) {
   EXPECT_EQ(SecondClaim(folder_.File("link")), Outcome::kRaised);
 }
 
+TEST_F(SingleInstanceTest, ALockThatIsHeldAlreadyMakesItTheFirst) {
+  platform::FolderLock lock;
+  ASSERT_EQ(lock.Take(platform::CanonicalFolder(data_.path())),
+            platform::FolderLock::Outcome::kTaken);
+  SingleInstance first(data_.path(), std::move(lock));
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  first.SetRaiseHandler([] {});
+  EXPECT_EQ(SecondClaim(data_.path()), Outcome::kRaised);
+}
+
 TEST_F(SingleInstanceTest, AnotherFolderIsFree) {
   const test::TempFolder other;
   SingleInstance first(data_.path());

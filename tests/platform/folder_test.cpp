@@ -115,6 +115,19 @@ TEST(FolderLockTest, EndsWithTheObjectAndMovesWithIt) {
   EXPECT_EQ(other.Take(folder.path()), Outcome::kTaken);
 }
 
+TEST(FolderLockTest, KnowsWhetherItHoldsAFolder) {
+  const test::TempFolder folder;
+  FolderLock lock;
+  EXPECT_FALSE(lock.held());
+  ASSERT_EQ(lock.Take(folder.path()), Outcome::kTaken);
+  EXPECT_TRUE(lock.held());
+  FolderLock other;
+  ASSERT_EQ(other.Take(folder.path()), Outcome::kHeld);
+  EXPECT_FALSE(other.held());
+  lock.Release();
+  EXPECT_FALSE(lock.held());
+}
+
 TEST(FolderLockTest, IsNotPossibleOnWhatIsNoFolder) {
   const test::TempFolder folder;
   folder.WriteText("file", "");

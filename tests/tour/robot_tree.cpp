@@ -96,7 +96,7 @@ QStringList Robot::Headings(QWidget& main) {
   QStringList headings;
   const RecordRows& rows = TreeOf(main)->rows();
   for (std::size_t heading = 0; heading < rows.HeadingCount(); ++heading) {
-    headings << rows.Heading(heading).words();
+    headings << rows.Heading(heading).Words();
   }
   return headings;
 }

@@ -8,16 +8,6 @@
 namespace brovanta {
 namespace {
 
-DateStamp StartOfDay(QDate date) { return StampFromCalendar(CalendarOfDate(date)); }
-
-DateStamp EndOfDay(QDate date) {
-  CalendarTime time = CalendarOfDate(date);
-  time.hour = 23;
-  time.minute = 59;
-  time.second = 59;
-  return StampFromCalendar(time);
-}
-
 std::array<char, 4> MonthName(QDate date) {
   std::array<char, 4> name{};
   MonthAbbrev(date.month(), name);
@@ -72,6 +62,16 @@ Period Spoken(Period period, int view_mode) {
 }
 
 }  // namespace
+
+DateStamp StartOfDay(QDate date) { return StampFromCalendar(CalendarOfDate(date)); }
+
+DateStamp EndOfDay(QDate date) {
+  CalendarTime time = CalendarOfDate(date);
+  time.hour = 23;
+  time.minute = 59;
+  time.second = 59;
+  return StampFromCalendar(time);
+}
 
 std::optional<Period> PeriodOf(QDate date, int view_mode) {
   switch (view_mode) {

@@ -89,8 +89,9 @@ void RecordDelegate::PaintHeading(QPainter& painter, const QStyleOptionViewItem&
   const QRectF rect = option.rect;
   PaintChevron(painter, {rect.left() + kRowIndent / 2.0 + 2, rect.center().y()}, open);
   const QRect room = option.rect.adjusted(kRowIndent, 0, -kRowGap, 0);
-  PaintRowText(painter, Fitting(look.heading, row.words(), room.width()), theme::kNavy, room,
-               row.words(), Qt::AlignLeft);
+  const QString words = row.Words();
+  PaintRowText(painter, Fitting(look.heading, words, room.width()), theme::kNavy, room, words,
+               Qt::AlignLeft);
 }
 
 void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& option,

@@ -59,7 +59,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
   const bool shown = role == Qt::DisplayRole;
   if (const HeadingRow* heading = HeadingAt(index)) {
-    return shown ? heading->Text() : heading->words();
+    return shown ? heading->Text() : heading->Words();
   }
   if (const RecordRow* record = RecordAt(index)) {
     return shown ? RecordRow::Text() : record->AccessibleText();

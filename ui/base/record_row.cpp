@@ -2,8 +2,10 @@
 
 #include <QCoreApplication>
 #include <QStringList>
+#include <array>
 
 #include "db/schedule.h"
+#include "ui/base/language.h"
 #include "ui/base/period.h"
 #include "ui/base/wide_text.h"
 
@@ -50,6 +52,17 @@ QString RecurrenceWords(int purchase_kind, int every, int day_value) {
 
 bool IsRecurring(int purchase_kind) {
   return purchase_kind == kDaily || purchase_kind == kWeekly || purchase_kind == kMonthly;
+}
+
+QString HeadingRow::Words() const {
+  if (date_ == kNoDate) return QCoreApplication::translate("DateHeadings", "Unknown date");
+  if (SpeaksTranslated()) {
+    return SpokenLocale().toString(DateOfStamp(date_),
+                                   QCoreApplication::translate("DateHeadings", "dddd M/d/yyyy"));
+  }
+  std::array<char, kDayDateSize> text{};
+  FormatDayDate(date_, text);
+  return QString::fromLatin1(text.data());
 }
 
 QString RecordRow::Text() {

@@ -55,13 +55,17 @@ struct DetailWords {
 /// A date heading. Its text ends in the blanks that make it wide; screen readers get its words.
 class HeadingRow {
  public:
-  HeadingRow(QString words, int blanks) : words_(std::move(words)), blanks_(blanks) {}
+  /// kNoDate is an unknown date.
+  HeadingRow(DateStamp date, int blanks) : date_(date), blanks_(blanks) {}
 
-  [[nodiscard]] QString Text() const { return words_ + QString(blanks_, QLatin1Char(' ')); }
-  [[nodiscard]] const QString& words() const { return words_; }
+  [[nodiscard]] QString Text() const { return Words() + QString(blanks_, QLatin1Char(' ')); }
+
+  /// "Saturday 11/21/2026" or "Unknown date", made when they are asked for: a list may be read
+  /// before the program knows its language.
+  [[nodiscard]] QString Words() const;
 
  private:
-  QString words_;
+  DateStamp date_;
   int blanks_;
 };
 

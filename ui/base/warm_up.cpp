@@ -8,12 +8,12 @@ namespace brovanta {
 
 WarmUp::WarmUp()
     : done_(std::async(std::launch::async | std::launch::deferred, [] {
-        FcInit();
-        static_cast<void>(LocalZone::Current());
-      })) {}
+              FcInit();
+              static_cast<void>(LocalZone::Current());
+            }).share()) {}
 
 WarmUp::~WarmUp() { Wait(); }
 
-void WarmUp::Wait() { done_.wait(); }
+void WarmUp::Wait() const { done_.wait(); }
 
 }  // namespace brovanta

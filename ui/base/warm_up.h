@@ -18,10 +18,13 @@ class WarmUp {
   WarmUp& operator=(const WarmUp&) = delete;
 
   /// Returns when both are in memory, where the toolkit and LocalZone then find them.
-  void Wait();
+  void Wait() const;
+
+  /// For work that shall have a processor to itself afterwards.
+  [[nodiscard]] std::shared_future<void> done() const { return done_; }
 
  private:
-  std::future<void> done_;
+  std::shared_future<void> done_;
 };
 
 }  // namespace brovanta

@@ -4,10 +4,8 @@
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QTimer>
-#include <future>
 #include <utility>
 
-#include "ui/base/date_headings.h"
 #include "ui/base/icons.h"
 #include "ui/base/message_box.h"
 #include "ui/base/modal_dialog.h"
@@ -15,6 +13,7 @@
 #include "ui/base/row_layout.h"
 #include "ui/base/wide_text.h"
 #include "ui/shell/day_watch.h"
+#include "ui/shell/first_rows.h"
 #include "ui/shell/list_filters.h"
 #include "ui/shell/main_commands.h"
 #include "ui/shell/tree_fillers.h"
@@ -32,25 +31,23 @@ constexpr int kCalendarId = 1040;
 
 }  // namespace
 
-/// Today's products, read while the window is being built.
-struct MainDialog::FirstRows {
-  ProductFilter query;
-  DateHeadings headings;
-  std::future<int> code;  // behind what it writes to, since it waits for the end when it goes
-};
-
 MainDialog::MainDialog(AppOptions& options, std::unique_ptr<ShoppingDatabase> database,
+                       std::unique_ptr<SearchManager> searches, const std::string& data_folder,
+                       QWidget* parent)
+    : MainDialog(options, std::make_unique<FirstRows>(std::move(database), data_folder),
+                 std::move(searches), data_folder, parent) {}
+
+MainDialog::MainDialog(AppOptions& options, std::unique_ptr<FirstRows> first_rows,
                        std::unique_ptr<SearchManager> searches, const std::string& data_folder,
                        QWidget* parent)
     : QDialog(parent),
       state_{.options = options,
-             .database = std::move(database),
+             .database = first_rows->TakeDatabase(),
              .searches = std::move(searches),
              .filter = {}},
+      first_rows_(std::move(first_rows)),
       form_(std::make_unique<Ui::MainForm>()) {
-  static_cast<void>(state_.database->Open(data_folder));
   static_cast<void>(state_.searches->SetSearchFolder(data_folder));
-  BeginFirstRows();
   form_->setupUi(this);
   SetUpWindow();
   commands_ =
@@ -154,27 +151,12 @@ int MainDialog::RefreshList(bool reset_filters) {
   return code;
 }
 
-void MainDialog::BeginFirstRows() {
-  first_rows_ = std::make_unique<FirstRows>();
-  const auto period = PeriodOf(TodayDate(), kDailyView);
-  if (period) {
-    state_.filter.period_start = period->start;
-    state_.filter.period_end = period->end;
-  }
-  first_rows_->query = AsProductFilter(state_.filter);
-  // Where no thread can be had, the rows are read when they are asked for.
-  first_rows_->code = std::async(
-      std::launch::async | std::launch::deferred, [&rows = *first_rows_, &state = state_] {
-        return ReadProductRows(*state.database, rows.query, rows.headings);
-      });
-}
-
 int MainDialog::ShowFirstRows() {
   const std::unique_ptr<FirstRows> rows = std::move(first_rows_);
-  const int code = rows->code.get();
-  const bool same_day = rows->query.from == state_.filter.period_start;
+  const int code = rows->Wait();
+  const bool same_day = rows->query().from == state_.filter.period_start;
   if (!same_day) return FillProducts(*form_->recordTree, state_);  // midnight came in between
-  if (code == 0) form_->recordTree->SetRows(rows->headings.Take());
+  if (code == 0) form_->recordTree->SetRows(rows->Take());
   return code;
 }
 

@@ -15,6 +15,7 @@ namespace brovanta {
 
 class CommandBar;
 class DayWatch;
+class FirstRows;
 class ListFilters;
 class MainCommands;
 class PeriodSelector;
@@ -29,6 +30,11 @@ class MainDialog : public QDialog {
   /// for the working folder) and shows today's products. The results of opening are not checked:
   /// what is missing shows up as an empty tree. `options` is borrowed and outlives the dialog.
   MainDialog(AppOptions& options, std::unique_ptr<ShoppingDatabase> database,
+             std::unique_ptr<SearchManager> searches, const std::string& data_folder,
+             QWidget* parent = nullptr);
+
+  /// The same with a database that is being opened in that folder already.
+  MainDialog(AppOptions& options, std::unique_ptr<FirstRows> first_rows,
              std::unique_ptr<SearchManager> searches, const std::string& data_folder,
              QWidget* parent = nullptr);
   ~MainDialog() override;
@@ -63,8 +69,6 @@ class MainDialog : public QDialog {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  struct FirstRows;
-
   void SetUpWindow();
   void ArrangeSelectors();
   void PlaceHeading(bool between_the_buttons);
@@ -76,7 +80,6 @@ class MainDialog : public QDialog {
   void OnCaretChanged();
   void OnDayChanged(QDate before);
   int Fill();
-  void BeginFirstRows();
   int ShowFirstRows();
   void DestroyWindow();
 

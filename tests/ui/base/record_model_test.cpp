@@ -4,8 +4,12 @@
 
 #include <QAbstractItemModelTester>
 
+#include "tests/support/zone_guard.h"
+
 namespace brovanta {
 namespace {
+
+constexpr DateStamp kSaturday = 1795222800;  // 2026-11-21 01:00:00 UTC
 
 class RecordModelTest : public testing::Test {
  protected:
@@ -13,14 +17,15 @@ class RecordModelTest : public testing::Test {
   void Fill() {
     RecordRows rows;
     rows.Reserve(3);
-    rows.AddHeading(HeadingRow(QStringLiteral("Saturday 11/21/2026"), 2));
+    rows.AddHeading({kSaturday, 2});
     rows.Add({.id = 11, .name = "Bread"}, {});
     rows.Add({.id = 12, .name = "Milk", .storeName = QStringLiteral("Corner")}, {});
-    rows.AddHeading(HeadingRow(QStringLiteral("Friday 11/20/2026"), 2));
+    rows.AddHeading({kSaturday - 86400, 2});
     rows.Add({.id = 13, .name = "Soap"}, {});
     model_.SetRows(std::move(rows));
   }
 
+  test::ZoneGuard zone_{"UTC"};
   RecordModel model_;
   // Fails the test as soon as the model contradicts itself.
   QAbstractItemModelTester tester_{&model_, QAbstractItemModelTester::FailureReportingMode::Fatal};

@@ -99,15 +99,15 @@ TEST_F(RecordRowTest, NoteIsShownAsItStands) {
 }
 
 TEST_F(RecordRowTest, HeadingKeepsItsBlanksFromScreenReaders) {
-  const HeadingRow row(QStringLiteral("Unknown date"), 22);
+  const HeadingRow row(kNoDate, 22);
   EXPECT_EQ(row.Text().toStdString(), "Unknown date" + std::string(22, ' '));
-  EXPECT_EQ(row.words().toStdString(), "Unknown date");
+  EXPECT_EQ(row.Words().toStdString(), "Unknown date");
 }
 
 TEST_F(RecordRowTest, WordsAreThoseOfTheLanguage) {
   const test::German german;
   const RecordRow row(
-      {.id = 1, .name = QStringLiteral("Milch")},
+      {.id = 1, .name = "Milch"},
       {.shows_due = true, .due = kNoon - 2 * kDay, .recurrence_kind = kWeekly, .every = 3});
   EXPECT_EQ(row.AccessibleText().toStdString(),
             "Milch, 2 Tage \u00FCberf\u00E4llig, alle 3 Wochen");

@@ -1,0 +1,36 @@
+#include "ui/shell/first_rows.h"
+
+#include <utility>
+
+#include "ui/base/period.h"
+#include "ui/shell/record_filter.h"
+#include "ui/shell/tree_fillers.h"
+
+namespace brovanta {
+
+FirstRows::FirstRows(std::unique_ptr<ShoppingDatabase> database, std::string data_folder,
+                     std::shared_future<void> begin)
+    : database_(std::move(database)),
+      opened_(*database_),
+      code_(std::async(std::launch::async | std::launch::deferred, [this,
+                                                                    folder = std::move(data_folder),
+                                                                    begin = std::move(begin)] {
+              if (begin.valid()) begin.wait();
+              return Read(folder);
+            }).share()) {}
+
+FirstRows::~FirstRows() { code_.wait(); }
+
+int FirstRows::Wait() { return code_.get(); }
+
+int FirstRows::Read(const std::string& data_folder) {
+  static_cast<void>(opened_.Open(data_folder));  // what is missing shows up as an empty tree
+  const QDate today = TodayDate();
+  RecordFilter filter;
+  filter.period_start = StartOfDay(today);
+  filter.period_end = EndOfDay(today);
+  query_ = AsProductFilter(filter);
+  return ReadProductRows(opened_, query_, headings_);
+}
+
+}  // namespace brovanta
