@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "util/readable_text.h"
 
@@ -36,42 +37,47 @@ std::string Written(Value number) {
 
 }  // namespace
 
+void JsonWriter::BreakLine() {
+  text_ += '\n';
+  text_.append(2 * open_.size(), ' ');
+}
+
 void JsonWriter::Separate() {
-  if (comma_) text_ += ',';
-  comma_ = true;
+  if (behind_key_ || open_.empty()) {
+    behind_key_ = false;
+    return;
+  }
+  Open& open = open_.back();
+  if (open.has_members) text_ += ',';
+  open.has_members = true;
+  if (open.layout == JsonLayout::kLines) BreakLine();
 }
 
-JsonWriter& JsonWriter::BeginObject() {
+JsonWriter& JsonWriter::Begin(char bracket, JsonLayout layout) {
   Separate();
-  text_ += '{';
-  comma_ = false;
+  text_ += bracket;
+  open_.push_back({layout});
   return *this;
 }
 
-JsonWriter& JsonWriter::EndObject() {
-  text_ += '}';
-  comma_ = true;
+JsonWriter& JsonWriter::End(char bracket) {
+  const Open open = open_.back();
+  open_.pop_back();
+  if (open.layout == JsonLayout::kLines && open.has_members) BreakLine();
+  text_ += bracket;
   return *this;
 }
 
-JsonWriter& JsonWriter::BeginArray() {
-  Separate();
-  text_ += '[';
-  comma_ = false;
-  return *this;
-}
-
-JsonWriter& JsonWriter::EndArray() {
-  text_ += ']';
-  comma_ = true;
-  return *this;
-}
+JsonWriter& JsonWriter::BeginObject(JsonLayout layout) { return Begin('{', layout); }
+JsonWriter& JsonWriter::EndObject() { return End('}'); }
+JsonWriter& JsonWriter::BeginArray(JsonLayout layout) { return Begin('[', layout); }
+JsonWriter& JsonWriter::EndArray() { return End(']'); }
 
 JsonWriter& JsonWriter::Key(std::string_view key) {
   Separate();
   AppendString(key, text_);
-  text_ += ':';
-  comma_ = false;
+  text_ += open_.back().layout == JsonLayout::kLines ? ": " : ":";
+  behind_key_ = true;
   return *this;
 }
 
@@ -95,7 +101,8 @@ JsonWriter& JsonWriter::Number(std::int32_t number) {
 
 JsonWriter& JsonWriter::Number(double number) {
   Separate();
-  text_ += Written(number);
+  const bool is_negative_zero = number == 0 && std::signbit(number);
+  text_ += is_negative_zero ? "-0.0" : Written(number);
   return *this;
 }
 

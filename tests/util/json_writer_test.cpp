@@ -53,6 +53,27 @@ TEST(JsonWriterTest, NumbersReadBackAsTheyAreInAnyLocale) {
   EXPECT_TRUE(ReadJson(json.text()));
 }
 
+TEST(JsonWriterTest, MembersStandOnLinesOfTheirOwnWhereAskedFor) {
+  JsonWriter json;
+  json.BeginObject(JsonLayout::kLines).Key("a").BeginArray(JsonLayout::kLines).Number(1);
+  json.BeginObject().Key("b").Number(2).Key("c").Null().EndObject().EndArray();
+  json.Key("d").BeginArray(JsonLayout::kLines).EndArray().EndObject();
+  EXPECT_EQ(json.text(),
+            "{\n"
+            "  \"a\": [\n"
+            "    1,\n"
+            "    {\"b\":2,\"c\":null}\n"
+            "  ],\n"
+            "  \"d\": []\n"
+            "}");
+}
+
+TEST(JsonWriterTest, TheNegativeZeroKeepsItsSign) {
+  JsonWriter json;
+  json.BeginArray().Number(-0.0).Number(0.0).EndArray();
+  EXPECT_EQ(json.text(), "[-0.0,0]");
+}
+
 // The reader with which all JSON is tested refuses what is none.
 TEST(JsonReaderTest, TakesNothingButJson) {
   for (const char* text :
