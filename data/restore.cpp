@@ -1,17 +1,10 @@
 #include "data/restore.h"
 
 #include <algorithm>
-#include <span>
 #include <utility>
+#include <vector>
 
-#include "data/backup_folder.h"
-#include "data/backup_names.h"
-#include "data/data_files.h"
-#include "data/data_snapshot.h"
-#include "db/error_codes.h"
-#include "db/journal.h"
-#include "db/unit_of_work.h"
-#include "platform/file.h"
+#include "data/folder_change.h"
 #include "platform/folder.h"
 
 namespace brovanta {
@@ -19,147 +12,40 @@ namespace {
 
 using Outcome = RestoreEnd::Outcome;
 
-constexpr int kMostNames = 1000;
-
-/// One restore; every step returns whether to go on, and fills `end_` when not.
-class Restoring {
- public:
-  explicit Restoring(std::string folder)
-      : folder_(std::move(folder)), journal_(folder_ + "/" + kJournalFile), backups_(folder_) {}
-
-  RestoreEnd Run(const std::optional<std::string>& name) {
-    const bool done = ChooseCopy(name) && TakeFolder() && ReadCopy() && ReadCurrent() &&
-                      KeepCurrent() && Replace();
-    if (done) end_.outcome = Outcome::kDone;
-    return std::move(end_);
+// The name of the copy; nothing after the change has been ended.
+std::optional<std::string> ChooseCopy(FolderChange& change,
+                                      const std::optional<std::string>& name) {
+  const std::vector<BackupCopy> copies = change.backups().Copies();
+  if (copies.empty() && !platform::IsFolder(change.folder())) {
+    change.Stop(Outcome::kNoFolder, "there is no such folder, nor a copy of one");
+    return std::nullopt;
   }
+  const auto found = std::find_if(copies.rbegin(), copies.rend(), [&](const BackupCopy& copy) {
+    return name ? copy.name == *name : copy.is_daily;
+  });
+  if (found != copies.rend()) return found->name;
+  change.Stop(Outcome::kNoCopy, "there is no copy" + (name ? " " + *name : std::string()) + " in " +
+                                    change.backups().path());
+  return std::nullopt;
+}
 
- private:
-  bool Stop(Outcome outcome, std::string words) {
-    end_.outcome = outcome;
-    end_.words = std::move(words);
+bool BringBack(FolderChange& change, const std::string& name) {
+  DataSnapshot copy;
+  if (!change.TakeFolder() || !change.Read(change.backups().PathOf(name), copy, "the copy")) {
     return false;
   }
-
-  bool ChooseCopy(const std::optional<std::string>& name) {
-    const std::vector<BackupCopy> copies = backups_.Copies();
-    if (copies.empty() && !platform::IsFolder(folder_)) {
-      return Stop(Outcome::kNoFolder, "there is no such folder, nor a copy of one");
-    }
-    const auto found = std::find_if(copies.rbegin(), copies.rend(), [&](const BackupCopy& copy) {
-      return name ? copy.name == *name : copy.is_daily;
-    });
-    if (found == copies.rend()) {
-      return Stop(Outcome::kNoCopy, "there is no copy" + (name ? " " + *name : std::string()) +
-                                        " in " + backups_.path());
-    }
-    end_.copy = found->name;
-    return true;
-  }
-
-  bool TakeFolder() {
-    if (!platform::CreateFolder(folder_)) {
-      return Stop(Outcome::kFailed, "the folder cannot be made");
-    }
-    switch (lock_.Take(folder_)) {
-      case platform::FolderLock::Outcome::kTaken:
-        break;
-      case platform::FolderLock::Outcome::kHeld:
-        return Stop(Outcome::kInUse, "the program works in this folder: close it first");
-      case platform::FolderLock::Outcome::kNotPossible:
-        return Stop(Outcome::kFailed, "the folder cannot be locked");
-    }
-    const int code = RollBackJournal(journal_);
-    if (code == ERR_OPEN) return Stop(Outcome::kInUse, "someone else has a file open");
-    return code == 0 || Stop(Outcome::kFailed, "an unfinished change cannot be undone");
-  }
-
-  bool ReadCopy() {
-    return Read(backups_.PathOf(end_.copy), copy_, "the copy") &&
-           (!copy_.empty() || Stop(Outcome::kFailed, "there is nothing in the copy"));
-  }
-
-  bool ReadCurrent() {
-    if (!Read(folder_, current_, "the folder")) return false;
-    return copy_ != current_ || Stop(Outcome::kSame, "");
-  }
-
-  bool Read(const std::string& from, DataSnapshot& snapshot, const std::string& what) {
-    switch (TakeDataSnapshot(from, snapshot)) {
-      case SnapshotResult::kTaken:
-        return true;
-      case SnapshotResult::kBusy:
-        return Stop(Outcome::kInUse, "someone else has a file of " + what + " open");
-      case SnapshotResult::kUnfinished:
-      case SnapshotResult::kFailed:
-        break;
-    }
-    return Stop(Outcome::kFailed, "a file of " + what + " cannot be read");
-  }
-
-  bool KeepCurrent() {
-    if (current_.empty()) return true;
-    const std::string today = TodaysCopyName();
-    int number = 1;
-    while (number < kMostNames && backups_.Has(BeforeRestoreName(today, number))) ++number;
-    end_.kept_as = BeforeRestoreName(today, number);
-    if (backups_.Keep(end_.kept_as, current_)) return true;
-    end_.kept_as.clear();
-    return Stop(Outcome::kFailed, "what stands there cannot be kept in " + backups_.path());
-  }
-
-  bool Replace() {
-    UnitOfWork work(journal_);
-    for (const auto& [name, bytes] : copy_) {
-      const auto old = current_.find(name);
-      if (old != current_.end() && old->second == bytes) continue;
-      if (name.find('/') != std::string::npos &&
-          !platform::CreateFolder(folder_ + "/" + kResultsFolder)) {
-        return Stop(Outcome::kFailed, "the folder of the results cannot be made");
-      }
-      work.Replace(folder_ + "/" + name, std::as_bytes(std::span(bytes)));
-      ++end_.written;
-    }
-    for (const auto& [name, bytes] : current_) {
-      if (copy_.count(name) > 0) continue;
-      work.Remove(folder_ + "/" + name);
-      ++end_.removed;
-    }
-    const int code = work.Commit();
-    if (code == 0) return true;
-    // Whatever could not be put back is put back now, or stays in the journal.
-    if (RollBackJournal(journal_) != 0) {
-      return Stop(
-          Outcome::kUndecided,
-          "the files cannot be written; the next start of the program undoes what was done");
-    }
-    return code == ERR_OPEN
-               ? Stop(Outcome::kInUse, "someone else has a file open, or it may not be written")
-               : Stop(Outcome::kFailed, "the files cannot be written");
-  }
-
-  std::string folder_;
-  std::string journal_;
-  BackupFolder backups_;
-  platform::FolderLock lock_;
-  DataSnapshot copy_;
-  DataSnapshot current_;
-  RestoreEnd end_;
-};
-
-// Journal and files have one spelling of the folder.
-std::string FolderToUse(const std::string& data_folder) {
-  std::string folder = platform::CanonicalFolder(data_folder);
-  if (folder.empty()) folder = data_folder;
-  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
-  return folder;
+  if (copy.empty()) return change.Stop(Outcome::kFailed, "there is nothing in the copy");
+  return change.ReadCurrent(copy) && change.KeepCurrent() && change.Replace(copy);
 }
 
 }  // namespace
 
 RestoreEnd RestoreCopy(const std::string& data_folder,
                        const std::optional<std::string>& copy_name) {
-  return Restoring(FolderToUse(data_folder)).Run(copy_name);
+  FolderChange change(data_folder);
+  const auto name = ChooseCopy(change, copy_name);
+  if (name) (void)BringBack(change, *name);
+  return {change.end(), name.value_or("")};
 }
 
 }  // namespace brovanta

@@ -43,7 +43,7 @@ TEST(BackupsReportTest, ListsCopiesForAScript) {
 }
 
 TEST(RestoreReportTest, TellsWhatWasDone) {
-  RestoreEnd end{RestoreEnd::Outcome::kDone, "2026-11-20", "2026-11-21.before-restore", 4, 1, ""};
+  RestoreEnd end{{RestoreEnd::Outcome::kDone, "2026-11-21.before-restore", 4, 1, ""}, "2026-11-20"};
   EXPECT_EQ(RestoreAsText(end, "/data"),
             "\"/data\" holds the files of 2026-11-20 again: 4 files written, 1 removed.\n"
             "What stood there before is kept as 2026-11-21.before-restore.\n");
@@ -56,7 +56,7 @@ TEST(RestoreReportTest, TellsWhatWasDone) {
 }
 
 TEST(RestoreReportTest, TellsThatThereWasNothingToDo) {
-  const RestoreEnd end{RestoreEnd::Outcome::kSame, "2026-11-20", "", 0, 0, ""};
+  const RestoreEnd end{{RestoreEnd::Outcome::kSame, "", 0, 0, ""}, "2026-11-20"};
   EXPECT_EQ(RestoreAsText(end, "d"), "\"d\" holds the very files of 2026-11-20 already.\n");
   EXPECT_EQ(test::ReadJson(RestoreAsJson(end, "d"))->at("kept_as"), "null");
   EXPECT_EQ(test::ReadJson(RestoreAsJson(end, "d"))->at("changed"), "false");

@@ -1,0 +1,115 @@
+#include "data/folder_change.h"
+
+#include <span>
+#include <utility>
+
+#include "data/backup_names.h"
+#include "db/error_codes.h"
+#include "db/file_names.h"
+#include "db/journal.h"
+#include "db/unit_of_work.h"
+#include "platform/file.h"
+
+namespace brovanta {
+namespace {
+
+constexpr int kMostNames = 1000;
+
+// Journal and files have one spelling of the folder.
+std::string FolderToUse(const std::string& data_folder) {
+  std::string folder = platform::CanonicalFolder(data_folder);
+  if (folder.empty()) folder = data_folder;
+  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  return folder;
+}
+
+}  // namespace
+
+FolderChange::FolderChange(const std::string& folder)
+    : folder_(FolderToUse(folder)), journal_(folder_ + "/" + kJournalFile), backups_(folder_) {}
+
+bool FolderChange::Stop(Outcome outcome, std::string words) {
+  end_.outcome = outcome;
+  end_.words = std::move(words);
+  return false;
+}
+
+bool FolderChange::TakeFolder() {
+  if (!platform::CreateFolder(folder_)) {
+    return Stop(Outcome::kFailed, "the folder cannot be made");
+  }
+  switch (lock_.Take(folder_)) {
+    case platform::FolderLock::Outcome::kTaken:
+      break;
+    case platform::FolderLock::Outcome::kHeld:
+      return Stop(Outcome::kInUse, "the program works in this folder: close it first");
+    case platform::FolderLock::Outcome::kNotPossible:
+      return Stop(Outcome::kFailed, "the folder cannot be locked");
+  }
+  const int code = RollBackJournal(journal_);
+  if (code == ERR_OPEN) return Stop(Outcome::kInUse, "someone else has a file open");
+  return code == 0 || Stop(Outcome::kFailed, "an unfinished change cannot be undone");
+}
+
+bool FolderChange::Read(const std::string& from, DataSnapshot& snapshot, const std::string& what) {
+  switch (TakeDataSnapshot(from, snapshot)) {
+    case SnapshotResult::kTaken:
+      return true;
+    case SnapshotResult::kBusy:
+      return Stop(Outcome::kInUse, "someone else has a file of " + what + " open");
+    case SnapshotResult::kUnfinished:
+    case SnapshotResult::kFailed:
+      break;
+  }
+  return Stop(Outcome::kFailed, "a file of " + what + " cannot be read");
+}
+
+bool FolderChange::ReadCurrent(const DataSnapshot& wanted) {
+  if (!Read(folder_, current_, "the folder")) return false;
+  return wanted != current_ || Stop(Outcome::kSame, "");
+}
+
+bool FolderChange::KeepCurrent() {
+  if (current_.empty()) return true;
+  const std::string today = TodaysCopyName();
+  int number = 1;
+  while (number < kMostNames && backups_.Has(BeforeRestoreName(today, number))) ++number;
+  end_.kept_as = BeforeRestoreName(today, number);
+  if (backups_.Keep(end_.kept_as, current_)) return true;
+  end_.kept_as.clear();
+  return Stop(Outcome::kFailed, "what stands there cannot be kept in " + backups_.path());
+}
+
+bool FolderChange::Replace(const DataSnapshot& wanted) {
+  UnitOfWork work(journal_);
+  for (const auto& [name, bytes] : wanted) {
+    const auto old = current_.find(name);
+    if (old != current_.end() && old->second == bytes) continue;
+    if (name.find('/') != std::string::npos &&
+        !platform::CreateFolder(folder_ + "/" + kResultsFolder)) {
+      return Stop(Outcome::kFailed, "the folder of the results cannot be made");
+    }
+    work.Replace(folder_ + "/" + name, std::as_bytes(std::span(bytes)));
+    ++end_.written;
+  }
+  for (const auto& [name, bytes] : current_) {
+    if (wanted.count(name) > 0) continue;
+    work.Remove(folder_ + "/" + name);
+    ++end_.removed;
+  }
+  const int code = work.Commit();
+  if (code == 0) {
+    end_.outcome = Outcome::kDone;
+    return true;
+  }
+  // Whatever could not be put back is put back now, or stays in the journal.
+  if (RollBackJournal(journal_) != 0) {
+    return Stop(Outcome::kUndecided,
+                "the files cannot be written; the next start of the program undoes what was done");
+  }
+  return code == ERR_OPEN
+             ? Stop(Outcome::kInUse, "someone else has a file open, or it may not be written")
+             : Stop(Outcome::kFailed, "the files cannot be written");
+}
+
+}  // namespace brovanta
