@@ -7,6 +7,8 @@
 #include "data/backup_reports.h"
 #include "data/check_folder.h"
 #include "data/exit_status.h"
+#include "data/export_commands.h"
+#include "data/import_command.h"
 #include "data/reports.h"
 #include "data/restore.h"
 #include "platform/folder.h"
@@ -55,6 +57,7 @@ CommandEnd Restore(const CommandLine& line) {
     case RestoreEnd::Outcome::kNoFolder:
       return NoFolder(folder, end.words);
     case RestoreEnd::Outcome::kNoCopy:
+    case RestoreEnd::Outcome::kHasData:
     case RestoreEnd::Outcome::kInUse:
     case RestoreEnd::Outcome::kFailed:
     case RestoreEnd::Outcome::kUndecided:
@@ -63,7 +66,25 @@ CommandEnd Restore(const CommandLine& line) {
   return {kBad, {}, {Quoted(folder) + ": " + end.words}};
 }
 
+CommandEnd Export(const CommandLine& line) {
+  return line.Has("--csv") ? ExportAsCsv(line) : ExportAsJson(line);
+}
+
 constexpr std::array kReportOptions{Option{"--json", "", "writes JSON, for scripts"}};
+
+constexpr int kFormats = 1;
+constexpr std::array kExportOptions{
+    Option{"--json", "", "everything in one document, which import takes back", kFormats},
+    Option{"--csv", "", "a table for each kind of data, for spreadsheets", kFormats},
+    Option{"--output", "PATH",
+           "the file to write instead of standard output; of --csv the\nfolder for its tables", 0,
+           "-o"},
+};
+
+constexpr std::array kImportOptions{
+    Option{"--json", "", "FILE is a document of export --json", kFormats},
+    Option{"--replace", "", "replaces the data that DIR has, and keeps it as a copy"},
+};
 
 constexpr std::array kCommands{
     Command{"check", "DIR",
@@ -76,6 +97,12 @@ constexpr std::array kCommands{
             "brings a copy back, the newest daily one without a name such as\n"
             "2026-11-21, and keeps what it replaces as a copy",
             1, 2, &Restore, kReportOptions},
+    Command{"export", "DIR", "takes the data out; changes nothing", 1, 1, &Export, kExportOptions,
+            kFormats},
+    Command{"import", "FILE DIR",
+            "puts data into an empty or new folder: the same files, bit for bit,\n"
+            "as those that were exported",
+            2, 2, &ImportFromJson, kImportOptions, kFormats},
 };
 
 }  // namespace

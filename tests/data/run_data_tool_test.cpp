@@ -73,6 +73,22 @@ TEST_F(RunDataToolTest, ACopyIsListedAndBroughtBack) {
   EXPECT_EQ(Run({"restore", data_, "2026-11-20"}).status, 1);
 }
 
+TEST_F(RunDataToolTest, WhatIsExportedIsImported) {
+  const ProgramEnd tables = Run({"export", "--csv", data_, "-o", folder_.File("tables")});
+  EXPECT_EQ(tables.status, 0);
+  EXPECT_TRUE(fs::exists(folder_.File("tables/products.csv")));
+  EXPECT_EQ(Run({"export", "--json", data_, "-o", folder_.File("all.json")}).status, 0);
+  EXPECT_EQ(Run({"export", "--json", data_}).output, folder_.ReadText("all.json"));
+  const ProgramEnd end = Run({"import", "--json", folder_.File("all.json"), folder_.File("new")});
+  EXPECT_EQ(end.status, 0);
+  EXPECT_EQ(end.errors, "");
+  auto exported = test::FilesOf(data_);
+  auto imported = test::FilesOf(folder_.File("new"));
+  exported.erase("backup.dat");
+  imported.erase("backup.dat");
+  EXPECT_EQ(imported, exported);
+}
+
 TEST_F(RunDataToolTest, HelpAndVersion) {
   EXPECT_THAT(Run({"--help"}).output, HasSubstr("brovanta-data check DIR [--json]\n"));
   EXPECT_EQ(Run({"--version"}).output, "brovanta-data " BROVANTA_VERSION "\n");

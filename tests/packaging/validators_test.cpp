@@ -92,6 +92,7 @@ TEST(ValidatorsTest, TheSandboxedPackageGetsNetworkAndWindowsOnly) {
   EXPECT_EQ(outcome.output,
             "org.brovanta.Brovanta org.kde.Platform org.kde.Sdk brovanta\n"
             "--share=ipc --share=network --socket=fallback-x11 --socket=wayland\n"
+            "nlohmann-json cmake-ninja git\n"
             "brovanta cmake-ninja dir\n");
 }
 
