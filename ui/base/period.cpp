@@ -1,38 +1,15 @@
 #include "ui/base/period.h"
 
 #include <QCoreApplication>
-#include <array>
 
 #include "ui/base/language.h"
+#include "util/calendar_period.h"
 
 namespace brovanta {
 namespace {
 
-std::array<char, 4> MonthName(QDate date) {
-  std::array<char, 4> name{};
-  MonthAbbrev(date.month(), name);
-  return name;
-}
-
-Period DayPeriod(QDate date) {
-  return {StartOfDay(date), EndOfDay(date),
-          QString::asprintf("%s %02d, %04d", MonthName(date).data(), date.day(), date.year())};
-}
-
-Period WeekPeriod(QDate date) {
-  // Counted in dates, not in seconds: a week with a change of the clocks is an hour off otherwise.
-  const QDate first = date.addDays(-(date.dayOfWeek() % 7));
-  const QDate last = first.addDays(6);
-  return {StartOfDay(first), EndOfDay(last),
-          QString::asprintf("%s %02d - %02d, %04d", MonthName(first).data(), first.day(),
-                            last.day(), last.year())};
-}
-
-Period MonthPeriod(QDate date) {
-  const QDate first(date.year(), date.month(), 1);
-  const QDate last(date.year(), date.month(), DaysInMonth(date.month(), date.year()));
-  return {StartOfDay(first), EndOfDay(last),
-          QString::asprintf("%s %04d", MonthName(date).data(), date.year())};
+Period AsPeriod(const CalendarPeriod& period) {
+  return {period.start, period.end, QString::fromStdString(period.heading)};
 }
 
 QString Words(const char* english) { return QCoreApplication::translate("Period", english); }
@@ -63,24 +40,15 @@ Period Spoken(Period period, int view_mode) {
 
 }  // namespace
 
-DateStamp StartOfDay(QDate date) { return StampFromCalendar(CalendarOfDate(date)); }
-
-DateStamp EndOfDay(QDate date) {
-  CalendarTime time = CalendarOfDate(date);
-  time.hour = 23;
-  time.minute = 59;
-  time.second = 59;
-  return StampFromCalendar(time);
-}
-
 std::optional<Period> PeriodOf(QDate date, int view_mode) {
+  const CalendarTime day = CalendarOfDate(date);
   switch (view_mode) {
     case kDailyView:
-      return Spoken(DayPeriod(date), view_mode);
+      return Spoken(AsPeriod(PeriodAround(day, PeriodKind::kDay)), view_mode);
     case kWeeklyView:
-      return Spoken(WeekPeriod(date), view_mode);
+      return Spoken(AsPeriod(PeriodAround(day, PeriodKind::kWeek)), view_mode);
     case kMonthlyView:
-      return Spoken(MonthPeriod(date), view_mode);
+      return Spoken(AsPeriod(PeriodAround(day, PeriodKind::kMonth)), view_mode);
     default:
       return std::nullopt;
   }

@@ -26,10 +26,6 @@ struct Period {
 /// day's year only.
 [[nodiscard]] std::optional<Period> PeriodOf(QDate date, int view_mode);
 
-/// The first and the last second of a day. Safe on any thread.
-[[nodiscard]] DateStamp StartOfDay(QDate date);
-[[nodiscard]] DateStamp EndOfDay(QDate date);
-
 /// "on this day", "in this week", "in this month".
 [[nodiscard]] QString PeriodWords(int view_mode);
 

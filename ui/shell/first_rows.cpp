@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "ui/base/period.h"
 #include "ui/shell/record_filter.h"
 #include "ui/shell/tree_fillers.h"
+#include "util/calendar_period.h"
 
 namespace brovanta {
 
@@ -25,10 +25,10 @@ int FirstRows::Wait() { return code_.get(); }
 
 int FirstRows::Read(const std::string& data_folder) {
   static_cast<void>(opened_.Open(data_folder));  // what is missing shows up as an empty tree
-  const QDate today = TodayDate();
+  const CalendarPeriod today = PeriodAround(CalendarFromStamp(TodayStamp()), PeriodKind::kDay);
   RecordFilter filter;
-  filter.period_start = StartOfDay(today);
-  filter.period_end = EndOfDay(today);
+  filter.period_start = today.start;
+  filter.period_end = today.end;
   query_ = AsProductFilter(filter);
   return ReadProductRows(opened_, query_, headings_);
 }
