@@ -8,7 +8,9 @@
 #include "data/check_folder.h"
 #include "data/exit_status.h"
 #include "data/export_commands.h"
+#include "data/export_ics.h"
 #include "data/import_command.h"
+#include "data/list_command.h"
 #include "data/reports.h"
 #include "data/restore.h"
 #include "platform/folder.h"
@@ -67,7 +69,8 @@ CommandEnd Restore(const CommandLine& line) {
 }
 
 CommandEnd Export(const CommandLine& line) {
-  return line.Has("--csv") ? ExportAsCsv(line) : ExportAsJson(line);
+  if (line.Has("--csv")) return ExportAsCsv(line);
+  return line.Has("--ics") ? ExportAsIcs(line) : ExportAsJson(line);
 }
 
 constexpr std::array kReportOptions{Option{"--json", "", "writes JSON, for scripts"}};
@@ -76,6 +79,7 @@ constexpr int kFormats = 1;
 constexpr std::array kExportOptions{
     Option{"--json", "", "everything in one document, which import takes back", kFormats},
     Option{"--csv", "", "a table for each kind of data, for spreadsheets", kFormats},
+    Option{"--ics", "", "due dates and recurrence rules for a calendar", kFormats},
     Option{"--output", "PATH",
            "the file to write instead of standard output; of --csv the\nfolder for its tables", 0,
            "-o"},
@@ -86,7 +90,7 @@ constexpr std::array kImportOptions{
     Option{"--replace", "", "replaces the data that DIR has, and keeps it as a copy"},
 };
 
-constexpr std::array kCommands{
+const std::array kCommands{
     Command{"check", "DIR",
             "looks at every file of a data folder and tells what is wrong where;\n"
             "changes nothing",
@@ -97,6 +101,9 @@ constexpr std::array kCommands{
             "brings a copy back, the newest daily one without a name such as\n"
             "2026-11-21, and keeps what it replaces as a copy",
             1, 2, &Restore, kReportOptions},
+    Command{"list", "DIR",
+            "writes the shopping list of a day, a week or a month, with what it costs", 1, 1, &List,
+            ListOptions()},
     Command{"export", "DIR", "takes the data out; changes nothing", 1, 1, &Export, kExportOptions,
             kFormats},
     Command{"import", "FILE DIR",

@@ -46,9 +46,9 @@ shops of a category at once.
 It is made for handhelds and desktops alike, works without a network, and
 keeps its data in a few documented files of the user.
 
-The package also holds brovanta-data, which checks the data and brings
-copies of it back, and brovanta-agent, which checks descriptions of web
-shops.")
+The package also holds brovanta-data, which checks the data, brings copies
+of it back and prints the shopping list, and brovanta-agent, which checks
+descriptions of web shops.")
 
 set(CPACK_DEBIAN_SERVER_PACKAGE_NAME brovanta-server)
 set(CPACK_DEBIAN_SERVER_PACKAGE_SECTION net)

@@ -1,0 +1,60 @@
+#include "data/pdf/pdf_page.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/data/pdf/pdf_reader.h"
+
+namespace brovanta::data_tool {
+namespace {
+
+using testing::HasSubstr;
+
+TEST(PdfPagesTest, PagesAreA4AndCarryTheTitle) {
+  PdfPages pages("A list", "Somebody");
+  pages.Draw("one", {}, 50, 50, 200);
+  pages.EndPage();
+  pages.Draw("two", {}, 50, 50, 200);
+  pages.EndPage();
+  const std::string info = test::ReadPdf("pdfinfo", pages.Finish());
+  EXPECT_THAT(info, HasSubstr("A list\n"));
+  EXPECT_THAT(info, HasSubstr("Somebody\n"));
+  EXPECT_THAT(info, testing::ContainsRegex("Pages: +2\n"));
+  EXPECT_THAT(info, HasSubstr("(A4)"));
+}
+
+TEST(PdfPagesTest, TextIsMeasuredAsItIsBroken) {
+  PdfPages pages("", "");
+  const TextStyle style;
+  const double line = pages.HeightOf("word", style, 300);
+  EXPECT_GT(line, style.points);
+  EXPECT_LT(line, 2 * style.points);
+  EXPECT_NEAR(pages.HeightOf("word word word", style, pages.WidthOf("word", style) + 1), 3 * line,
+              0.5);
+  EXPECT_NEAR(pages.WidthOf("wordword", style), 2 * pages.WidthOf("word", style), 1);
+  TextStyle large = style;
+  large.points *= 2;
+  EXPECT_NEAR(pages.WidthOf("word", large), 2 * pages.WidthOf("word", style), 1);
+  EXPECT_NEAR(pages.HeightOf("", style, 300), line, 0.01);
+}
+
+TEST(PdfPagesTest, ALongWordIsBrokenToo) {
+  PdfPages pages("", "");
+  const std::string word(60, 'w');
+  EXPECT_GT(pages.HeightOf(word, {}, 100), 3 * pages.HeightOf("w", {}, 100));
+}
+
+TEST(PdfPagesTest, FontsAreEmbedded) {
+  PdfPages pages("", "");
+  pages.Draw("plain äöü €", {}, 50, 50, 300);
+  pages.Draw("bold", {9, true, false, PANGO_ALIGN_LEFT}, 50, 80, 300);
+  pages.Draw("slanted", {9, false, true, PANGO_ALIGN_RIGHT}, 50, 110, 300);
+  pages.Line(50, 130, 300, 1);
+  pages.Box(50, 140, 7);
+  pages.EndPage();
+  const std::string pdf = pages.Finish();
+  EXPECT_EQ(test::ReadPdf("pdftotext", pdf), "plain äöü €\nbold\nslanted\n\n\f");
+  EXPECT_THAT(test::ReadPdf("pdffonts", pdf), HasSubstr("emb"));
+}
+
+}  // namespace
+}  // namespace brovanta::data_tool
