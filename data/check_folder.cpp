@@ -61,7 +61,10 @@ class FolderCheck {
       CheckAgents(bytes, file, notes);
     });
     With(kJournalFile, [this](FileBytes bytes, FileReport&, FileNotes& notes) {
-      CheckJournal(bytes, report_.files, notes);
+      const auto read = [this](const std::string& name, std::string& text) {
+        return platform::ReadQuietly(folder_ + "/" + name, text);
+      };
+      CheckJournal(bytes, read, notes);
     });
     CheckLeftOvers(names, report_.findings);
   }

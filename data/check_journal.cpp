@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
+#include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "data/data_files.h"
 #include "db/file_names.h"
+#include "db/journal_fit.h"
 #include "db/journal_format.h"
 
 namespace brovanta::data_tool {
@@ -14,14 +16,23 @@ namespace {
 
 constexpr std::size_t kTemporarySuffix = 7;  // ".XXXXXX"
 
-// No change makes a file shorter: where one is, these are other files.
-bool Fits(const UndoRecord& record, const std::vector<FileReport>& files) {
-  if (record.kind != UndoKind::kOverwritten) return true;
-  const auto file = std::find_if(files.begin(), files.end(),
-                                 [&](const FileReport& one) { return one.name == record.name; });
-  if (file == files.end() || file->state == FileState::kNotRead) return true;  // not known
-  return file->state == FileState::kRead &&
-         static_cast<std::int64_t>(file->bytes) >= record.old_size;
+// One that cannot be read just now may fit.
+bool Fits(const std::string& name, const RecordsOfFile& records, const ReadByName& read) {
+  std::string text;
+  const platform::QuietResult result = read(name, text);
+  PresentFile file;
+  if (result == platform::QuietResult::kRead) {
+    file.size = static_cast<std::int64_t>(text.size());
+  } else if (result != platform::QuietResult::kMissing) {
+    return true;
+  }
+  file.read_at = [&text](std::int64_t offset, std::span<std::byte> bytes) {
+    const auto all = std::as_bytes(std::span(text)).subspan(static_cast<std::size_t>(offset));
+    const auto piece = all.first(std::min(bytes.size(), all.size()));
+    std::copy(piece.begin(), piece.end(), bytes.begin());
+    return static_cast<std::int64_t>(piece.size());
+  };
+  return FitOf(records, file) == Fit::kFits;
 }
 
 bool IsTemporaryOf(std::string_view name, std::string_view file) {
@@ -35,7 +46,7 @@ bool IsTemporaryOf(std::string_view name, std::string_view file) {
 
 }  // namespace
 
-void CheckJournal(FileBytes bytes, const std::vector<FileReport>& files, FileNotes& notes) {
+void CheckJournal(FileBytes bytes, const ReadByName& read, FileNotes& notes) {
   if (bytes.empty()) return;
   const auto records = DecodeJournal(bytes);
   if (!records) {
@@ -46,12 +57,12 @@ void CheckJournal(FileBytes bytes, const std::vector<FileReport>& files, FileNot
     return;
   }
   if (records->empty()) return;
-  std::set<std::string> names;
-  for (const UndoRecord& record : *records) names.insert(record.name);
   std::string list;
-  for (const std::string& name : names) list += (list.empty() ? "" : ", ") + name;
-  const bool fits = std::all_of(records->begin(), records->end(),
-                                [&](const UndoRecord& record) { return Fits(record, files); });
+  bool fits = true;
+  for (const auto& [name, records_of_file] : ByFile(*records)) {
+    list += (list.empty() ? "" : ", ") + name;
+    fits = fits && Fits(name, records_of_file, read);
+  }
   notes.Add(
       Severity::kWarning,
       fits ? "a change was left in the middle; the program undoes it at its next start, in " + list

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -10,6 +11,7 @@
 
 #include "db/error_codes.h"
 #include "db/file_names.h"
+#include "db/journal_fit.h"
 #include "platform/text_file.h"
 
 namespace brovanta {
@@ -42,48 +44,40 @@ int Read(File& file, std::optional<std::vector<UndoRecord>>& records) {
   return 0;
 }
 
-// The open files of a journal's records, one for each record that overwrites.
+// The files of the records that overwrite, open.
 struct FilesToPutBack {
-  std::vector<File> files;
-  std::vector<std::string> paths;
-  std::vector<std::size_t> file_of;  // by record
-  bool fit = true;                   // false: the files are not those that the journal speaks of
+  std::map<std::string, File> files;  // by name
+  bool fit = true;                    // false: the files are not those that the journal speaks of
 };
 
-// Opens the file of a record that overwrites, unless it is open already.
-int OpenOverwritten(const std::string& path, const UndoRecord& record, FilesToPutBack& to) {
-  std::size_t& index = to.file_of.back();
-  while (index < to.paths.size() && to.paths[index] != path) ++index;
-  if (index == to.paths.size()) {
-    File file;
-    if (!platform::FileExists(path)) {
-      to.fit = false;
-      return 0;
-    }
+// Looks at a file of the journal, and keeps it open when it is written to. One that is put back
+// whole is only looked at: holding it would keep ourselves out.
+int OpenFile(const std::string& path, const RecordsOfFile& records, FilesToPutBack& to) {
+  File file;
+  PresentFile present;
+  if (platform::FileExists(path)) {
     if (!file.Open(path, File::Mode::kReadWrite)) return ERR_OPEN;
-    to.files.push_back(std::move(file));
-    to.paths.push_back(path);
+    present.size = file.Size();
+    if (present.size < 0) return ERR_IO;
   }
-  const std::int64_t size = to.files[index].Size();
-  if (size < 0) return ERR_IO;
-  // No change makes a file shorter.
-  if (size < record.old_size) to.fit = false;
+  present.read_at = [&file](std::int64_t offset, std::span<std::byte> bytes) {
+    return file.ReadAt(offset, bytes);
+  };
+  const Fit fit = FitOf(records, present);
+  if (fit == Fit::kNotRead) return ERR_IO;
+  to.fit = fit == Fit::kFits;
+  const UndoRecord& first = *records.front();
+  if (to.fit && first.kind == UndoKind::kOverwritten) to.files[first.name] = std::move(file);
   return 0;
 }
 
-// Looks at every file before the first one changes. One that is put back whole is only asked for:
-// holding it would keep ourselves out.
+// Looks at every file before the first one changes.
 int OpenFiles(const std::string& folder, std::span<const UndoRecord> records, FilesToPutBack& to) {
-  for (const UndoRecord& record : records) {
-    to.file_of.push_back(0);
-    const std::string path = folder + record.name;
+  for (const auto& [name, records_of_file] : ByFile(records)) {
+    const std::string path = folder + name;
     if (platform::IsOtherThanFile(path)) to.fit = false;
     if (!to.fit) return 0;
-    if (record.kind == UndoKind::kOverwritten) {
-      if (const int code = OpenOverwritten(path, record, to); code != 0) return code;
-    } else if (File file; platform::FileExists(path) && !file.Open(path, File::Mode::kReadWrite)) {
-      return ERR_OPEN;
-    }
+    if (const int code = OpenFile(path, records_of_file, to); code != 0) return code;
   }
   return 0;
 }
@@ -94,16 +88,16 @@ int Follow(const std::string& folder, std::span<const UndoRecord> records, bool&
   if (const int code = OpenFiles(folder, records, files); code != 0) return code;
   fit = files.fit;
   if (!fit) return 0;
-  for (std::size_t i = 0; i < records.size(); ++i) {
+  for (const UndoRecord& record : records) {
     int code = 0;
-    if (records[i].kind == UndoKind::kOverwritten) {
-      code = PutBack(files.files[files.file_of[i]], records[i]) ? 0 : ERR_IO;
+    if (record.kind == UndoKind::kOverwritten) {
+      code = PutBack(files.files[record.name], record) ? 0 : ERR_IO;
     } else {
-      code = PutBackWhole(folder + records[i].name, records[i]);
+      code = PutBackWhole(folder + record.name, record);
     }
     if (code != 0) return code;
   }
-  for (File& file : files.files) {
+  for (auto& [name, file] : files.files) {
     if (!file.Sync()) return ERR_IO;
   }
   return 0;

@@ -34,8 +34,16 @@ inline constexpr std::size_t kNameLength = 4;
 inline constexpr std::size_t kOldSize = 8;
 inline constexpr std::size_t kOffset = 16;
 inline constexpr std::size_t kByteCount = 24;
-inline constexpr std::size_t kName = 32;  // then the bytes, then the checksum
+inline constexpr std::size_t kName = 32;  // then the bytes, what comes after, the checksum
 inline constexpr std::size_t kChecksumSize = 4;
+
+/// What stands after the change, behind the old bytes of a record that tells it. Its kind is then
+/// this much higher.
+inline constexpr std::uint32_t kToldKinds = 3;
+inline constexpr std::size_t kNewSize = 0;
+inline constexpr std::size_t kSum = 8;
+inline constexpr std::size_t kNewByteCount = 12;
+inline constexpr std::size_t kNewBytes = 16;
 
 }  // namespace undo_layout
 
@@ -51,6 +59,18 @@ enum class UndoKind : std::uint32_t {
   kMade = 3,         ///< a file that was not there is made
 };
 
+/// Of the bytes that a change writes a record keeps no more than these.
+inline constexpr std::size_t kMostNewBytes = 1024;
+
+/// By what the file of a change is known again, whole or half done (db/journal_fit.h).
+struct AfterChange {
+  std::int64_t size = 0;         ///< of the file after all of the change
+  std::uint32_t sum = 0;         ///< kOverwritten: of what stays; kReplaced: of the new file
+  std::vector<std::byte> bytes;  ///< the first that are written at the record's offset
+
+  friend bool operator==(const AfterChange&, const AfterChange&) = default;
+};
+
 /// What is needed to undo one change.
 struct UndoRecord {
   UndoKind kind = UndoKind::kOverwritten;
@@ -58,9 +78,14 @@ struct UndoRecord {
   std::int64_t old_size = 0;  ///< of the file
   std::int64_t offset = 0;    ///< where the old bytes stood
   std::vector<std::byte> old_bytes;
+  std::optional<AfterChange> after = std::nullopt;  ///< nothing in a journal of a former version
 
   friend bool operator==(const UndoRecord&, const UndoRecord&) = default;
 };
+
+/// Whether a record may have the name: a file beside the journal other than itself, or a results
+/// file ("WebSearch/N.dat").
+[[nodiscard]] bool IsUndoName(std::string_view name);
 
 /// The bytes of an empty journal.
 [[nodiscard]] std::vector<std::byte> EncodeEmptyJournal();

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "db/error_codes.h"
+#include "db/journal_fit.h"
 #include "platform/text_file.h"
+#include "util/crc32.h"
 
 namespace brovanta {
 namespace {
@@ -77,21 +79,60 @@ int UnitOfWork::Commit() {
 bool UnitOfWork::NeedsJournal() const { return changes_.size() > 1 || !IsWhole(changes_.front()); }
 
 int UnitOfWork::WriteJournal() {
-  std::vector<UndoRecord> records;
-  for (std::size_t i = 0; i < changes_.size(); ++i) {
-    // A new file vanishes as a whole.
-    const Change& change = changes_[i];
-    if (change.kind != Kind::kWrite || !files_[change.file].is_new) records.push_back(undos_[i]);
+  if (const int code = NoteAfter(); code != 0) return code;
+  return journal_.Write(undos_);
+}
+
+// What whoever finds the journal knows the files by.
+int UnitOfWork::NoteAfter() {
+  for (std::size_t i = 0; i < changes_.size(); ++i) NoteBytesAfter(changes_[i], undos_[i]);
+  for (FileIndex index = 0; index < files_.size(); ++index) {
+    RecordsOfFile records;
+    std::vector<AfterChange*> afters;
+    AfterChange common;
+    for (std::size_t i = 0; i < changes_.size(); ++i) {
+      if (IsWhole(changes_[i]) || changes_[i].file != index) continue;
+      records.push_back(&undos_[i]);
+      afters.push_back(&*undos_[i].after);
+      common.size = std::max(common.size, afters.back()->size);
+    }
+    if (records.empty()) continue;
+    platform::File& file = files_[index].file;
+    const PresentFile present{records.front()->old_size,
+                              [&file](std::int64_t offset, std::span<std::byte> bytes) {
+                                return file.ReadAt(offset, bytes);
+                              }};
+    if (!files_[index].is_new && !SumOfUntouched(records, present, common.sum)) return ERR_IO;
+    for (AfterChange* after : afters) {
+      after->size = common.size;
+      after->sum = common.sum;
+    }
   }
-  return journal_.Write(records);
+  return 0;
+}
+
+void UnitOfWork::NoteBytesAfter(const Change& change, UndoRecord& undo) const {
+  AfterChange& after = undo.after.emplace();
+  const std::int64_t end = change.offset + static_cast<std::int64_t>(change.bytes.size());
+  after.size = std::max(undo.old_size, end);
+  if (undo.kind == UndoKind::kReplaced) {
+    after.size = end;
+    after.sum = Crc32(change.bytes);
+    return;
+  }
+  const std::size_t count = std::min(change.bytes.size(), kMostNewBytes);
+  after.bytes.assign(change.bytes.begin(),
+                     change.bytes.begin() + static_cast<std::ptrdiff_t>(count));
 }
 
 int UnitOfWork::NoteUndo(const Change& change) {
   UndoRecord& undo = undos_.emplace_back();
   undo.name = NameOf(PathOf(change), journal_path_);
+  if (!IsUndoName(undo.name)) return ERR_OPEN;  // nobody would put it back
   if (IsWhole(change)) return NoteOldFile(change.path, undo);
   if (files_[change.file].is_new) {
     undo.kind = UndoKind::kMade;
+    undo.offset = change.offset;
     return change.kind == Kind::kMake && platform::FileExists(PathOf(change)) ? ERR_OPEN : 0;
   }
   platform::File& file = files_[change.file].file;

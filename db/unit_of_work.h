@@ -53,8 +53,8 @@ class UnitOfWork {
 
   /// Carries the changes out in the order in which they were noted; after 0 they have reached the
   /// storage device. ERR_OPEN when someone else holds the journal or a file to replace, or a file
-  /// cannot be made, or ERR_IO; with an error everything is as before, or will be when the journal
-  /// is rolled back.
+  /// cannot be made or is none that the journal may name, or ERR_IO; with an error everything is as
+  /// before, or will be when the journal is rolled back.
   [[nodiscard]] int Commit();
 
   /// After a Commit that failed: the file to replace or remove that it could not read, or could not
@@ -80,6 +80,8 @@ class UnitOfWork {
   [[nodiscard]] const std::string& PathOf(const Change& change) const;
   [[nodiscard]] bool NeedsJournal() const;
   [[nodiscard]] int WriteJournal();
+  [[nodiscard]] int NoteAfter();
+  void NoteBytesAfter(const Change& change, UndoRecord& undo) const;
   [[nodiscard]] int NoteUndo(const Change& change);
   [[nodiscard]] int NoteOldFile(const std::string& path, UndoRecord& undo);
   [[nodiscard]] int CarryOutAll();

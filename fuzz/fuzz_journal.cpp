@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "db/journal.h"
+#include "db/journal_fit.h"
 #include "fuzz/scratch_folder.h"
 
 namespace brovanta {
@@ -20,6 +21,7 @@ using fuzz::Require;
 using Files = std::map<std::string, std::string>;
 
 constexpr char kJournal[] = "data/backup.dat";
+constexpr char kProduct[] = "0123456789abcdef";
 constexpr std::size_t kMostRecords = 12;
 
 std::string Text(std::span<const std::byte> bytes) {
@@ -30,7 +32,7 @@ void PrepareFiles(fuzz::ScratchFolder& folder) {
   folder.Clear();
   folder.AddFolder("data");
   folder.AddFolder("data/WebSearch");
-  folder.Write("data/product.dat", "0123456789abcdef");
+  folder.Write("data/product.dat", kProduct);
   folder.Write("data/purchase.dat", "");
   folder.Write("data/store.lst", "a list");
   folder.Write("data/other.dat", "of nobody's");
@@ -60,12 +62,35 @@ class Choices {
 
 // A name of a file, or another one; mostly those that there are.
 std::string NameFrom(Choices& choices) {
-  static constexpr std::array<const char*, 10> kNames = {
-      "product.dat", "purchase.dat", "store.lst",      "missing.dat", "WebSearch",
-      "backup.dat",  "..",           "../outside.dat", "product.dat", "store.lst"};
+  static constexpr std::array<const char*, 11> kNames = {
+      "product.dat", "purchase.dat",   "store.lst",   "missing.dat", "WebSearch",      "backup.dat",
+      "..",          "../outside.dat", "product.dat", "store.lst",   "WebSearch/7.dat"};
   const std::uint8_t which = choices.Byte();
   if (which < kNames.size()) return kNames[which];
   return std::string(choices.Take(which % 16));
+}
+
+// What a change would have noted of the files as they are, so that some journals are followed.
+void NoteTrueSums(std::vector<UndoRecord>& records) {
+  const std::string product = kProduct;
+  PresentFile file{static_cast<std::int64_t>(product.size()), {}};
+  file.read_at = [&](std::int64_t offset, std::span<std::byte> bytes) {
+    const auto all = std::as_bytes(std::span(product)).subspan(static_cast<std::size_t>(offset));
+    const auto piece = all.first(std::min(bytes.size(), all.size()));
+    std::copy(piece.begin(), piece.end(), bytes.begin());
+    return static_cast<std::int64_t>(piece.size());
+  };
+  for (auto& [name, of_file] : ByFile(records)) {
+    const UndoRecord& first = *of_file.front();
+    std::uint32_t sum = 0;
+    if (name != "product.dat" || first.old_size < 0 || first.old_size > file.size ||
+        !SumOfUntouched(of_file, file, sum)) {
+      continue;
+    }
+    for (UndoRecord& record : records) {
+      if (record.name == name && record.after) record.after->sum = sum;
+    }
+  }
 }
 
 // A journal with true checksums, whatever its records say.
@@ -73,14 +98,22 @@ std::string JournalFrom(Choices choices) {
   std::vector<UndoRecord> records;
   while (!choices.empty() && records.size() < kMostRecords) {
     UndoRecord record;
-    record.kind = static_cast<UndoKind>(choices.Byte() % 5);
+    const std::uint8_t kind = choices.Byte();
+    const bool tells = kind / 5 % 2 != 0;
+    record.kind = static_cast<UndoKind>(kind % 5);
     record.name = NameFrom(choices);
     record.old_size = static_cast<std::int8_t>(choices.Byte());
     record.offset = static_cast<std::int8_t>(choices.Byte());
     const auto bytes = std::as_bytes(std::span(choices.Take(choices.Byte() % 32)));
     record.old_bytes.assign(bytes.begin(), bytes.end());
+    if (tells) {
+      record.after.emplace().size = static_cast<std::int8_t>(choices.Byte());
+      const auto after = std::as_bytes(std::span(choices.Take(choices.Byte() % 32)));
+      record.after->bytes.assign(after.begin(), after.end());
+    }
     records.push_back(std::move(record));
   }
+  NoteTrueSums(records);
   return Text(EncodeJournal(records));
 }
 

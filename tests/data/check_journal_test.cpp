@@ -15,11 +15,13 @@ using testing::IsEmpty;
 std::vector<std::string> LookAt(const test::Bytes& bytes, std::size_t product_bytes = 12) {
   std::vector<Finding> findings;
   FileNotes notes("backup.dat", findings);
-  FileReport product;
-  product.name = "product.dat";
-  product.state = FileState::kRead;
-  product.bytes = product_bytes;
-  CheckJournal(bytes, {product}, notes);
+  const auto read = [&](const std::string& name, std::string& text) {
+    if (name == "held.dat") return platform::QuietResult::kHeld;
+    if (name != "product.dat") return platform::QuietResult::kMissing;
+    text.assign(product_bytes, 'x');
+    return platform::QuietResult::kRead;
+  };
+  CheckJournal(bytes, read, notes);
   return test::Lines(findings);
 }
 
@@ -40,6 +42,25 @@ TEST(CheckJournalTest, TellsOfAChangeThatWaitsToBeUndone) {
 TEST(CheckJournalTest, TellsWhenTheFilesAreOthers) {
   EXPECT_THAT(LookAt(EncodeJournal(std::vector{kChange}), 11),
               ElementsAre(HasSubstr("but not in these files (product.dat)")));
+}
+
+TEST(CheckJournalTest, TellsWhenAFileHasGrownSinceTheChange) {
+  UndoRecord change = kChange;
+  change.old_bytes = test::Bytes(4, std::byte{'x'});
+  // The CRC-32 of "xxxx", four zeros and "xxxx".
+  change.after = AfterChange{15, 0xFEC69D19, test::Bytes(4, std::byte{'x'})};
+  EXPECT_THAT(LookAt(EncodeJournal(std::vector{change}), 15),
+              ElementsAre(HasSubstr("undoes it at its next start")));
+  EXPECT_THAT(LookAt(EncodeJournal(std::vector{change}), 16),
+              ElementsAre(HasSubstr("but not in these files (product.dat)")));
+}
+
+TEST(CheckJournalTest, OfAFileThatIsHeldOrMissingItSaysWhatTheProgramWillDo) {
+  UndoRecord change = kChange;
+  change.name = "held.dat";
+  EXPECT_THAT(LookAt(EncodeJournal(std::vector{change})), ElementsAre(HasSubstr("undoes it")));
+  change.name = "none.dat";
+  EXPECT_THAT(LookAt(EncodeJournal(std::vector{change})), ElementsAre(HasSubstr("sets the")));
 }
 
 TEST(CheckJournalTest, TellsOfAForeignOrTornJournal) {

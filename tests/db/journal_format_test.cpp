@@ -23,7 +23,10 @@ std::vector<UndoRecord> OneOfEachKind() {
   return {LastIdOfAnEmptyFile(),
           {UndoKind::kReplaced, "store.lst", 3, 0, Hex("01 02 03")},
           {UndoKind::kMade, "discount.dat", 0, 0, {}},
-          {UndoKind::kOverwritten, "purchase.dat", 12, 12, {}}};
+          {UndoKind::kOverwritten, "purchase.dat", 12, 12, {}},
+          {UndoKind::kOverwritten, "unit.dat", 12, 8, Hex("83"), AfterChange{14, 7, Hex("01 02")}},
+          {UndoKind::kReplaced, "unit.lst", 1, 0, Hex("04"), AfterChange{9, 8, {}}},
+          {UndoKind::kMade, "WebSearch/-2.dat", 0, 4, {}, AfterChange{5, 0, Hex("05")}}};
 }
 
 TEST(JournalFormatTest, ThePageAgrees) {
@@ -43,13 +46,29 @@ TEST(JournalFormatTest, ThePageAgrees) {
                           {"offset", undo::kOffset, 8, "int64"},
                           {"byte count", undo::kByteCount, 8, "uint64"}}));
   test::ExpectWithoutGap(record, undo::kName);
+  const Rows after = TableOf("journal.md", "State after the change");
+  EXPECT_EQ(after, (Rows{{"new size", undo::kNewSize, 8, "int64"},
+                         {"sum", undo::kSum, 4, "uint32"},
+                         {"new byte count", undo::kNewByteCount, 4, "uint32"}}));
+  test::ExpectWithoutGap(after, undo::kNewBytes);
   EXPECT_EQ(JOURNAL_MAGIC, 80101u);
 }
 
 TEST(JournalFormatTest, TheExampleIsWhatIsWritten) {
-  const std::vector records = {LastIdOfAnEmptyFile()};
+  std::vector records = {LastIdOfAnEmptyFile()};
+  // The CRC-32 of 81 38 01 00, four zeros and 83 38 01 00.
+  records[0].after = AfterChange{12, 0x3153b83b, Hex("01 00 00 00")};
   EXPECT_EQ(EncodeJournal(records), ExampleOf("journal.md"));
   EXPECT_EQ(DecodeJournal(ExampleOf("journal.md")), records);
+}
+
+// The 75 bytes that a former version wrote.
+TEST(JournalFormatTest, ARecordOfAFormerVersionTellsNothingOfTheStateAfterwards) {
+  const Bytes former =
+      Hex("e5 38 01 00 01 00 00 00 01 00 00 00 4b 00 00 00 00 00 00 00 9c 1e a5 f2 01 00 00 00"
+          "0b 00 00 00 0c 00 00 00 00 00 00 00 04 00 00 00 00 00 00 00 04 00 00 00 00 00 00 00"
+          "70 72 6f 64 75 63 74 2e 64 61 74 00 00 00 00 f9 16 ea 56");
+  EXPECT_EQ(DecodeJournal(former), std::vector{LastIdOfAnEmptyFile()});
 }
 
 TEST(JournalFormatTest, AnEmptyJournalIsItsFirstEightBytes) {
@@ -94,12 +113,28 @@ TEST(JournalFormatTest, PiecesOfTwoJournalsAreNotFollowed) {
 }
 
 TEST(JournalFormatTest, ARecordThatLeadsOutOfTheFolderIsNotFollowed) {
-  for (const std::string& name :
-       {std::string("../product.dat"), std::string("..\\product.dat"), std::string("/etc/passwd"),
-        std::string("folder/product.dat"), std::string("WebSearch/"), std::string("WebSearch/.."),
-        std::string("WebSearch/a/b"), std::string("WebSearch\\2.dat"),
-        std::string("WebSearch//2.dat"), std::string(".."), std::string("."), std::string(),
-        std::string("a\0b", 3), std::string(249, 'a'), std::string("backup.dat")}) {
+  for (const std::string& name : {std::string("../product.dat"),
+                                  std::string("..\\product.dat"),
+                                  std::string("/etc/passwd"),
+                                  std::string("folder/product.dat"),
+                                  std::string("WebSearch/"),
+                                  std::string("WebSearch/.."),
+                                  std::string("WebSearch/a/b"),
+                                  std::string("WebSearch\\2.dat"),
+                                  std::string("WebSearch//2.dat"),
+                                  std::string("WebSearch/2.txt"),
+                                  std::string("WebSearch/.dat"),
+                                  std::string("WebSearch/02.dat"),
+                                  std::string("WebSearch/+2.dat"),
+                                  std::string("WebSearch/2.dat.bad"),
+                                  std::string("WebSearch/2147483648.dat"),
+                                  std::string("WebSearch/product.dat"),
+                                  std::string(".."),
+                                  std::string("."),
+                                  std::string(),
+                                  std::string("a\0b", 3),
+                                  std::string(249, 'a'),
+                                  std::string("backup.dat")}) {
     UndoRecord record = LastIdOfAnEmptyFile();
     record.name = name;
     EXPECT_FALSE(DecodeJournal(EncodeJournal(std::span(&record, 1)))) << name;
@@ -120,7 +155,15 @@ TEST(JournalFormatTest, ARecordThatMakesNoSenseIsNotFollowed) {
         UndoRecord{UndoKind::kOverwritten, "a", 12, INT64_MAX, Hex("00")},
         UndoRecord{UndoKind::kReplaced, "a", 2, 0, Hex("00")},
         UndoRecord{UndoKind::kMade, "a", 1, 0, Hex("00")},
-        UndoRecord{static_cast<UndoKind>(4), "a", 0, 0, {}}}) {
+        UndoRecord{UndoKind::kMade, "a", 0, 4, {}},
+        UndoRecord{UndoKind::kOverwritten, "a", 12, 0, {}, AfterChange{11, 0, {}}},
+        UndoRecord{UndoKind::kOverwritten, "a", 12, 12, {}, AfterChange{12, 0, Hex("00")}},
+        UndoRecord{UndoKind::kReplaced, "a", 0, 0, {}, AfterChange{1, 0, Hex("00")}},
+        UndoRecord{UndoKind::kReplaced, "a", 0, 0, {}, AfterChange{-1, 0, {}}},
+        UndoRecord{UndoKind::kMade, "a", 0, 0, {}, AfterChange{0, 0, Hex("00")}},
+        UndoRecord{UndoKind::kMade, "a", 0, 0, {}, AfterChange{2000, 0, Bytes(1025)}},
+        UndoRecord{static_cast<UndoKind>(7), "a", 0, 0, {}},
+        UndoRecord{static_cast<UndoKind>(0), "a", 0, 0, {}}}) {
     EXPECT_FALSE(DecodeJournal(EncodeJournal(std::span(&record, 1))));
   }
 }

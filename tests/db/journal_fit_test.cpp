@@ -1,0 +1,192 @@
+#include "db/journal_fit.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/temp_folder.h"
+
+namespace brovanta {
+namespace {
+
+using test::Bytes;
+using test::Hex;
+
+PresentFile FileOf(const std::string& text) {
+  return {static_cast<std::int64_t>(text.size()),
+          [text](std::int64_t offset, std::span<std::byte> bytes) {
+            const auto all = std::as_bytes(std::span(text));
+            const auto from = all.subspan(static_cast<std::size_t>(offset));
+            const auto piece = from.first(std::min(bytes.size(), from.size()));
+            std::copy(piece.begin(), piece.end(), bytes.begin());
+            return static_cast<std::int64_t>(piece.size());
+          }};
+}
+
+PresentFile MissingFile() { return {}; }
+
+PresentFile UnreadableFile(std::int64_t size) {
+  return {size, [](std::int64_t, std::span<std::byte>) { return std::int64_t{-1}; }};
+}
+
+Bytes BytesOf(const std::string& text) {
+  const auto bytes = std::as_bytes(std::span(text));
+  return {bytes.begin(), bytes.end()};
+}
+
+RecordsOfFile All(const std::vector<UndoRecord>& records) {
+  RecordsOfFile all;
+  for (const UndoRecord& record : records) all.push_back(&record);
+  return all;
+}
+
+Fit FitOf(const std::vector<UndoRecord>& records, const PresentFile& file) {
+  return brovanta::FitOf(All(records), file);
+}
+
+// "0123456789" becomes "01AB45678XYZ": four bytes overwritten, two of them at the end.
+std::vector<UndoRecord> Change() {
+  // The CRC-32 of "01", two zeros, "45678" and a zero.
+  constexpr std::uint32_t kSum = 0xA7E2A401;
+  return {
+      {UndoKind::kOverwritten, "a", 10, 2, BytesOf("23"), AfterChange{12, kSum, BytesOf("AB")}},
+      {UndoKind::kOverwritten, "a", 10, 9, BytesOf("9"), AfterChange{12, kSum, BytesOf("XYZ")}}};
+}
+
+TEST(JournalFitTest, EveryHalfOfAChangeFits) {
+  const std::string old = "0123456789";
+  const std::string changed = "01AB45678XYZ";
+  int seen = 0;
+  for (std::size_t size = old.size(); size <= changed.size(); ++size) {
+    // Which of the bytes 2, 3, 9, 10 and 11 have their new value; behind the old end the others
+    // are zeros.
+    for (unsigned is_new = 0; is_new < 32; ++is_new) {
+      std::string half = old + std::string(2, '\0');
+      const std::size_t places[] = {2, 3, 9, 10, 11};
+      for (unsigned bit = 0; bit < 5; ++bit) {
+        if ((is_new >> bit & 1U) != 0) half[places[bit]] = changed[places[bit]];
+      }
+      half.resize(size);
+      EXPECT_EQ(FitOf(Change(), FileOf(half)), Fit::kFits) << half;
+      ++seen;
+    }
+  }
+  EXPECT_EQ(seen, 96);
+}
+
+TEST(JournalFitTest, AFileThatHasGrownOrShrunkIsAnother) {
+  EXPECT_EQ(FitOf(Change(), FileOf("01AB45678XYZ!")), Fit::kOther);
+  EXPECT_EQ(FitOf(Change(), FileOf("012345678")), Fit::kOther);
+  EXPECT_EQ(FitOf(Change(), MissingFile()), Fit::kOther);
+}
+
+TEST(JournalFitTest, AFileOfAFittingSizeWithAnyOtherByteIsAnother) {
+  for (const std::string& file : {std::string("0123456789"), std::string("01AB45678XYZ")}) {
+    for (std::size_t i = 0; i < file.size(); ++i) {
+      std::string other = file;
+      other[i] = '?';
+      EXPECT_EQ(FitOf(Change(), FileOf(other)), Fit::kOther) << other;
+    }
+  }
+}
+
+TEST(JournalFitTest, RecordsThatDisagreeFitNothing) {
+  std::vector<UndoRecord> other_size = Change();
+  other_size[1].old_size = 9;
+  EXPECT_EQ(FitOf(other_size, FileOf("0123456789")), Fit::kOther);
+  std::vector<UndoRecord> other_sum = Change();
+  ++other_sum[1].after->sum;
+  EXPECT_EQ(FitOf(other_sum, FileOf("0123456789")), Fit::kOther);
+  std::vector<UndoRecord> half_told = Change();
+  half_told[1].after.reset();
+  EXPECT_EQ(FitOf(half_told, FileOf("0123456789")), Fit::kOther);
+}
+
+TEST(JournalFitTest, ChangesThatOverlapFitWithTheBytesOfEither) {
+  std::vector<UndoRecord> change = Change();
+  change.resize(1);
+  change.push_back(change[0]);
+  change[1].after->bytes = BytesOf("CD");
+  std::uint32_t sum = 0;
+  ASSERT_TRUE(SumOfUntouched(All(change), FileOf("0123456789"), sum));
+  for (UndoRecord& record : change) record.after->sum = sum;
+  for (const char* file : {"0123456789", "01AB456789", "01CD456789", "01AD456789", "012D456789"}) {
+    EXPECT_EQ(FitOf(change, FileOf(std::string(file))), Fit::kFits) << file;
+  }
+  EXPECT_EQ(FitOf(change, FileOf("01AE456789")), Fit::kOther);
+}
+
+TEST(JournalFitTest, OfAReplacedFileTheOldOneTheNewOneOrNoneFits) {
+  // The CRC-32 of "new".
+  const std::vector<UndoRecord> change = {
+      {UndoKind::kReplaced, "a", 5, 0, BytesOf("older"), AfterChange{3, 0x6BE34445, {}}}};
+  EXPECT_EQ(FitOf(change, FileOf("older")), Fit::kFits);
+  EXPECT_EQ(FitOf(change, FileOf("new")), Fit::kFits);
+  EXPECT_EQ(FitOf(change, MissingFile()), Fit::kFits);
+  for (const char* other : {"oldeR", "neW", "new!", "", "older!"}) {
+    EXPECT_EQ(FitOf(change, FileOf(std::string(other))), Fit::kOther) << other;
+  }
+}
+
+TEST(JournalFitTest, OfAMadeFileAnyPartFits) {
+  const std::vector<UndoRecord> change = {
+      {UndoKind::kMade, "a", 0, 0, {}, AfterChange{6, 0, BytesOf("abcd")}},
+      {UndoKind::kMade, "a", 0, 3, {}, AfterChange{6, 0, BytesOf("XYZ")}}};
+  EXPECT_EQ(FitOf(change, MissingFile()), Fit::kFits);
+  using namespace std::string_literals;
+  for (const std::string& part : {""s, "abcd"s, "abcXYZ"s, "a\0c"s, "\0\0\0XYZ"s, "abcdYZ"s}) {
+    EXPECT_EQ(FitOf(change, FileOf(part)), Fit::kFits) << part;
+  }
+  for (const std::string& other : {"abcXYZ!"s, "b"s, "abce"s, "abcdZ"s}) {
+    EXPECT_EQ(FitOf(change, FileOf(other)), Fit::kOther) << other;
+  }
+}
+
+TEST(JournalFitTest, OfALongWriteTheFirstBytesAreKnown) {
+  const std::vector<UndoRecord> change = {
+      {UndoKind::kMade, "a", 0, 0, {}, AfterChange{2000, 0, Bytes(1024, std::byte{'n'})}}};
+  std::string file(2000, 'n');
+  file[1500] = 'x';
+  EXPECT_EQ(FitOf(change, FileOf(file)), Fit::kFits);
+  file[1023] = 'x';
+  EXPECT_EQ(FitOf(change, FileOf(file)), Fit::kOther);
+}
+
+TEST(JournalFitTest, OfALargeFileBothEndsAreLookedAt) {
+  constexpr std::size_t kEnd = 65536;
+  constexpr std::size_t kSize = 3 * kEnd;
+  std::string file(kSize, 'a');
+  std::vector<UndoRecord> change = {
+      {UndoKind::kOverwritten, "a", kSize, 4, BytesOf("a"), AfterChange{kSize, 0, BytesOf("b")}}};
+  ASSERT_TRUE(SumOfUntouched(All(change), FileOf(file), change[0].after->sum));
+  EXPECT_EQ(FitOf(change, FileOf(file)), Fit::kFits);
+  for (const std::size_t place : {std::size_t{0}, kEnd - 1, kSize - kEnd, kSize - 1}) {
+    std::string other = file;
+    other[place] = '?';
+    EXPECT_EQ(FitOf(change, FileOf(other)), Fit::kOther) << place;
+  }
+  file[kEnd] = file[kSize - kEnd - 1] = '?';
+  EXPECT_EQ(FitOf(change, FileOf(file)), Fit::kFits) << "not looked at, and not written to";
+}
+
+TEST(JournalFitTest, WhatCannotBeReadIsNotJudged) {
+  EXPECT_EQ(FitOf(Change(), UnreadableFile(10)), Fit::kNotRead);
+  const std::vector<UndoRecord> replaced = {
+      {UndoKind::kReplaced, "a", 3, 0, BytesOf("old"), AfterChange{3, 0, {}}}};
+  EXPECT_EQ(FitOf(replaced, UnreadableFile(3)), Fit::kNotRead);
+  const std::vector<UndoRecord> made = {
+      {UndoKind::kMade, "a", 0, 0, {}, AfterChange{1, 0, BytesOf("b")}}};
+  EXPECT_EQ(FitOf(made, UnreadableFile(1)), Fit::kNotRead);
+}
+
+TEST(JournalFitTest, RecordsOfAFormerVersionFitWhatIsNotTooShort) {
+  const std::vector<UndoRecord> change = {{UndoKind::kOverwritten, "a", 4, 0, BytesOf("01")}};
+  EXPECT_EQ(FitOf(change, FileOf("????")), Fit::kFits);
+  EXPECT_EQ(FitOf(change, FileOf("????????")), Fit::kFits);
+  EXPECT_EQ(FitOf(change, FileOf("???")), Fit::kOther);
+  EXPECT_EQ(FitOf(change, MissingFile()), Fit::kOther);
+  EXPECT_EQ(FitOf({{UndoKind::kMade, "a", 0, 0, {}}}, FileOf("any")), Fit::kFits);
+}
+
+}  // namespace
+}  // namespace brovanta

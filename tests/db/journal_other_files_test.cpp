@@ -1,0 +1,182 @@
+// A journal beside files that are not those of its change any more.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <functional>
+
+#include "db/journal.h"
+#include "db/shopping_database.h"
+#include "db/unit_of_work.h"
+#include "tests/support/faulty_calls.h"
+#include "tests/support/temp_folder.h"
+
+namespace brovanta {
+namespace {
+
+using platform::SystemCallsInUse;
+using test::Bytes;
+using test::Fault;
+using test::FaultyCalls;
+using test::Hex;
+using test::Join;
+using test::TempFolder;
+
+class JournalOtherFilesTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    for (const char* list : {"store.lst", "category.lst", "unit.lst"}) {
+      folder_.Write(list, NameList().Encode());
+    }
+  }
+
+  std::string Path(const char* name) const { return folder_.path() + "\\" + name; }
+
+  bool AddProduct() const {
+    ShoppingDatabase database;
+    ProductFields fields;
+    fields.name = "Milk";
+    return database.Open(folder_.path()) == 0 &&
+           database.products().Add(kProductKind, fields).has_value();
+  }
+
+  /// Does the work in a program of its own that ends before its k-th call. False when it ran
+  /// through.
+  bool EndAt(int k, const std::function<void()>& work) const {
+    FaultyCalls calls(Fault::kStop, k);
+    const pid_t child = fork();
+    EXPECT_GE(child, 0);
+    if (child == 0) {
+      const SystemCallsInUse in_use(calls);
+      work();
+      _exit(1);
+    }
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    return status == 0;
+  }
+
+  /// Ends an addition at every call, lets someone else change the file whenever there is something
+  /// to undo, and expects that his file stands. So often there was.
+  int ChangeTheFileBehindTheJournal(const std::function<Bytes(const Bytes&)>& change) {
+    int times = 0;
+    EXPECT_TRUE(AddProduct());
+    const Bytes product = *folder_.Read("product.dat");
+    for (int k = 1;; ++k) {
+      folder_.Write("product.dat", product);
+      std::filesystem::remove(folder_.File("backup.dat"));
+      const bool ended = EndAt(k, [this] { (void)AddProduct(); });
+      if (!ended) return times;
+      if (!MayHoldRecords(Path("backup.dat"))) continue;
+      const auto journal = folder_.Read("backup.dat");
+      const Bytes theirs = change(*folder_.Read("product.dat"));
+      folder_.Write("product.dat", theirs);
+      EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0) << k;
+      EXPECT_EQ(folder_.Read("product.dat"), theirs) << k;
+      EXPECT_FALSE(folder_.Read("backup.dat")) << k;
+      EXPECT_EQ(folder_.Read("backup.dat.bad"), journal) << k;
+      std::filesystem::remove(folder_.File("backup.dat.bad"));
+      ++times;
+    }
+  }
+
+  TempFolder folder_;
+};
+
+TEST_F(JournalOtherFilesTest, AFileThatWasMadeLongerIsLeftAlone) {
+  const auto longer = [](const Bytes& file) { return Join({file, Bytes(1000)}); };
+  EXPECT_GE(ChangeTheFileBehindTheJournal(longer), 3);
+}
+
+TEST_F(JournalOtherFilesTest, AnotherFileOfAFittingSizeIsLeftAlone) {
+  const auto another = [](const Bytes& file) {
+    Bytes bytes = file;
+    bytes[100] = std::byte{'?'};  // in the record that the change leaves alone
+    return bytes;
+  };
+  EXPECT_GE(ChangeTheFileBehindTheJournal(another), 3);
+}
+
+TEST_F(JournalOtherFilesTest, ARecordThatAnotherProgramAddedIsLeftAlone) {
+  // 476 bytes have become 940, as here, but they are others.
+  const auto added = [](const Bytes& file) {
+    Bytes bytes = file;
+    bytes.resize(940);
+    std::fill(bytes.begin() + 480, bytes.end(), std::byte{'m'});
+    return bytes;
+  };
+  EXPECT_GE(ChangeTheFileBehindTheJournal(added), 3);
+}
+
+TEST_F(JournalOtherFilesTest, WithoutAnotherHandTheSameStatesAreRolledBack) {
+  ASSERT_TRUE(AddProduct());
+  const auto product = folder_.Read("product.dat");
+  int times = 0;
+  for (int k = 1;; ++k) {
+    folder_.Write("product.dat", *product);
+    std::filesystem::remove(folder_.File("backup.dat"));
+    if (!EndAt(k, [this] { (void)AddProduct(); })) break;
+    if (!MayHoldRecords(Path("backup.dat"))) continue;
+    EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0) << k;
+    // Ended within the records of the journal, nothing was to be put back.
+    EXPECT_EQ(folder_.Read("product.dat"), product) << k;
+    EXPECT_FALSE(folder_.Read("backup.dat.bad")) << k;
+    ++times;
+  }
+  EXPECT_GE(times, 3);
+}
+
+TEST_F(JournalOtherFilesTest, AListThatWasReplacedSinceIsLeftAlone) {
+  folder_.WriteText("a.lst", "old");
+  folder_.WriteText("b.lst", "old");
+  int times = 0;
+  for (int k = 1;; ++k) {
+    folder_.WriteText("a.lst", "old");
+    std::filesystem::remove(folder_.File("c.lst"));
+    const auto work = [this] {
+      UnitOfWork unit(Path("backup.dat"));
+      unit.Replace(Path("a.lst"), Hex("41"));
+      unit.Replace(Path("c.lst"), Hex("42"));
+      unit.Remove(Path("b.lst"));
+      (void)unit.Commit();
+    };
+    if (!EndAt(k, work)) break;
+    if (!MayHoldRecords(Path("backup.dat"))) continue;
+    for (const char* theirs : {"a.lst", "c.lst", "b.lst"}) {
+      const auto journal = folder_.Read("backup.dat");
+      const auto before = folder_.Read(theirs);
+      folder_.WriteText(theirs, "theirs");
+      EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0) << k;
+      EXPECT_EQ(folder_.ReadText(theirs), "theirs") << k;
+      EXPECT_EQ(folder_.Read("backup.dat.bad"), journal) << k;
+      std::filesystem::remove(folder_.File("backup.dat.bad"));
+      if (before) {
+        folder_.Write(theirs, *before);
+      } else {
+        std::filesystem::remove(folder_.File(theirs));
+      }
+      folder_.Write("backup.dat", *journal);
+      ++times;
+    }
+    EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0) << k;
+    EXPECT_EQ(folder_.ReadText("a.lst"), "old") << k;
+    EXPECT_EQ(folder_.ReadText("b.lst"), "old") << k;
+    EXPECT_FALSE(folder_.ReadText("c.lst")) << k;
+  }
+  EXPECT_GE(times, 9);
+}
+
+TEST_F(JournalOtherFilesTest, WhatNobodyCouldPutBackIsNotBegun) {
+  std::filesystem::create_directory(folder_.File("WebSearch"));
+  folder_.WriteText("WebSearch/notes.txt", "old");
+  UnitOfWork work(Path("backup.dat"));
+  work.Replace(Path("WebSearch\\notes.txt"), Hex("41"));
+  work.Replace(Path("a.lst"), Hex("41"));
+  EXPECT_NE(work.Commit(), 0);
+  EXPECT_EQ(folder_.ReadText("WebSearch/notes.txt"), "old");
+  EXPECT_FALSE(folder_.ReadText("a.lst"));
+}
+
+}  // namespace
+}  // namespace brovanta
