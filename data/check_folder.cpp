@@ -1,10 +1,12 @@
 #include "data/check_folder.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <functional>
 #include <span>
+#include <string_view>
 #include <utility>
 
 #include "data/check_journal.h"
@@ -12,6 +14,7 @@
 #include "data/check_records.h"
 #include "data/check_searches.h"
 #include "data/data_files.h"
+#include "platform/file.h"
 #include "platform/folder.h"
 #include "platform/quiet_read.h"
 #include "search/agent_configuration.h"
@@ -45,12 +48,21 @@ Refusal RefusalOf(QuietResult result) {
   return {Severity::kError, "the file cannot be read"};
 }
 
+// The files in which the program must be able to change something for a user to enter anything.
+bool HoldsEntries(const std::string& name) {
+  constexpr std::array<std::string_view, 8> kNames{kProductFile,     kPurchaseFile, kDiscountFile,
+                                                   kSearchIndexFile, kJournalFile,  kStoreFile,
+                                                   kCategoryFile,    kUnitFile};
+  return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
+}
+
 class FolderCheck {
  public:
   FolderCheck(std::string folder, FolderReport& report)
       : folder_(std::move(folder)), report_(report) {}
 
   void CheckAll(const std::vector<std::string>& names) {
+    CheckWritable(".", folder_);
     KnownNames known;
     known.stores = CheckList(kStoreFile);
     known.categories = CheckList(kCategoryFile);
@@ -88,8 +100,22 @@ class FolderCheck {
       const Refusal refusal = RefusalOf(result);
       notes.Add(refusal.severity, refusal.words);
     }
+    if (platform::IsReadOnlyFile(folder_ + "/" + name)) {
+      const bool is_needed = HoldsEntries(name);
+      notes.Add(is_needed ? Severity::kError : Severity::kWarning,
+                is_needed ? "the file may not be written to: the program can change nothing in it"
+                          : "the file may not be written to: the program cannot replace it");
+    }
     report_.files.push_back(file);
     return file.state;
+  }
+
+  // Lists, agents, results and copies are made beside the old ones.
+  void CheckWritable(const char* name, const std::string& folder) {
+    if (!platform::IsFolder(folder) || platform::IsWritableFolder(folder)) return;
+    FileNotes(name, report_.findings)
+        .Add(Severity::kWarning,
+             "the folder may not be written to: the program can make and replace no file in it");
   }
 
   KnownIds CheckList(const std::string& name) {
@@ -139,6 +165,7 @@ class FolderCheck {
       if (!SearchNumber(name)) continue;
       With(std::string(kResultsFolder) + "/" + name, CheckResults);
     }
+    CheckWritable(kResultsFolder, folder);
     CompareWithIndex(index, files, report_.findings);
   }
 
@@ -170,10 +197,12 @@ bool HoldsData(const std::vector<std::string>& names) {
 }  // namespace
 
 std::optional<FolderReport> CheckFolder(const std::string& folder, std::string& error) {
-  // Held until all is read: a program that starts meanwhile waits for a moment.
-  platform::FolderLock lock;
   FolderReport report;
-  report.in_use = lock.Take(folder) == platform::FolderLock::Outcome::kHeld;
+  {
+    // Let go at once: a program that starts while the files are read is not kept waiting.
+    platform::FolderLock lock;
+    report.in_use = lock.Take(folder) == platform::FolderLock::Outcome::kHeld;
+  }
   const auto names = platform::NamesIn(folder);
   if (!names) {
     error = std::strerror(errno);

@@ -32,6 +32,10 @@ class ListCheck {
     } else if (item.Id < last_) {
       notes_.Add(Severity::kNote, "the items are not in ascending order", byte, item.Id);
     }
+    if (item.Id == kLastOfAllIds) {
+      notes_.Add(Severity::kError, "the id is the largest that there is: no new name can be added",
+                 byte + list_layout::kId, item.Id);
+    }
     last_ = item.Id;
     TakeName(byte, item);
   }

@@ -46,6 +46,7 @@ class RecordCheck {
   }
 
   void CheckLastId(std::int32_t initial) {
+    if (last_id_ == kLastOfAllIds) notes_.Add(Severity::kError, kUsedUp, kLastIdOffset);
     if (last_id_ >= initial) return;
     notes_.Add(Severity::kError,
                "LastId is " + std::to_string(last_id_) + ", below the " + std::to_string(initial) +

@@ -138,6 +138,9 @@ IndexedSearches CheckSearchIndex(FileBytes bytes, FileReport& report, FileNotes&
     CheckEntry(byte, rest.first(entry_layout::kSize), last_number, index, report, notes);
     return std::optional<std::size_t>();
   });
+  if (index.sound && last_number == kLastOfAllIds) {
+    notes.Add(Severity::kError, kUsedUp, kLastIdOffset);
+  }
   if (index.sound && last_number < kInitialSearchNumber) {
     notes.Add(Severity::kError,
               "LastId is " + std::to_string(last_number) + ", below the " +

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <span>
 
@@ -18,6 +19,11 @@ struct Frame {
   std::size_t first_mark = 0;              ///< behind the magic, or behind LastId
   Severity behind_end = Severity::kError;  ///< bytes behind the end mark: nothing can be appended
 };
+
+/// The largest id that there can be, as LastId or in a list, and what that means.
+inline constexpr std::int32_t kLastOfAllIds = std::numeric_limits<std::int32_t>::max();
+inline constexpr char kUsedUp[] =
+    "LastId is 2147483647: all ids are given out, and nothing can be added any more";
 
 /// Takes the record that begins at the byte; `rest` are the bytes from there to the end of the
 /// file. Where records tell their own size the result is that size, or nothing when the record is

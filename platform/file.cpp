@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -183,6 +184,15 @@ std::int64_t SizeOfFile(const std::string& path) {
 bool IsOtherThanFile(const std::string& path) {
   struct stat status {};
   return Calls().Status(NativePath(path).c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+}
+
+bool IsReadOnlyFile(const std::string& path) {
+  struct stat status {};
+  const std::string native = NativePath(path);
+  if (Calls().Status(native.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+  return !MayOpen(status, File::Mode::kReadWrite) ||
+         (faccessat(AT_FDCWD, native.c_str(), W_OK, AT_EACCESS) != 0 &&
+          (errno == EACCES || errno == EPERM || errno == EROFS));
 }
 
 }  // namespace brovanta::platform

@@ -90,6 +90,10 @@ class File {
 /// Whether something that is no regular file, such as a folder, is seen at the documented path.
 [[nodiscard]] bool IsOtherThanFile(const std::string& path);
 
+/// Whether a file is seen at the documented path that File::Open opens for reading only: nobody may
+/// write to it, or not this program.
+[[nodiscard]] bool IsReadOnlyFile(const std::string& path);
+
 /// What became of putting a file in the place of another.
 enum class Replacement {
   kHeld,       ///< the old file stands untouched: someone else holds it, or it may not be written

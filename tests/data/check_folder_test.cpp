@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <array>
 #include <filesystem>
@@ -15,6 +16,7 @@
 #include "tests/data/sample_folder.h"
 #include "tests/support/faulty_calls.h"
 #include "tests/support/framed_file.h"
+#include "tests/support/plain_user.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -200,7 +202,7 @@ TEST_F(CheckFolderTest, BadFoldersHaveNoReport) {
 }
 
 TEST_F(CheckFolderTest, AFolderThatMayNotBeReadHasNoReport) {
-  test::FaultyCalls calls(test::Fault::kIo, 3);  // the look into the folder
+  test::FaultyCalls calls(test::Fault::kIo, 4);  // the look into the folder
   const platform::SystemCallsInUse in_use(calls);
   EXPECT_EQ(ErrorOf(folder_.path()), "Input/output error");
 }
@@ -272,6 +274,81 @@ TEST_F(CheckFolderTest, TellsThatTheProgramRuns) {
   const FolderReport report = Check();
   EXPECT_TRUE(report.in_use);
   EXPECT_TRUE(report.IsWhole());
+}
+
+TEST_F(CheckFolderTest, WhileItReadsTheProgramMayStart) {
+  /// Starts the program at each look at a file.
+  class StartingCalls : public platform::SystemCalls {
+   public:
+    explicit StartingCalls(std::string folder) : folder_(std::move(folder)) {}
+    ssize_t ReadAt(int descriptor, void* buffer, std::size_t size, off_t offset) override {
+      platform::FolderLock program;
+      EXPECT_EQ(program.Take(folder_), platform::FolderLock::Outcome::kTaken);
+      ++starts;
+      return SystemCalls::ReadAt(descriptor, buffer, size, offset);
+    }
+    int starts = 0;
+
+   private:
+    std::string folder_;
+  };
+  StartingCalls calls(folder_.path());
+  const platform::SystemCallsInUse in_use(calls);
+  EXPECT_TRUE(Check().IsWhole());
+  EXPECT_GE(calls.starts, 9);
+}
+
+TEST_F(CheckFolderTest, AFileThatTheProgramCannotChangeIsToldOf) {
+  for (const char* name : {"store.lst", "discount.dat", "product.dat", "purchase.dat",
+                           "websearch.dat", "backup.dat"}) {
+    fs::permissions(folder_.File(name), fs::perms::owner_read);
+    EXPECT_THAT(Findings(), ElementsAre(std::string("error ") + name +
+                                        " - #-: the file may not be written to: the program can "
+                                        "change nothing in it"));
+    fs::permissions(folder_.File(name), fs::perms::owner_read | fs::perms::owner_write);
+  }
+  for (const char* name : {"webspider.xml", "WebSearch/2.dat"}) {
+    fs::permissions(folder_.File(name), fs::perms::owner_read);
+    EXPECT_THAT(Findings(), ElementsAre(std::string("warning ") + name +
+                                        " - #-: the file may not be written to: the program "
+                                        "cannot replace it"));
+    fs::permissions(folder_.File(name), fs::perms::owner_read | fs::perms::owner_write);
+  }
+}
+
+TEST_F(CheckFolderTest, AFolderThatMayNotBeWrittenToIsAWarning) {
+  constexpr auto kOthersRead = fs::perms::group_read | fs::perms::others_read;
+  constexpr auto kOthersEnter = fs::perms::group_exec | fs::perms::others_exec;
+  constexpr auto kAll = fs::perms::all;
+  for (const auto& entry : fs::recursive_directory_iterator(folder_.path())) {
+    fs::permissions(entry.path(), kAll);
+  }
+  fs::permissions(folder_.File("WebSearch"), fs::perms::owner_all | kOthersRead | kOthersEnter);
+  fs::permissions(folder_.path(), fs::perms::owner_all | kOthersRead | kOthersEnter);
+  if (geteuid() != 0)
+    fs::permissions(folder_.path(), fs::perms::owner_read | fs::perms::owner_exec);
+  {
+    const test::PlainUser plain;
+    ASSERT_TRUE(plain.active());
+    EXPECT_THAT(Findings(),
+                Contains("warning . - #-: the folder may not be written to: the program can make "
+                         "and replace no file in it"));
+  }
+  fs::permissions(folder_.path(), fs::perms::owner_all);
+}
+
+TEST_F(CheckFolderTest, UsedUpIdsAreAnError) {
+  for (const char* name : {"discount.dat", "product.dat", "purchase.dat", "websearch.dat"}) {
+    const test::Bytes whole = folder_.Read(name).value();
+    test::Bytes bytes = whole;
+    const test::Bytes last = test::Hex("ff ff ff 7f");
+    std::copy(last.begin(), last.end(), bytes.begin() + 4);
+    folder_.Write(name, bytes);
+    EXPECT_THAT(Findings(), ElementsAre(std::string("error ") + name +
+                                        " 4 #-: LastId is 2147483647: all ids are given out, and "
+                                        "nothing can be added any more"));
+    folder_.Write(name, whole);
+  }
 }
 
 TEST_F(CheckFolderTest, AFolderInThePlaceOfAFileIsAnError) {

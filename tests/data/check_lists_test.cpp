@@ -56,6 +56,13 @@ TEST(CheckNameListTest, AnIdThatIsThereTwiceLosesAnItem) {
                           "already, and is lost"));
 }
 
+TEST(CheckNameListTest, TheLargestIdOfAllLeavesNoneForANewName) {
+  EXPECT_THAT(LookAt({Item("fe ff ff 7f", "Mega")}).lines, IsEmpty());
+  EXPECT_THAT(LookAt({Item("ff ff ff 7f", "Mega")}).lines,
+              ElementsAre("error store.lst 12 #2147483647: the id is the largest that there is: no "
+                          "new name can be added"));
+}
+
 TEST(CheckNameListTest, ANameThatIsThereTwiceIsOnlyNoted) {
   const Look look = LookAt({Item("07 00 00 00", "Mega"), Item("08 00 00 00", "Mega")});
   EXPECT_THAT(look.lines, ElementsAre("note store.lst 84 #8: the name \"Mega\" is that of 7 too"));

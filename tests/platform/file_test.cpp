@@ -296,6 +296,15 @@ TEST_F(FileTest, ExistsTellsOfAnythingThatStandsThere) {
   EXPECT_FALSE(FileExists(""));
 }
 
+TEST_F(FileTest, AFileThatNobodyMayWriteIsReadOnly) {
+  EXPECT_FALSE(IsReadOnlyFile(Path()));
+  folder_.WriteText("data", "x");
+  EXPECT_FALSE(IsReadOnlyFile(Path()));
+  std::filesystem::permissions(folder_.File("data"), std::filesystem::perms::owner_read);
+  EXPECT_TRUE(IsReadOnlyFile(Path()));
+  EXPECT_FALSE(IsReadOnlyFile(folder_.path())) << "no file";
+}
+
 TEST_F(FileTest, SizeAndKindAreToldWithoutOpening) {
   EXPECT_EQ(SizeOfFile(Path()), 0);
   EXPECT_FALSE(IsOtherThanFile(Path()));
