@@ -9,7 +9,10 @@
 #include <utility>
 #include <vector>
 
+#include "db/file_names.h"
+#include "db/journal.h"
 #include "db/record_format.h"
+#include "db/unit_of_work.h"
 #include "platform/file.h"
 #include "platform/text_file.h"
 #include "search/search_format.h"
@@ -92,9 +95,23 @@ int ReadItems(Reader& reader, std::vector<SearchResultItem>& items) {
   }
 }
 
+// The journal of the data folder, in which that of the results stands; nothing for a file anywhere
+// else. What was left in the middle is to be rolled back before results change, not after: a
+// restore has them in its journal.
+std::optional<std::string> JournalAbove(const std::string& path) {
+  constexpr std::string_view kFolder = kResultsFolder;
+  const std::size_t name = path.find_last_of("\\/");
+  if (name == std::string::npos) return std::nullopt;
+  const std::string_view folder = std::string_view(path).substr(0, name);
+  if (!folder.ends_with(kFolder)) return std::nullopt;
+  const std::string_view above = folder.substr(0, folder.size() - kFolder.size());
+  const bool is_whole_name = above.empty() || above.ends_with('/') || above.ends_with('\\');
+  return is_whole_name ? std::optional(JournalBeside(above)) : std::nullopt;
+}
+
 }  // namespace
 
-int WriteSearchResults(const SearchResultList& list, const std::string& path) {
+std::vector<std::byte> EncodeSearchResults(const SearchResultList& list) {
   std::vector<std::byte> bytes;
   Put(bytes, FILE_MAGIC);
   for (const SearchResultItem& item : list.items()) {
@@ -105,7 +122,17 @@ int WriteSearchResults(const SearchResultList& list, const std::string& path) {
     for (const ItemText text : kTextsInOrder) PutText(bytes, item.*text);
   }
   Put(bytes, END_MARK);
-  return platform::ReplaceFile(path, bytes) ? 0 : ERR_OPEN;
+  return bytes;
+}
+
+int WriteSearchResults(const SearchResultList& list, const std::string& path) {
+  const std::vector<std::byte> bytes = EncodeSearchResults(list);
+  const auto journal = JournalAbove(path);
+  if (!journal) return platform::ReplaceFile(path, bytes) ? 0 : ERR_OPEN;
+  if (RollBackJournal(*journal) != 0) return ERR_OPEN;
+  UnitOfWork work(*journal);
+  work.Replace(path, bytes);
+  return work.Commit() == 0 ? 0 : ERR_OPEN;
 }
 
 int ReadSearchResults(SearchResultList& list, const std::string& path) {

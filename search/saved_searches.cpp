@@ -46,19 +46,6 @@ std::string StoredWords(const std::string& words) {
   return words.substr(0, std::min(words.find('\0'), layout::kWordsSize - 1));
 }
 
-// Writes the entry behind its new number.
-int AppendEntry(const std::string& index_path, SavedSearch& search) {
-  const std::string journal = JournalBeside(index_path);
-  UnitOfWork work(journal);
-  AppendPlace place;
-  int code = RollBackJournal(journal);
-  if (code == 0) code = OpenForAppend(work, index_path, layout::kSize, kInitialSearchNumber, place);
-  if (code == 0) code = NoteNextId(work, place, search.Number);
-  if (code != 0) return code;
-  NoteRecords(work, place, Encode(search), layout::kSize);
-  return work.Commit();
-}
-
 }  // namespace
 
 void SavedSearches::SetPaths(std::string index_path, std::string results_folder) {
@@ -73,16 +60,45 @@ std::string SavedSearches::ResultsPath(std::int32_t number) const {
 std::int32_t SavedSearches::SaveSearch(std::int32_t category_id, const std::string& words,
                                        const SearchResultList* results) {
   SavedSearch search{0, category_id, TodayStamp(), StoredWords(words)};
-  if (const int code = AppendEntry(index_path_, search); code != 0) return code;
+  int code = 0;
+  int code_of_results = 0;
+  if (results == nullptr) {
+    code = WriteEntry(search, nullptr, code_of_results);
+  } else {
+    SearchResultList written = *results;
+    written.SortByPrice();
+    written.NumberItems();
+    const std::vector<std::byte> bytes = EncodeSearchResults(written);
+    code = WriteEntry(search, &bytes, code_of_results);
+    if (code_of_results != 0) {
+      int none = 0;
+      code = WriteEntry(search, nullptr, none);
+    }
+  }
+  if (code != 0) return code;
   if (filter_.Passes(search.Date)) searches_.push_back(search);
-  if (results == nullptr) return search.Number;
+  return code_of_results != 0 ? code_of_results : search.Number;
+}
 
-  SearchResultList written = *results;
-  written.SortByPrice();
-  written.NumberItems();
-  if (!platform::CreateFolder(results_folder_)) return ERR_OPEN;
-  const int code = WriteSearchResults(written, ResultsPath(search.Number));
-  return code != 0 ? code : search.Number;
+int SavedSearches::WriteEntry(SavedSearch& search, const std::vector<std::byte>* results,
+                              int& code_of_results) const {
+  const std::string journal = JournalBeside(index_path_);
+  UnitOfWork work(journal);
+  AppendPlace place;
+  int code = RollBackJournal(journal);
+  if (code == 0) {
+    code = OpenForAppend(work, index_path_, layout::kSize, kInitialSearchNumber, place);
+  }
+  if (code == 0) code = NoteNextId(work, place, search.Number);
+  if (code != 0) return code;
+  NoteRecords(work, place, Encode(search), layout::kSize);
+  if (results != nullptr) {
+    if (!platform::CreateFolder(results_folder_)) return code_of_results = ERR_OPEN;
+    work.Replace(ResultsPath(search.Number), *results);
+  }
+  code = work.Commit();
+  if (code != 0 && !work.refused_path().empty()) code_of_results = ERR_OPEN;
+  return code;
 }
 
 int SavedSearches::LoadSavedSearches(const SavedSearchFilter& filter) {

@@ -1,6 +1,7 @@
 // The saved searches: their index "websearch.dat" and the results file of each.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -46,8 +47,10 @@ class SavedSearches {
   ///
   /// The number (kept: the first ever is 2); ERR_OPEN; ERR_IO for a wrong magic, an index too short
   /// for one, used up numbers or a failed write; ERR_FORMAT for an index that does not end with an
-  /// end mark behind whole entries, to which nothing is added that no load would find. When only
-  /// the results cannot be written, the code of that; the entry stays.
+  /// end mark behind whole entries, to which nothing is added that no load would find. Entry and
+  /// results are one unit of work: with any of these codes, and whenever the program ends, both are
+  /// there or neither. Kept: when the results alone cannot be written - their folder cannot be
+  /// made, their file is refused - the code of that, and the entry stays without them.
   [[nodiscard]] std::int32_t SaveSearch(std::int32_t category_id, const std::string& words,
                                         const SearchResultList* results);
 
@@ -68,6 +71,11 @@ class SavedSearches {
   [[nodiscard]] std::string ResultsPath(std::int32_t number) const;
 
  private:
+  /// Writes the entry behind its new number, and the results with it. 0 or a code;
+  /// `code_of_results` when it was the results that could not be written.
+  [[nodiscard]] int WriteEntry(SavedSearch& search, const std::vector<std::byte>* results,
+                               int& code_of_results) const;
+
   std::string index_path_;
   std::string results_folder_;
   SavedSearchFilter filter_;

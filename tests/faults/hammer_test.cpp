@@ -34,6 +34,7 @@ constexpr std::int64_t kNoon = 1714996800;  // Monday 2024-05-06
 constexpr int kPrograms = 4;
 constexpr int kRounds = 24;
 constexpr int kVictimsEvery = 3;  // rounds
+constexpr int kRewrites = 2;      // of the results of a search
 
 /// "P2.7": what program 2 did in round 7.
 std::string Name(char kind, int program, int round) {
@@ -61,6 +62,7 @@ class Hammer {
   }
 
   [[nodiscard]] int collisions() const { return collisions_; }
+  [[nodiscard]] int changes() const { return changes_; }
 
  private:
   /// Until it is done; `attempt` gives 0 or the code, which must be that of a collision.
@@ -73,6 +75,7 @@ class Hammer {
       ++collisions_;
       sched_yield();
     }
+    ++changes_;
   }
   /// The same for an operation that gives its result or nothing.
   template <typename Attempt>
@@ -86,6 +89,7 @@ class Hammer {
       ++collisions_;
       sched_yield();
     }
+    ++changes_;
     return *result;
   }
   /// So often nobody collides; what fails then fails for another reason.
@@ -102,6 +106,7 @@ class Hammer {
   std::string folder_;
   int program_;
   int collisions_ = 0;
+  int changes_ = 0;  // and looks
   ShoppingDatabase database_;
   SearchManager searches_;
 };
@@ -161,6 +166,14 @@ void Hammer::SaveSearch(int round) {
     number = searches_.saved_searches().SaveSearch(program_, *item.Title, &results);
     return CodeOf(number);
   });
+  // Each result that is added is one that somebody asked for, whatever the others do meanwhile.
+  const std::string path = searches_.saved_searches().ResultsPath(number);
+  for (int time = 1; time <= kRewrites; ++time) {
+    Insist("a look at results", [&] { return ReadSearchResults(results, path); });
+    item.Text = std::to_string(time);
+    results.Append({item});
+    Insist("results written again", [&] { return WriteSearchResults(results, path); });
+  }
   if (round % 2 == 1) {
     Insist("the end of a search",
            [&] { return CodeOf(searches_.saved_searches().DeleteSavedSearch(number)); });
@@ -197,6 +210,14 @@ void Hammer::LeaveAVictim(int round) {
       fields.store = NameRef{0, Name('W', program_, 100 * round + i)};
       const auto added = database_.products().Add(kProductKind, fields);
       if (added) (void)database_.products().Mark(kProductKind, added->Id, kProductPurchased);
+      SearchResultList results;
+      SearchResultItem item;
+      item.Title = fields.name;
+      results.Append({item});
+      const std::int32_t number =
+          searches_.saved_searches().SaveSearch(program_, fields.name, &results);
+      if (number < 1) continue;
+      (void)WriteSearchResults(results, searches_.saved_searches().ResultsPath(number));
     }
   }
   int status = 0;
@@ -315,9 +336,14 @@ void HammerTest::ExpectSearches() {
     EXPECT_TRUE(words.insert(search.Words).second) << search.Words;
     SearchResultList results;
     EXPECT_EQ(ReadSearchResults(results, saved.ResultsPath(search.Number)), 0);
-    ASSERT_EQ(results.size(), 1U);
-    EXPECT_EQ(results.items().front().Title, search.Words);
+    const bool is_victims = search.Words.starts_with("V");
+    ASSERT_EQ(results.size(), is_victims ? 1U : 1U + kRewrites) << search.Words;
+    for (const SearchResultItem& item : results.items()) EXPECT_EQ(item.Title, search.Words);
+    for (int time = 1; time <= kRewrites && !is_victims; ++time) {
+      EXPECT_EQ(results.items()[static_cast<std::size_t>(time)].Text, std::to_string(time));
+    }
   }
+  std::erase_if(words, [](const std::string& one) { return one.starts_with("V"); });
   EXPECT_EQ(words.size(), static_cast<std::size_t>(kPrograms * kRounds / 2));
 }
 
@@ -331,7 +357,8 @@ TEST_F(HammerTest, FourProgramsOnOneFolderLoseNothing) {
       const SystemCallsInUse in_use(without_waiting);
       Hammer hammer(folder_.path(), program);
       hammer.Run();
-      std::cout << "program " << program << ": " << hammer.collisions() << " collisions\n"
+      std::cout << "program " << program << ": " << hammer.changes() << " changes and looks, "
+                << hammer.collisions() << " collisions\n"
                 << std::flush;
       _exit(0);
     }

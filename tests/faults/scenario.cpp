@@ -119,6 +119,10 @@ Trial::Trial(const Scenario& scenario, const TempFolder& folder)
     }
     states_.push_back(std::move(state));
   }
+  refused_state_ = old_files_;
+  for (const std::string& name : scenario.left_when_refused) {
+    refused_state_[name] = new_files.at(name);
+  }
   if (!scenario.judge) what_is_wrong_ += Difference(new_files, states_.back());
 }
 
@@ -132,6 +136,8 @@ std::string Trial::Judge(Outcome outcome) const {
 
 std::string Trial::JudgeStates(Outcome outcome) const {
   const Snapshot files = TakeSnapshot(folder_.path());
+  const bool may_be_refused = outcome == Outcome::kFailed || outcome == Outcome::kFailedForGood;
+  if (may_be_refused && files == refused_state_) return "";
   const auto found = std::find(states_.begin(), states_.end(), files);
   if (found == states_.end()) {
     return "no state of the operation:" + Difference(files, states_.back());

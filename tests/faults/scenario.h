@@ -40,6 +40,10 @@ struct Scenario {
   /// could not be synced, and the operation said that it failed.
   bool may_stand_unconfirmed = false;
 
+  /// The files of the step that change nevertheless when a call fails which only the others need,
+  /// and the operation says that it failed.
+  std::set<std::string> left_when_refused = {};
+
   /// Instead of whole states: says what is wrong in the folder, nothing when all is well.
   std::function<std::string(const std::string& folder, bool succeeded)> judge = {};
 };
@@ -64,7 +68,12 @@ class Trial {
   void Begin() const { Restore(folder_.path(), prepared_files_); }
   [[nodiscard]] bool Run() const { return scenario_.run(folder_.path()); }
 
-  enum class Outcome { kSucceeded, kFailed, kUnknown };
+  enum class Outcome {
+    kSucceeded,
+    kFailed,
+    kFailedForGood,  ///< the device fails on: it is not known what could be put back
+    kUnknown,        ///< the program ended
+  };
 
   /// Opens the database and compares with the states. Empty when all is well.
   [[nodiscard]] std::string Judge(Outcome outcome) const;
@@ -77,6 +86,7 @@ class Trial {
   Snapshot prepared_files_;
   Snapshot old_files_;
   std::vector<Snapshot> states_;  // old, after the first step, ...
+  Snapshot refused_state_;
   std::string what_is_wrong_;
 };
 

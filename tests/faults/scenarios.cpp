@@ -203,10 +203,13 @@ void KeepSearches(std::vector<Scenario>& all) {
     if (!SaveSearch(folder.path())) Fail();
     std::filesystem::remove(folder.File("backup.dat"));
   };
-  all.push_back(
-      {"first search saved", Lists, SaveSearch, {{"websearch.dat"}, {"WebSearch/2.dat"}}});
-  all.push_back(
-      {"another search saved", saved, SaveSearch, {{"websearch.dat"}, {"WebSearch/3.dat"}}});
+  Scenario first{"first search saved", Lists, SaveSearch, {{"websearch.dat", "WebSearch/2.dat"}}};
+  Scenario another{
+      "another search saved", saved, SaveSearch, {{"websearch.dat", "WebSearch/3.dat"}}};
+  for (Scenario* save : {&first, &another}) {
+    save->left_when_refused = {"websearch.dat"};
+    all.push_back(std::move(*save));
+  }
   const auto remove = [](const std::string& folder) {
     SearchManager manager;
     return manager.SetSearchFolder(folder) == 0 &&

@@ -58,7 +58,7 @@ void Striker::FailCalls(Fault fault, bool lasting) {
     if (!calls.has_struck()) continue;  // a short transfer applies to few calls
     // With a device that fails for good nothing can be put back: the new state may stand then,
     // although nobody was told that it does.
-    const Outcome failed = lasting ? Outcome::kUnknown : Outcome::kFailed;
+    const Outcome failed = lasting ? Outcome::kFailedForGood : Outcome::kFailed;
     Expect(succeeded ? Outcome::kSucceeded : failed,
            "fault " + std::to_string(static_cast<int>(fault)) +
                (lasting ? " from call " : " at call ") + std::to_string(k));

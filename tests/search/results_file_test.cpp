@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
+#include <vector>
 
+#include "db/journal_format.h"
 #include "platform/file.h"
 #include "tests/search/raw_searches.h"
 #include "tests/support/temp_folder.h"
@@ -130,6 +133,38 @@ TEST_F(ResultsFileTest, FileHeldBySomeoneElseIsNotOpenedAndNotReplaced) {
   EXPECT_EQ(WriteSearchResults(list_, Path()), ERR_OPEN);
   held.Close();
   EXPECT_EQ(folder_.Read("7.dat"), GoldenBytes());
+}
+
+TEST_F(ResultsFileTest, AChangeLeftInTheMiddleIsRolledBackBeforeTheFileIsWritten) {
+  std::filesystem::create_directory(folder_.File("WebSearch"));
+  folder_.WriteText("product.dat", "XX");
+  folder_.Write("backup.dat", EncodeJournal(std::vector<UndoRecord>{
+                                  {UndoKind::kOverwritten, "product.dat", 2, 0, Hex("41 42")},
+                                  {UndoKind::kReplaced, "WebSearch/7.dat", 1, 0, Hex("43")}}));
+  list_.Clear();
+  list_.Append({GoldenItem()});
+  EXPECT_EQ(WriteSearchResults(list_, folder_.path() + "\\WebSearch\\7.dat"), 0);
+  EXPECT_EQ(folder_.ReadText("product.dat"), "AB");
+  EXPECT_EQ(folder_.Read("backup.dat"), EncodeEmptyJournal());
+  EXPECT_EQ(folder_.Read("WebSearch/7.dat"), GoldenBytes());
+}
+
+TEST_F(ResultsFileTest, WhileSomeoneHoldsTheJournalNothingIsWritten) {
+  std::filesystem::create_directory(folder_.File("WebSearch"));
+  folder_.WriteText("WebSearch/7.dat", "old");
+  folder_.Write("backup.dat", EncodeEmptyJournal());
+  platform::File held;
+  ASSERT_TRUE(held.Open(folder_.File("backup.dat"), platform::File::Mode::kRead));
+  EXPECT_EQ(WriteSearchResults(list_, folder_.path() + "\\WebSearch\\7.dat"), ERR_OPEN);
+  EXPECT_EQ(folder_.ReadText("WebSearch/7.dat"), "old");
+}
+
+TEST_F(ResultsFileTest, OutsideAFolderOfResultsThereIsNoJournal) {
+  std::filesystem::create_directory(folder_.File("MyWebSearch"));
+  for (const char* path : {"\\7.dat", "\\MyWebSearch\\7.dat"}) {
+    EXPECT_EQ(WriteSearchResults(list_, folder_.path() + path), 0);
+  }
+  EXPECT_FALSE(folder_.Read("backup.dat"));
 }
 
 TEST_F(ResultsFileTest, FolderThatIsMissingIsAnError) {
