@@ -9,7 +9,10 @@
 namespace brovanta {
 
 BackupAtStart::BackupAtStart(const std::string& data_folder, QWidget& window)
-    : backup_(data_folder.empty() ? "." : data_folder) {
+    : BackupAtStart(data_folder, window, [](Work work) { return std::jthread(std::move(work)); }) {}
+
+BackupAtStart::BackupAtStart(const std::string& data_folder, QWidget& window, StartThread start)
+    : backup_(data_folder.empty() ? "." : data_folder), start_(std::move(start)) {
   window.installEventFilter(this);
 }
 
@@ -30,7 +33,7 @@ void BackupAtStart::Begin() {
   if (!snapshot) return;
   // Without a copy the program goes on as before; brovanta-data tells which copies there are.
   try {
-    writer_ = std::jthread([this, data = *std::move(snapshot)](const std::stop_token& stop) {
+    writer_ = start_([this, data = *std::move(snapshot)](const std::stop_token& stop) {
       static_cast<void>(backup_.Keep(data, stop));
     });
   } catch (const std::system_error&) {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <thread>
 
@@ -19,8 +21,14 @@ namespace brovanta {
 /// left. Once, for one window.
 class BackupAtStart : public QObject {
  public:
+  using Work = std::function<void(const std::stop_token&)>;
+  /// Starts the work on a thread of its own; throws std::system_error when none can be had.
+  using StartThread = std::function<std::jthread(Work)>;
+
   /// `data_folder` is a native path, "" the working folder. `window` outlives this.
   BackupAtStart(const std::string& data_folder, QWidget& window);
+  /// With another way to start threads.
+  BackupAtStart(const std::string& data_folder, QWidget& window, StartThread start);
   ~BackupAtStart() override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -29,6 +37,7 @@ class BackupAtStart : public QObject {
   void Begin();
 
   DailyBackup backup_;
+  StartThread start_;
   bool painted_ = false;
   std::jthread writer_;
 };

@@ -17,6 +17,8 @@ namespace {
 
 using platform::File;
 
+constexpr char kNoRoom[] = "there is hardly any room left on the device";
+
 // Where the data folder is or was, without a slash at its end.
 std::string AbsoluteFolder(const std::string& folder) {
   std::string absolute = platform::CanonicalFolder(folder);
@@ -35,10 +37,25 @@ bool WriteWhole(const std::string& path, const std::string& text) {
          file.WriteAt(0, std::as_bytes(std::span(text))) && file.Sync();
 }
 
+// What the copy takes on the device: whole blocks for each file, and one for each folder.
+std::uint64_t RoomFor(const DataSnapshot& snapshot) {
+  constexpr std::uint64_t kBlock = 4096;
+  std::uint64_t room = 3 * kBlock;
+  for (const auto& [name, bytes] : snapshot) room += (bytes.size() / kBlock + 1) * kBlock;
+  return room;
+}
+
+// True as well where the system does not tell: then a full device shows when it is written to.
+bool HasRoom(const std::string& folder, std::uint64_t bytes) {
+  const auto free = platform::FreeSpaceAt(folder);
+  return !free || *free >= bytes;
+}
+
 bool WriteAll(const std::string& folder, const DataSnapshot& snapshot,
               const std::stop_token& stop) {
   std::set<std::string> folders{folder};
   if (!platform::CreateFolder(folder)) return false;
+  if (!HasRoom(folder, RoomFor(snapshot) + BackupFolder::kRoomToLeave)) return false;
   for (const auto& [name, bytes] : snapshot) {
     if (stop.stop_requested()) return false;
     const std::string path = std::string(folder).append("/").append(name);
@@ -87,10 +104,12 @@ bool BackupFolder::Has(const std::string& name) const {
 std::string BackupFolder::Obstacle() const {
   if (platform::FileExists(path_)) {
     if (!platform::IsFolder(path_)) return "something else than a folder stands there";
-    return platform::IsWritableFolder(path_) ? "" : "the folder may not be written";
+    if (!platform::IsWritableFolder(path_)) return "the folder may not be written";
+    return HasRoom(path_, kRoomToLeave) ? "" : kNoRoom;
   }
   const std::string above = path_.substr(0, path_.rfind('/') + 1);
-  return platform::IsWritableFolder(above) ? "" : "the folder cannot be made";
+  if (!platform::IsWritableFolder(above)) return "the folder cannot be made";
+  return HasRoom(above, kRoomToLeave) ? "" : kNoRoom;
 }
 
 bool BackupFolder::Keep(const std::string& name, const DataSnapshot& snapshot,

@@ -34,10 +34,14 @@ class BackupFolder {
   [[nodiscard]] std::vector<BackupCopy> Copies() const;
   [[nodiscard]] bool Has(const std::string& name) const;
 
+  /// So much room a copy leaves on the device, for the data files themselves.
+  static constexpr std::uint64_t kRoomToLeave = std::uint64_t{16} << 20;
+
   /// Why no copy can be made here, in words; empty when one can.
   [[nodiscard]] std::string Obstacle() const;
 
-  /// Keeps the snapshot as a copy of this name, which must be free. When the result is true it has
+  /// Keeps the snapshot as a copy of this name, which must be free, unless that would leave less
+  /// than kRoomToLeave on the device. When the result is true it has
   /// reached the storage device; otherwise it stands whole, but the next power loss may take it
   /// away, or only something under another name, which ClearAway removes. Ends early, with false,
   /// when it is asked to stop.

@@ -54,6 +54,12 @@ bool IsWritableFolder(const std::string& path) {
   return IsFolder(path) && faccessat(AT_FDCWD, path.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
+std::optional<std::uint64_t> FreeSpaceAt(const std::string& folder) {
+  std::uint64_t bytes = 0;
+  if (Calls().FreeSpace(folder.c_str(), bytes) != 0) return std::nullopt;
+  return bytes;
+}
+
 std::string CanonicalFolder(const std::string& path) {
   if (!IsFolder(path)) return {};
   const std::unique_ptr<char, decltype(&std::free)> name(realpath(path.c_str(), nullptr),

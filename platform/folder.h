@@ -1,6 +1,7 @@
 // Whole folders: what is in them, who has them, how they go. Paths are native.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +17,10 @@ namespace brovanta::platform {
 
 /// Whether files can be made in the folder.
 [[nodiscard]] bool IsWritableFolder(const std::string& path);
+
+/// The bytes that can still be written on the device of the folder; nothing when the system does
+/// not tell.
+[[nodiscard]] std::optional<std::uint64_t> FreeSpaceAt(const std::string& folder);
 
 /// The folder's one absolute name, without links and dots; empty when there is no such folder.
 [[nodiscard]] std::string CanonicalFolder(const std::string& path);

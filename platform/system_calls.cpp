@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -74,6 +75,13 @@ int SystemCalls::ListFolder(const char* path, std::vector<std::string>& names) {
   closedir(folder);
   errno = error;
   return error == 0 ? 0 : -1;
+}
+
+int SystemCalls::FreeSpace(const char* path, std::uint64_t& bytes) {
+  struct statvfs status {};
+  if (statvfs(path, &status) != 0) return -1;
+  bytes = static_cast<std::uint64_t>(status.f_bavail) * status.f_frsize;
+  return 0;
 }
 
 SystemCalls& Calls() {

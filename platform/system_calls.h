@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,8 @@ class SystemCalls {
   virtual int RemoveFolder(const char* path);  ///< rmdir
   /// Adds the names in the folder, but for "." and "..", in no order. 0 or -1.
   virtual int ListFolder(const char* path, std::vector<std::string>& names);
+  /// The bytes that a program without special rights may still write there. 0 or -1.
+  virtual int FreeSpace(const char* path, std::uint64_t& bytes);  ///< statvfs
 };
 
 /// The calls in use.

@@ -5,6 +5,8 @@
 #include <QTest>
 #include <QWidget>
 #include <filesystem>
+#include <system_error>
+#include <thread>
 
 #include "data/backup_folder.h"
 #include "data/backup_names.h"
@@ -70,6 +72,25 @@ TEST_F(BackupAtStartTest, AHeldFileOrAnUnwritablePlaceDoesNoHarm) {
   }
   EXPECT_EQ(folder_.ReadText("data.backups"), "in the way");
   EXPECT_EQ(folder_.ReadText("data/product.dat"), "entries");
+}
+
+TEST_F(BackupAtStartTest, WithoutAThreadTheProgramGoesOnAndTheNextStartTriesAgain) {
+  int asked = 0;
+  {
+    const BackupAtStart backup(data_, window_, [&asked](const BackupAtStart::Work&) {
+      ++asked;
+      throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again));
+      return std::jthread();
+    });
+    window_.show();
+    EXPECT_TRUE(QTest::qWaitFor([&asked] { return asked == 1; }, kPatience));
+    platform::File file;
+    EXPECT_TRUE(file.Open(data_ + "/product.dat", platform::File::Mode::kReadWrite));
+  }
+  EXPECT_FALSE(HasCopy());
+  const BackupAtStart next(data_, window_);
+  window_.repaint();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return HasCopy(); }, kPatience));
 }
 
 TEST_F(BackupAtStartTest, EndingAtOnceLeavesAWholeCopyOrNone) {

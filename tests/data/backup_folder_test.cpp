@@ -70,6 +70,55 @@ TEST_F(BackupFolderTest, KeepsEveryByteForItsOwnerAlone) {
   EXPECT_THAT(Everything(), ElementsAre("2026-11-21"));
 }
 
+/// A device with so many bytes left.
+class NarrowDevice : public platform::SystemCalls {
+ public:
+  explicit NarrowDevice(std::uint64_t free) : free_(free) {}
+  int FreeSpace(const char* /*path*/, std::uint64_t& bytes) override {
+    bytes = free_;
+    return 0;
+  }
+
+ private:
+  std::uint64_t free_;
+};
+
+TEST_F(BackupFolderTest, ACopyLeavesRoomForTheDataFiles) {
+  // Two files of one block each, three folders, and 16 MiB.
+  constexpr std::uint64_t kEnough = 5 * 4096 + (std::uint64_t{16} << 20);
+  {
+    NarrowDevice device(kEnough - 1);
+    const platform::SystemCallsInUse in_use(device);
+    EXPECT_FALSE(backups_.Keep("2026-11-21", snapshot_));
+  }
+  EXPECT_THAT(Everything(), IsEmpty());
+  NarrowDevice device(kEnough);
+  const platform::SystemCallsInUse in_use(device);
+  EXPECT_TRUE(backups_.Keep("2026-11-21", snapshot_));
+}
+
+TEST_F(BackupFolderTest, AFullDeviceIsAnObstacle) {
+  const char* const words = "there is hardly any room left on the device";
+  for (const bool stands : {false, true}) {
+    if (stands) fs::create_directory(backups_.path());
+    NarrowDevice full((std::uint64_t{16} << 20) - 1);
+    const platform::SystemCallsInUse in_use(full);
+    EXPECT_EQ(backups_.Obstacle(), words);
+  }
+  EXPECT_EQ(backups_.Obstacle(), "");
+}
+
+TEST_F(BackupFolderTest, WhereTheSystemDoesNotTellTheRoomACopyIsTried) {
+  class Silent : public platform::SystemCalls {
+   public:
+    int FreeSpace(const char* /*path*/, std::uint64_t& /*bytes*/) override { return -1; }
+  };
+  Silent silent;
+  const platform::SystemCallsInUse in_use(silent);
+  EXPECT_EQ(backups_.Obstacle(), "");
+  EXPECT_TRUE(backups_.Keep("2026-11-21", snapshot_));
+}
+
 TEST_F(BackupFolderTest, ListsCopiesAndNothingElse) {
   EXPECT_THAT(backups_.Copies(), IsEmpty());
   ASSERT_TRUE(backups_.Keep("2026-11-21", snapshot_));

@@ -103,6 +103,15 @@ TEST(FolderLockTest, KeepsASecondOneOutUntilItIsReleased) {
   EXPECT_EQ(second.Take(folder.path()), Outcome::kTaken);
 }
 
+TEST(FreeSpaceAtTest, IsToldForAFolderThatStands) {
+  const test::TempFolder folder;
+  EXPECT_TRUE(FreeSpaceAt(folder.path()));
+  EXPECT_FALSE(FreeSpaceAt(folder.File("missing")));
+  test::FaultyCalls calls(test::Fault::kIo, 1);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_FALSE(FreeSpaceAt(folder.path()));
+}
+
 TEST(FolderLockTest, EndsWithTheObjectAndMovesWithIt) {
   const test::TempFolder folder;
   FolderLock other;

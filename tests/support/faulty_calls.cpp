@@ -134,4 +134,8 @@ int FaultyCalls::ListFolder(const char* path, std::vector<std::string>& names) {
   return Unless([&] { return SystemCalls::ListFolder(path, names); });
 }
 
+int FaultyCalls::FreeSpace(const char* path, std::uint64_t& bytes) {
+  return Unless([&] { return SystemCalls::FreeSpace(path, bytes); });
+}
+
 }  // namespace brovanta::test

@@ -46,6 +46,7 @@ class FaultyCalls : public platform::SystemCalls {
   int MakeFolder(const char* path, mode_t mode) override;
   int RemoveFolder(const char* path) override;
   int ListFolder(const char* path, std::vector<std::string>& names) override;
+  int FreeSpace(const char* path, std::uint64_t& bytes) override;
 
  private:
   /// Counts; whether this call meets with the fault.
