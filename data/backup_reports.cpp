@@ -1,5 +1,8 @@
 #include "data/backup_reports.h"
 
+#include <utility>
+
+#include "data/data_snapshot.h"
 #include "util/json_writer.h"
 #include "util/readable_text.h"
 
@@ -14,11 +17,28 @@ const char* KindOf(const BackupCopy& copy) { return copy.is_daily ? "daily" : "b
 
 }  // namespace
 
+BackupsReport ReportBackups(const std::string& folder) {
+  const BackupFolder backups(folder);
+  BackupsReport report{folder, backups.path(), backups.Obstacle(), {}};
+  for (BackupCopy& copy : backups.Copies()) {
+    DataSnapshot snapshot;
+    std::string refused;
+    const SnapshotResult result = TakeDataSnapshot(backups.PathOf(copy.name), snapshot, refused);
+    if (result == SnapshotResult::kTaken) refused.clear();
+    report.copies.push_back({std::move(copy), std::move(refused)});
+  }
+  return report;
+}
+
 std::string BackupsAsText(const BackupsReport& report) {
   std::string text;
-  for (const BackupCopy& copy : report.copies) {
+  for (const auto& [copy, unreadable] : report.copies) {
     text += copy.name + ": " + KindOf(copy) + ", " + Count(copy.files, "file") + ", " +
-            Count(static_cast<std::size_t>(copy.bytes), "byte") + "\n";
+            Count(static_cast<std::size_t>(copy.bytes), "byte");
+    if (!unreadable.empty()) {
+      text += "; CANNOT BE READ" + (unreadable == "." ? std::string() : ": " + Quoted(unreadable));
+    }
+    text += "\n";
   }
   if (report.copies.empty()) text += "There are no copies in " + Quoted(report.place) + ".\n";
   if (!report.obstacle.empty()) {
@@ -38,11 +58,18 @@ std::string BackupsAsJson(const BackupsReport& report) {
     json.Text(report.obstacle);
   }
   json.Key("copies").BeginArray();
-  for (const BackupCopy& copy : report.copies) {
+  for (const auto& [copy, unreadable] : report.copies) {
     json.BeginObject();
     json.Key("name").Text(copy.name).Key("kind").Text(KindOf(copy));
     json.Key("files").Number(copy.files);
-    json.Key("bytes").Number(static_cast<std::size_t>(copy.bytes)).EndObject();
+    json.Key("bytes").Number(static_cast<std::size_t>(copy.bytes));
+    json.Key("unreadable");
+    if (unreadable.empty()) {
+      json.Null();
+    } else {
+      json.Text(unreadable);
+    }
+    json.EndObject();
   }
   json.EndArray().EndObject();
   return json.text() + "\n";

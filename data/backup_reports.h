@@ -9,13 +9,22 @@
 
 namespace brovanta::data_tool {
 
+/// A copy that is listed, and the file in it that cannot be read: then it cannot be brought back.
+struct ListedCopy {
+  BackupCopy copy;
+  std::string unreadable;  ///< its name in the copy, "." for the copy itself; empty: none
+};
+
 /// The copies of a data folder, and whether more can be made.
 struct BackupsReport {
   std::string folder;
   std::string place;     ///< of the copies
   std::string obstacle;  ///< why no copy can be made, else empty
-  std::vector<BackupCopy> copies;
+  std::vector<ListedCopy> copies;
 };
+
+/// Reads each of the copies.
+[[nodiscard]] BackupsReport ReportBackups(const std::string& folder);
 
 [[nodiscard]] std::string BackupsAsText(const BackupsReport& report);
 [[nodiscard]] std::string BackupsAsJson(const BackupsReport& report);

@@ -1,9 +1,9 @@
 #include "data/commands.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
-#include "data/backup_folder.h"
 #include "data/backup_reports.h"
 #include "data/check_folder.h"
 #include "data/exit_status.h"
@@ -37,12 +37,14 @@ CommandEnd Check(const CommandLine& line) {
 
 CommandEnd Backups(const CommandLine& line) {
   const std::string& folder = line.arguments.front();
-  const BackupFolder backups(folder);
-  const BackupsReport report{folder, backups.path(), backups.Obstacle(), backups.Copies()};
+  const BackupsReport report = ReportBackups(folder);
   if (report.copies.empty() && !platform::IsFolder(folder)) {
     return NoFolder(folder, "there is no such folder, nor a copy of one");
   }
-  return {report.obstacle.empty() ? kGood : kBad,
+  const bool all_are_read =
+      std::all_of(report.copies.begin(), report.copies.end(),
+                  [](const ListedCopy& listed) { return listed.unreadable.empty(); });
+  return {report.obstacle.empty() && all_are_read ? kGood : kBad,
           AsJson(line) ? BackupsAsJson(report) : BackupsAsText(report),
           {}};
 }

@@ -76,21 +76,34 @@ std::optional<std::vector<std::string>> NamesOfData(const std::string& folder) {
 
 }  // namespace
 
-SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapshot) {
+SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapshot,
+                                std::string& refused) {
   snapshot.clear();
+  refused = std::string(".");
   if (!platform::IsFolder(folder)) return SnapshotResult::kFailed;
+  refused = std::string(kJournalFile);
   HeldJournal journal(folder + "/" + kJournalFile);
   SnapshotResult result = journal.Hold();
   if (result == SnapshotResult::kTaken) {
+    refused = std::string(kResultsFolder);
     const auto names = NamesOfData(folder);
     if (!names) result = SnapshotResult::kFailed;
     for (std::size_t i = 0; result == SnapshotResult::kTaken && i < names->size(); ++i) {
-      result = ReadInto(folder, (*names)[i], snapshot);
+      refused = (*names)[i];
+      result = ReadInto(folder, refused, snapshot);
     }
   }
-  if (result == SnapshotResult::kTaken && !journal.HeldAllTheTime()) result = SnapshotResult::kBusy;
+  if (result == SnapshotResult::kTaken) {
+    refused.clear();
+    if (!journal.HeldAllTheTime()) result = SnapshotResult::kBusy;
+  }
   if (result != SnapshotResult::kTaken) snapshot.clear();
   return result;
+}
+
+SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapshot) {
+  std::string refused;
+  return TakeDataSnapshot(folder, snapshot, refused);
 }
 
 bool HoldsNothing(const DataSnapshot& snapshot) {

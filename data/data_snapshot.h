@@ -19,7 +19,10 @@ enum class SnapshotResult {
 
 /// Reads all data files while it holds the journal, without which nobody changes more than one
 /// file. Changes nothing and never waits; `snapshot` is empty unless it is taken. A folder without
-/// data files gives an empty one.
+/// data files gives an empty one. `refused` is the name of the file that was not read, "." for the
+/// folder itself; empty when there is none to blame.
+[[nodiscard]] SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapshot,
+                                              std::string& refused);
 [[nodiscard]] SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapshot);
 
 /// Whether there is nothing in it that a user has entered or that an update has brought: no file at

@@ -52,16 +52,20 @@ bool FolderChange::TakeFolder() {
 }
 
 bool FolderChange::Read(const std::string& from, DataSnapshot& snapshot, const std::string& what) {
-  switch (TakeDataSnapshot(from, snapshot)) {
+  std::string refused;
+  const SnapshotResult result = TakeDataSnapshot(from, snapshot, refused);
+  const std::string file = refused.empty() || refused == "." ? "a file" : refused;
+  switch (result) {
     case SnapshotResult::kTaken:
       return true;
     case SnapshotResult::kBusy:
-      return Stop(Outcome::kInUse, "someone else has a file of " + what + " open");
+      return Stop(Outcome::kInUse,
+                  "someone else has " + file + " of " + what + " open, or it may not be read");
     case SnapshotResult::kUnfinished:
     case SnapshotResult::kFailed:
       break;
   }
-  return Stop(Outcome::kFailed, "a file of " + what + " cannot be read");
+  return Stop(Outcome::kFailed, file + " of " + what + " cannot be read");
 }
 
 bool FolderChange::ReadCurrent(const DataSnapshot& wanted) {
@@ -77,7 +81,9 @@ bool FolderChange::KeepCurrent() {
   end_.kept_as = BeforeRestoreName(today, number);
   if (backups_.Keep(end_.kept_as, current_)) return true;
   end_.kept_as.clear();
-  return Stop(Outcome::kFailed, "what stands there cannot be kept in " + backups_.path());
+  const std::string obstacle = backups_.Obstacle();
+  return Stop(Outcome::kFailed, "what stands there cannot be kept in " + backups_.path() +
+                                    (obstacle.empty() ? "" : ": " + obstacle));
 }
 
 bool FolderChange::Replace(const DataSnapshot& wanted) {
@@ -107,8 +113,10 @@ bool FolderChange::Replace(const DataSnapshot& wanted) {
     return Stop(Outcome::kUndecided,
                 "the files cannot be written; the next start of the program undoes what was done");
   }
+  const std::string& refused = work.refused_path();
+  const std::string file = refused.empty() ? "a file" : refused.substr(folder_.size() + 1);
   return code == ERR_OPEN
-             ? Stop(Outcome::kInUse, "someone else has a file open, or it may not be written")
+             ? Stop(Outcome::kInUse, "someone else has " + file + " open, or it may not be written")
              : Stop(Outcome::kFailed, "the files cannot be written");
 }
 

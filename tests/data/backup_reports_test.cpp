@@ -2,7 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "tests/support/json_reader.h"
+#include "tests/support/temp_folder.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -14,7 +17,7 @@ BackupsReport Sample() {
   return {"/data",
           "/data.backups",
           "",
-          {{"2026-11-20", true, 9, 5120}, {"2026-11-21.before-restore", false, 1, 12}}};
+          {{{"2026-11-20", true, 9, 5120}, ""}, {{"2026-11-21.before-restore", false, 1, 12}, ""}}};
 }
 
 TEST(BackupsReportTest, ListsCopiesForAPerson) {
@@ -32,14 +35,42 @@ TEST(BackupsReportTest, ListsCopiesForAPerson) {
 TEST(BackupsReportTest, ListsCopiesForAScript) {
   const auto json = test::ReadJson(BackupsAsJson(Sample()));
   ASSERT_TRUE(json);
-  EXPECT_THAT(*json, IsSupersetOf({Pair("folder", "/data"), Pair("place", "/data.backups"),
-                                   Pair("obstacle", "null"), Pair("copies[0].name", "2026-11-20"),
-                                   Pair("copies[0].kind", "daily"), Pair("copies[0].files", "9"),
-                                   Pair("copies[0].bytes", "5120"),
-                                   Pair("copies[1].kind", "before restore")}));
+  EXPECT_THAT(*json,
+              IsSupersetOf({Pair("folder", "/data"), Pair("place", "/data.backups"),
+                            Pair("obstacle", "null"), Pair("copies[0].name", "2026-11-20"),
+                            Pair("copies[0].kind", "daily"), Pair("copies[0].files", "9"),
+                            Pair("copies[0].bytes", "5120"), Pair("copies[0].unreadable", "null"),
+                            Pair("copies[1].kind", "before restore")}));
   BackupsReport none = Sample();
   none.obstacle = std::string("the place is full");
   EXPECT_EQ(test::ReadJson(BackupsAsJson(none))->at("obstacle"), "the place is full");
+}
+
+TEST(BackupsReportTest, NamesTheFileThatCannotBeRead) {
+  BackupsReport report = Sample();
+  report.copies[0].unreadable = "WebSearch/2.dat";
+  report.copies[1].unreadable = ".";
+  EXPECT_EQ(BackupsAsText(report),
+            "2026-11-20: daily, 9 files, 5120 bytes; CANNOT BE READ: \"WebSearch/2.dat\"\n"
+            "2026-11-21.before-restore: before restore, 1 file, 12 bytes; CANNOT BE READ\n");
+  const auto json = test::ReadJson(BackupsAsJson(report));
+  ASSERT_TRUE(json);
+  EXPECT_EQ(json->at("copies[0].unreadable"), "WebSearch/2.dat");
+  EXPECT_EQ(json->at("copies[1].unreadable"), ".");
+}
+
+TEST(BackupsReportTest, ReadsEveryCopy) {
+  const test::TempFolder folder;
+  const BackupFolder backups(folder.File("data"));
+  for (const char* name : {"2026-11-20", "2026-11-21"}) {
+    ASSERT_TRUE(backups.Keep(name, {{"store.lst", "a"}, {"WebSearch/2.dat", "b"}}));
+  }
+  std::filesystem::remove(backups.PathOf("2026-11-20") + "/WebSearch/2.dat");
+  std::filesystem::create_directory(backups.PathOf("2026-11-20") + "/WebSearch/2.dat");
+  const BackupsReport report = ReportBackups(folder.File("data"));
+  ASSERT_EQ(report.copies.size(), 2U);
+  EXPECT_EQ(report.copies[0].unreadable, "WebSearch/2.dat");
+  EXPECT_EQ(report.copies[1].unreadable, "");
 }
 
 TEST(RestoreReportTest, TellsWhatWasDone) {

@@ -41,7 +41,7 @@ TEST(DataPageTest, ShowsTheListOfCopies) {
     ASSERT_TRUE(backups.Keep(name, snapshot));
   }
   EXPECT_THAT(Page(), HasSubstr("$ brovanta-data backups ~/.local/share/brovanta\n" +
-                                BackupsAsText({"", "", "", backups.Copies()}) + "```"));
+                                BackupsAsText(ReportBackups(place.File("data"))) + "```"));
 }
 
 }  // namespace

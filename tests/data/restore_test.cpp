@@ -189,6 +189,31 @@ TEST_F(RestoreTest, IsRefusedWhenWhatIsThereCannotBeKept) {
   EXPECT_EQ(Data(), lived_);
 }
 
+TEST_F(RestoreTest, NamesTheFileThatItCannotRead) {
+  LiveOn();
+  const Files before = Data();
+  const std::string copy = folder_.File("data.backups/2026-11-21");
+  fs::remove(copy + "/WebSearch/4.dat");
+  fs::create_directory(copy + "/WebSearch/4.dat");
+  const RestoreEnd of_copy = RestoreCopy(data_, std::nullopt);
+  EXPECT_THAT(of_copy.words, HasSubstr("WebSearch/4.dat of the copy "));
+  fs::remove(copy + "/WebSearch/4.dat");
+  platform::File held;
+  ASSERT_TRUE(held.Open(data_ + "/store.lst", platform::File::Mode::kRead));
+  const RestoreEnd of_folder = RestoreCopy(data_, std::nullopt);
+  EXPECT_THAT(of_folder.words, HasSubstr("store.lst of the folder "));
+  held.Close();
+  EXPECT_EQ(Data(), before);
+}
+
+TEST_F(RestoreTest, NamesTheFileThatMayNotBeWritten) {
+  LiveOn();
+  fs::permissions(data_ + "/unit.lst", fs::perms::owner_read);
+  const RestoreEnd end = RestoreCopy(data_, std::nullopt);
+  EXPECT_EQ(end.outcome, Outcome::kInUse);
+  EXPECT_EQ(end.words, "someone else has unit.lst open, or it may not be written");
+}
+
 TEST_F(RestoreTest, AnEmptyCopyIsNotBroughtBack) {
   fs::remove_all(BackupFolder(data_).PathOf("2026-11-21"));
   fs::create_directory(BackupFolder(data_).PathOf("2026-11-21"));
