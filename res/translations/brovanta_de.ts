@@ -11,6 +11,18 @@
         <source>Month after</source>
         <translation>Nächster Monat</translation>
     </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Days</source>
+        <translation>Tage</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>Jahr</translation>
+    </message>
 </context>
 <context>
     <name>DateField</name>
@@ -169,6 +181,24 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
 </context>
 <context>
+    <name>MainForm</name>
+    <message>
+        <source>Shows one store or all</source>
+        <translation>Zeigt ein Geschäft oder alle</translation>
+    </message>
+    <message>
+        <source>Shows one category or all</source>
+        <translation>Zeigt eine Kategorie oder alle</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>Question</source>
+        <translation>Frage</translation>
+    </message>
+</context>
+<context>
     <name>OptionsForm</name>
     <message>
         <source>Options</source>
@@ -242,6 +272,17 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     <message>
         <source>in this month</source>
         <translation>in diesem Monat</translation>
+    </message>
+</context>
+<context>
+    <name>PickerForm</name>
+    <message>
+        <source>Shows one store or all</source>
+        <translation>Zeigt ein Geschäft oder alle</translation>
+    </message>
+    <message>
+        <source>Shows one category or all</source>
+        <translation>Zeigt eine Kategorie oder alle</translation>
     </message>
 </context>
 <context>
@@ -561,6 +602,10 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Web search</source>
+        <translation>Websuche</translation>
+    </message>
 </context>
 <context>
     <name>SearchProgressForm</name>
@@ -661,6 +706,10 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisierung</translation>
+    </message>
 </context>
 <context>
     <name>brovanta::AgentList</name>
@@ -671,6 +720,13 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     <message>
         <source>Status</source>
         <translation>Stand</translation>
+    </message>
+</context>
+<context>
+    <name>brovanta::CalendarPopup</name>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
     </message>
 </context>
 <context>
@@ -829,6 +885,10 @@ Please review and validate each discount applied.</source>
 <byte value="xd"/>
 Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translation>
     </message>
+    <message>
+        <source>Coupon %1</source>
+        <translation>Gutschein %1</translation>
+    </message>
 </context>
 <context>
     <name>brovanta::DiscountDialog</name>
@@ -912,6 +972,10 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
         <source>There was an error while saving the discount data to the database.</source>
         <translation>Beim Speichern des Rabatts in der Datenbank ist ein Fehler aufgetreten.</translation>
     </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
 </context>
 <context>
     <name>brovanta::ListFilters</name>
@@ -945,6 +1009,13 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
     <message>
         <source>There was an error while reading the database.</source>
         <translation>Beim Lesen der Datenbank ist ein Fehler aufgetreten.</translation>
+    </message>
+</context>
+<context>
+    <name>brovanta::NameCombo</name>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
     </message>
 </context>
 <context>
@@ -1067,6 +1138,10 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
         <source>View: %1</source>
         <translation>Ansicht: %1</translation>
     </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
 </context>
 <context>
     <name>brovanta::PickerBar</name>
@@ -1186,6 +1261,13 @@ Bitte laden Sie mit Aktualisieren die neueste Konfigurationsdatei der Suchagente
     <message>
         <source>You must first select the item category for the item that you want to search for.</source>
         <translation>Bitte wählen Sie zuerst die Kategorie des Artikels, den Sie suchen.</translation>
+    </message>
+</context>
+<context>
+    <name>brovanta::SearchHeader</name>
+    <message>
+        <source>Web search</source>
+        <translation>Websuche</translation>
     </message>
 </context>
 <context>
@@ -1364,6 +1446,10 @@ Bitte versuchen Sie die Suche noch einmal.</translation>
     <message>
         <source>Failed to update coupons.</source>
         <translation>Die Gutscheine ließen sich nicht aktualisieren.</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
     </message>
 </context>
 </TS>

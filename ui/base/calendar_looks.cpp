@@ -12,11 +12,16 @@
 namespace brovanta {
 namespace {
 
+void NamePart(QCalendarWidget& calendar, const char* part, const QString& name) {
+  if (auto* widget = calendar.findChild<QWidget*>(QLatin1String(part))) {
+    widget->setAccessibleName(name);
+  }
+}
+
 void NameArrow(QCalendarWidget& calendar, const char* part, const QString& name) {
+  NamePart(calendar, part, name);
   auto* arrow = calendar.findChild<QToolButton*>(QLatin1String(part));
-  if (arrow == nullptr) return;
-  arrow->setAccessibleName(name);
-  arrow->setToolTip(name);
+  if (arrow != nullptr) arrow->setToolTip(name);
 }
 
 }  // namespace
@@ -32,6 +37,9 @@ void DressCalendar(QCalendarWidget& calendar) {
   weekend.setForeground(theme::kText);
   calendar.setWeekdayTextFormat(Qt::Saturday, weekend);
   calendar.setWeekdayTextFormat(Qt::Sunday, weekend);
+  calendar.setAccessibleName(QCoreApplication::translate("Calendar", "Calendar"));
+  NamePart(calendar, "qt_calendar_calendarview", QCoreApplication::translate("Calendar", "Days"));
+  NamePart(calendar, "qt_calendar_yearedit", QCoreApplication::translate("Calendar", "Year"));
   NameArrow(calendar, "qt_calendar_prevmonth",
             QCoreApplication::translate("Calendar", "Month before"));
   NameArrow(calendar, "qt_calendar_nextmonth",

@@ -24,6 +24,7 @@ CalendarPopup::CalendarPopup(QWidget& screen, int control_id)
     : QWidget(&screen), screen_(screen), control_id_(control_id), frame_(new QWidget(this)) {
   SetDate(TodayDate());
   setObjectName(QStringLiteral("calendarPopup"));
+  setAccessibleName(tr("Calendar"));
   frame_->setObjectName(QStringLiteral("calendarFrame"));
   frame_->setAutoFillBackground(true);
   hide();

@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <QUrl>
 
+#include "ui/base/color_button_accessible.h"
 #include "ui/base/icons.h"
 #include "ui/base/theme.h"
 
@@ -35,6 +36,7 @@ bool OpenWebAddress(const QString& address) {
 }
 
 ColorButton::ColorButton(QWidget* parent) : QAbstractButton(parent) {
+  SpeakForColorButtons();
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   UseProgramColors();
@@ -129,12 +131,6 @@ void ColorButton::SetPointerOver(bool over) {
   if (over == pointer_over_) return;
   pointer_over_ = over;
   update();
-}
-
-bool ColorButton::event(QEvent* event) {
-  // Without a text, the tool tip is what a screen reader can say.
-  if (event->type() == QEvent::ToolTipChange && text().isEmpty()) setAccessibleName(toolTip());
-  return QAbstractButton::event(event);
 }
 
 void ColorButton::changeEvent(QEvent* event) {

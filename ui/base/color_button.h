@@ -76,7 +76,6 @@ class ColorButton : public QAbstractButton {
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
-  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
   void enterEvent(QEnterEvent* event) override;

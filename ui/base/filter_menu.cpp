@@ -28,6 +28,7 @@ QString ShortenedName(const QString& name) {
 std::unique_ptr<QMenu> BuildFilterMenu(int commands, const QString& all_text,
                                        const NameList& names) {
   auto menu = std::make_unique<QMenu>();
+  menu->setAccessibleName(all_text);
   AddCommand(*menu, all_text, commands);
   for (const auto& [id, item] : names) {
     if (item.Name.empty()) break;

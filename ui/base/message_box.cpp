@@ -38,12 +38,19 @@ class NarrowBox : public QMessageBox {
     const int icon = iconPixmap().isNull() ? 0 : theme::kMessageIconSize;
     const int natural = label->fontMetrics().size(0, text()).width();
     PlaceText(label);
+    NamePicture();
     label->setWordWrap(true);
     label->setMinimumWidth(qMin(natural + 1, kWidestBox - kAroundText - icon));
     layout()->activate();
     const int width = layout()->totalMinimumSize().width();
     setFixedSize(width, layout()->totalHeightForWidth(width));
     QCoreApplication::removePostedEvents(this, QEvent::LayoutRequest);
+  }
+
+  void NamePicture() {
+    auto* picture = findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
+    if (picture != nullptr)
+      picture->setAccessibleName(QCoreApplication::translate("Message", "Question"));
   }
 
   /// The text takes what the buttons leave, and without an icon no room is kept for one.

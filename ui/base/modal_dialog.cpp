@@ -2,7 +2,10 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -38,6 +41,22 @@ bool EnterPressesFocusedButton(const QDialog& dialog, const QKeyEvent& event) {
   return true;
 }
 
+namespace {
+
+/// A label speaks for the field that it stands before. The part of an editable list in which one
+/// types is a field of its own to screen readers.
+void NameTypedParts(QWidget& form) {
+  for (const QLabel* label : form.findChildren<QLabel*>()) {
+    const auto* box = qobject_cast<const QComboBox*>(label->buddy());
+    if (box == nullptr || box->lineEdit() == nullptr) continue;
+    QString name = label->text();
+    if (name.endsWith(QLatin1Char(':'))) name.chop(1);
+    box->lineEdit()->setAccessibleName(name);
+  }
+}
+
+}  // namespace
+
 ModalDialog::ModalDialog(QWidget* parent, int cancel_result)
     : QDialog(parent), cancel_result_(cancel_result) {
   setModal(true);
@@ -61,6 +80,7 @@ void ModalDialog::setVisible(bool visible) {
 
 void ModalDialog::Prepare() {
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
+  NameTypedParts(*this);
   for (QScrollArea* area : findChildren<QScrollArea*>()) {
     area->setFocusPolicy(Qt::NoFocus);
     QScroller::grabGesture(area->viewport(), QScroller::TouchGesture);

@@ -33,7 +33,7 @@ NameCombo::NameCombo(QWidget* parent) : QComboBox(parent) {
 
 void NameCombo::Fill(const NameList& names) {
   clear();
-  addItem(QString(), 0);
+  AddEmptyItem();
   for (const auto& [id, item] : names) addItem(WideText(item.Name.view()), id);
   setCurrentIndex(0);
 }
@@ -45,9 +45,14 @@ void NameCombo::FillSorted(const NameList& names) {
     return left.first.compare(right.first, Qt::CaseInsensitive) < 0;
   });
   clear();
-  addItem(QString(), 0);
+  AddEmptyItem();
   for (const auto& [name, id] : items) addItem(name, id);
   setCurrentIndex(0);
+}
+
+void NameCombo::AddEmptyItem() {
+  addItem(QString(), 0);
+  setItemData(count() - 1, tr("none"), Qt::AccessibleTextRole);
 }
 
 void NameCombo::SelectId(std::uint32_t id) {

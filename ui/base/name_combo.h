@@ -41,6 +41,7 @@ class NameCombo : public QComboBox {
   void Remember(const std::optional<NameRef>& reference);
 
  private:
+  void AddEmptyItem();
   [[nodiscard]] int FindItem() const;
 };
 

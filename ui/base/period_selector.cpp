@@ -31,6 +31,7 @@ PeriodSelector::PeriodSelector(ColorButton& view_button, ColorButton& heading_bu
       heading_button_(heading_button),
       calendar_(new CalendarPopup(screen, calendar_id)) {
   view_menu_.setObjectName(QStringLiteral("viewMenu"));
+  view_menu_.setAccessibleName(tr("View"));
   for (const ViewMode& mode : kViewModes) {
     QAction* action = view_menu_.addAction(tr(mode.text));
     action->setData(mode.command);

@@ -32,6 +32,7 @@ RecordTree::RecordTree(QWidget* parent)
 
 void RecordTree::SetEmptyText(const QString& text) {
   empty_text_ = text;
+  DescribeEmptyView(*this, empty_text_);
   if (rows().empty()) viewport()->update();
 }
 
@@ -43,6 +44,7 @@ void RecordTree::SetRows(RecordRows rows) {
   model_->SetRows(std::move(rows));
   expandAll();
   verticalScrollBar()->setValue(0);
+  DescribeEmptyView(*this, empty_text_);
   setUpdatesEnabled(true);
 }
 

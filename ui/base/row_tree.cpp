@@ -10,12 +10,17 @@ RowTree::RowTree(QWidget* parent) : QTreeWidget(parent) {
   setColumnCount(1);
   SetUpRowView(*this);
   connect(this, &QTreeWidget::itemSelectionChanged, this, &RowTree::CaretChanged);
+  const auto describe = [this] { DescribeEmptyView(*this, empty_text_); };
+  connect(model(), &QAbstractItemModel::rowsInserted, this, describe);
+  connect(model(), &QAbstractItemModel::rowsRemoved, this, describe);
+  connect(model(), &QAbstractItemModel::modelReset, this, describe);
   connect(this, &QTreeWidget::itemDoubleClicked, this,
           [this](QTreeWidgetItem* row) { Q_EMIT RowChosen(row); });
 }
 
 void RowTree::SetEmptyText(const QString& text) {
   empty_text_ = text;
+  DescribeEmptyView(*this, empty_text_);
   if (topLevelItemCount() == 0) viewport()->update();
 }
 

@@ -54,6 +54,10 @@ void DropFocusRow(QTreeView& view) {
   view.viewport()->update();
 }
 
+void DescribeEmptyView(QTreeView& view, const QString& empty_text) {
+  view.setAccessibleDescription(view.model()->rowCount() == 0 ? empty_text : QString());
+}
+
 void PaintRowViewSigns(QTreeView& view, const QString& empty_text) {
   QPainter painter(view.viewport());
   const QRect ground = view.viewport()->rect();

@@ -18,6 +18,10 @@ void SetUpRowView(QTreeView& view);
 /// focus comes in, and the next arrow key would pass it over: to be called after that.
 void DropFocusRow(QTreeView& view);
 
+/// Tells screen readers what a list without rows says on its ground. To be called whenever the
+/// words change, or whether there are rows.
+void DescribeEmptyView(QTreeView& view, const QString& empty_text);
+
 /// Paints quiet words on the ground of a list without rows, and the frame of a list that has the
 /// focus and no caret. To be called when the rows have been painted.
 void PaintRowViewSigns(QTreeView& view, const QString& empty_text);

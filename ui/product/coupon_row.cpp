@@ -90,6 +90,7 @@ void CouponRow::BuildMenus() {
   for (std::size_t slot = 0; slot < kSlotCount; ++slot) {
     menus_[slot] = std::make_unique<QMenu>();
     menus_[slot]->setObjectName(QStringLiteral("couponSlotMenu%1").arg(slot + 1));
+    menus_[slot]->setAccessibleName(tr("Coupon %1").arg(slot + 1));
     const int offset = static_cast<int>(slot);
     menus_[slot]->addAction(tr("Select Coupon"))->setData(kSelectCoupon + offset);
     menus_[slot]->addAction(tr("Add New Coupon"))->setData(kAddNewCoupon + offset);

@@ -90,6 +90,7 @@ void DiscountDialog::FillProducts() {
     if (!known->Product.empty()) texts.insert(WideText(known->Product.view()));
   }
   form_->productBox->addItem(QString());
+  form_->productBox->setItemData(0, tr("none"), Qt::AccessibleTextRole);
   for (const QString& text : texts) form_->productBox->addItem(text);
 }
 

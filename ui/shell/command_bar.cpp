@@ -72,6 +72,7 @@ QAction* CommandBar::MakeAction(int command, const QString& text) {
 
 void CommandBar::BuildMenu() {
   menu_->setObjectName(QStringLiteral("toolsMenu"));
+  menu_->setAccessibleName(tr("Tools"));
   for (const MenuEntry& entry : kMenuEntries) {
     if (entry.command == 0) {
       menu_->addSeparator();

@@ -140,6 +140,7 @@ int MainDialog::RefreshList(bool reset_filters) {
   if (reset_filters) filters_->Reset();
   const ListTab& tab = kListTabs[static_cast<std::size_t>(index)];
   state_.list_id = tab.list_id;
+  form_->recordTree->setAccessibleName(form_->tabBar->accessibleTabName(index));
   state_.filter.kind = tab.record_kind;
   const int code = Fill();
   if (tab.list_id == kWebSearchesList) {

@@ -102,6 +102,7 @@ void UpdateDialog::Show(const UpdateView& view) {
   form_->cancelButton->setEnabled(view.cancel_enabled);
   if (view.ok_enabled) {
     ShowPicture(NamedIcon(QStringLiteral("warning"), theme::kWarm));
+    form_->iconLabel->setAccessibleName(tr("Warning"));
     form_->okButton->setFocus();
   }
   if (view.closes) close_timer_.start();

@@ -18,6 +18,7 @@ SearchHeader::SearchHeader(QWidget* parent)
   auto* picture = new QLabel(this);
   picture->setPixmap(NamedIcon(QStringLiteral("toolbar_129_2785"), theme::kNavy)
                          .pixmap(kPictureSize, devicePixelRatioF()));
+  picture->setAccessibleName(tr("Web search"));
   label_->setObjectName(QStringLiteral("headerLabel"));
   label_->setFont(BoldFont(font()));
   QPalette palette = label_->palette();

@@ -212,10 +212,5 @@ TEST_F(ColorButtonTest, AmpersandInAStoreNameIsShownAndIsNoShortcut) {
   EXPECT_TRUE(button_.shortcut().isEmpty());
 }
 
-TEST_F(ColorButtonTest, WithoutATextTheToolTipIsTheAccessibleName) {
-  button_.setToolTip(QStringLiteral("Period"));
-  EXPECT_EQ(button_.accessibleName(), QStringLiteral("Period"));
-}
-
 }  // namespace
 }  // namespace brovanta

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QDateEdit>
 #include <QLocale>
 #include <QTest>
+#include <utility>
 
 #include "tests/support/fixed_clock.h"
 #include "tests/support/german.h"
@@ -95,6 +97,54 @@ TEST(DateFieldTest, ALanguageThatWasAskedForHasItsOwnOrderOfDayAndMonth) {
   EXPECT_EQ(field.text().toStdString(), "21.11.2026");
   EXPECT_EQ(field.calendarWidget()->locale().language(), QLocale::German);
   EXPECT_EQ(field.calendarWidget()->firstDayOfWeek(), Qt::Sunday) << "as the weeks of the list";
+}
+
+TEST(DateFieldTest, TheCalendarOpensByKeysAndADayIsChosenByKeys) {
+  const test::FixedClock clock(kNow);
+  for (const auto& [key, modifiers] : {std::pair(Qt::Key_Down, Qt::KeyboardModifiers(Qt::ALT)),
+                                       std::pair(Qt::Key_F4, Qt::KeyboardModifiers())}) {
+    QDateEdit field;
+    SetUpDateField(field);
+    field.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&field));
+    QTest::keyClick(&field, key, modifiers);
+    auto* const popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    EXPECT_TRUE(field.calendarWidget()->isVisible());
+    QWidget* const days = popup->focusWidget();
+    ASSERT_NE(days, nullptr);
+    QTest::keyClick(days, Qt::Key_Right);
+    QTest::keyClick(days, Qt::Key_Down);
+    QTest::keyClick(days, Qt::Key_Return);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(field.date(), QDate(2026, 11, 29));
+  }
+}
+
+TEST(DateFieldTest, EscapeClosesTheCalendarAndTheDateStays) {
+  const test::FixedClock clock(kNow);
+  QDateEdit field;
+  SetUpDateField(field);
+  field.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&field));
+  QTest::keyClick(&field, Qt::Key_Down, Qt::AltModifier);
+  auto* const popup = QApplication::activePopupWidget();
+  ASSERT_NE(popup, nullptr);
+  QTest::keyClick(popup->focusWidget(), Qt::Key_Right);
+  QTest::keyClick(popup->focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(field.date(), QDate(2026, 11, 21));
+}
+
+TEST(DateFieldTest, DownAloneCountsTheDateDown) {
+  const test::FixedClock clock(kNow);
+  QDateEdit field;
+  SetUpDateField(field);
+  field.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&field));
+  QTest::keyClick(&field, Qt::Key_Down);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(field.date(), QDate(2026, 10, 21));
 }
 
 }  // namespace

@@ -133,5 +133,15 @@ TEST(MessageBoxTest, TheButtonsSpeakTheLanguage) {
   EXPECT_EQ(AskYesNo(nullptr, QStringLiteral("?")), Answer::kNo);
 }
 
+TEST(MessageBoxTest, ThePictureOfAQuestionHasAName) {
+  WithOpenBox([](QMessageBox* box) {
+    const auto* picture = box->findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->accessibleName(), QStringLiteral("Question"));
+    box->close();
+  });
+  EXPECT_EQ(AskYesNo(nullptr, kQuestion), Answer::kNo);
+}
+
 }  // namespace
 }  // namespace brovanta

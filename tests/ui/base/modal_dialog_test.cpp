@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -190,6 +192,16 @@ TEST(ModalDialogTest, EndingTheProgramLeavesTheDialogsOfOtherWindowsAlone) {
   other.show();
   EndDialogsOf(window);
   EXPECT_TRUE(other.isVisible());
+}
+
+TEST(ModalDialogTest, ThePartOfAListInWhichOneTypesIsCalledAsItsLabelSays) {
+  SampleDialog dialog;
+  auto* const box = new QComboBox(&dialog);
+  box->setEditable(true);
+  auto* const label = new QLabel(QStringLiteral("Country:"), &dialog);
+  label->setBuddy(box);
+  dialog.show();
+  EXPECT_EQ(box->lineEdit()->accessibleName(), QStringLiteral("Country"));
 }
 
 }  // namespace

@@ -140,5 +140,12 @@ TEST_F(NameComboTest, CharactersOutsideTheCodePageBecomeQuestionMarks) {
   EXPECT_EQ(combo_.Reference()->Name, "? shop");
 }
 
+TEST_F(NameComboTest, TheEmptyItemIsReadAsNone) {
+  EXPECT_EQ(combo_.itemData(0, Qt::AccessibleTextRole).toString(), QStringLiteral("none"));
+  combo_.FillSorted(names_);
+  EXPECT_EQ(combo_.itemData(0, Qt::AccessibleTextRole).toString(), QStringLiteral("none"));
+  EXPECT_TRUE(combo_.itemText(0).isEmpty());
+}
+
 }  // namespace
 }  // namespace brovanta

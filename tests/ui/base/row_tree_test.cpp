@@ -81,5 +81,15 @@ TEST_F(RowTreeTest, TheFocusShowsAsAFrameWhileThereIsNoCaret) {
   EXPECT_NE(corner(), theme::kNavy);
 }
 
+TEST_F(RowTreeTest, WithoutRowsItIsDescribedByItsEmptyText) {
+  tree_.clear();
+  tree_.SetEmptyText(QStringLiteral("No results"));
+  EXPECT_EQ(tree_.accessibleDescription(), QStringLiteral("No results"));
+  new QTreeWidgetItem(&tree_, {QStringLiteral("Soap")});
+  EXPECT_TRUE(tree_.accessibleDescription().isEmpty());
+  delete tree_.takeTopLevelItem(0);
+  EXPECT_EQ(tree_.accessibleDescription(), QStringLiteral("No results"));
+}
+
 }  // namespace
 }  // namespace brovanta

@@ -81,5 +81,14 @@ TEST_F(RowViewTest, WordsStandOnTheGroundOfAListWithoutRows) {
   EXPECT_EQ(view_.viewport()->grab().toImage(), row);
 }
 
+TEST_F(RowViewTest, AViewWithoutRowsIsDescribedByWhatItSays) {
+  const QString words = QStringLiteral("Nothing to buy");
+  DescribeEmptyView(view_, words);
+  EXPECT_EQ(view_.accessibleDescription(), words);
+  model_.appendRow(new QStandardItem(QStringLiteral("Milk")));
+  DescribeEmptyView(view_, words);
+  EXPECT_TRUE(view_.accessibleDescription().isEmpty());
+}
+
 }  // namespace
 }  // namespace brovanta
