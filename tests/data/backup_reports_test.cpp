@@ -14,10 +14,10 @@ using testing::IsSupersetOf;
 using testing::Pair;
 
 BackupsReport Sample() {
-  return {"/data",
-          "/data.backups",
-          "",
-          {{{"2026-11-20", true, 9, 5120}, ""}, {{"2026-11-21.before-restore", false, 1, 12}, ""}}};
+  BackupsReport report{"/data", "/data.backups", "", {}};
+  report.copies.push_back({{"2026-11-20", true, 9, 5120}, ""});
+  report.copies.push_back({{"2026-11-21.before-restore", false, 1, 12}, ""});
+  return report;
 }
 
 TEST(BackupsReportTest, ListsCopiesForAPerson) {
