@@ -25,6 +25,7 @@ constexpr std::size_t kInstallPathBuffer = 500;  ///< bytes of wide text
 constexpr std::size_t kLongestPath = 249;
 /// Behind it the longest name in the folder must fit: "\WebSearch\2147483647.dat".
 constexpr std::size_t kLongestFolder = 220;
+constexpr std::size_t kAnyText = std::string::npos;
 
 std::optional<std::string> Stored(const RegistryStore& store, const char* name) {
   const auto key = RegistryKey::Open(store, kProgramKey);
@@ -54,6 +55,17 @@ std::string AbsoluteFolder(const std::string& path) {
   return error ? native : absolute.string();
 }
 
+/// Why files in the folder could not be reached, in a sentence for a person; empty when they can.
+std::string ProblemOfName(const std::string& folder) {
+  if (folder.find('\\') != std::string::npos) {
+    return "the name of the folder '" + folder + "' has a backslash";  // it parts names in paths
+  }
+  if (folder.size() > kLongestFolder) {
+    return "the name of the folder '" + folder + "' is too long (at most 220 bytes)";
+  }
+  return {};
+}
+
 }  // namespace
 
 void SetUpUpdateServer(const RegistryStore& store) {
@@ -64,15 +76,27 @@ std::string UpdateServer(const RegistryStore& store) {
   return Stored(store, kUpdateServer).value_or(kDefaultUpdateServer);
 }
 
-std::string SetUpUserData(const RegistryStore& store, const std::string& default_folder) {
-  StoreMissing(store, kInstallPath, default_folder);
-  SetUpUpdateServer(store);
+std::string SetUpUserData(const RegistryStore& store, const std::string& default_folder,
+                          std::string& problem) {
+  platform::RegistryValue value;
   std::string folder = default_folder;
-  if (IsThere(store, kInstallPath)) {
-    folder = AbsoluteFolder(Stored(store, kInstallPath).value_or(std::string()));
+  switch (store.Ask(kProgramKey, kInstallPath, value)) {
+    case RegistryStore::Answer::kUnreadable:
+      problem = "cannot read the settings '" + store.file_path() + "'";
+      return {};
+    case RegistryStore::Answer::kValue:
+      folder = AbsoluteFolder(platform::TextOf(value, kAnyText).value_or(std::string()));
+      break;
+    case RegistryStore::Answer::kNone:
+      StoreMissing(store, kInstallPath, default_folder);
+      break;
   }
+  SetUpUpdateServer(store);
+  problem = ProblemOfName(folder);
+  if (value.data.size() > kInstallPathBuffer) folder.clear();
   folder.resize(std::min(folder.size(), kLongestPath));
-  if (folder == default_folder) {
+  if (problem.empty()) problem = ProblemOfName(platform::CanonicalFolder(folder));
+  if (problem.empty() && folder == default_folder) {
     // What goes wrong here, the screens report when they open their files.
     static_cast<void>(platform::CreateFolder(folder));
   }
@@ -86,13 +110,7 @@ std::string SetUpThrowAwayFolder(std::string& folder) {
   }
   folder = platform::CanonicalFolder(folder);
   if (!platform::IsWritableFolder(folder)) return "cannot write in the folder '" + folder + "'";
-  if (folder.find('\\') != std::string::npos) {
-    return "the name of the folder '" + folder + "' has a backslash";  // it parts names in paths
-  }
-  if (folder.size() > kLongestFolder) {
-    return "the name of the folder '" + folder + "' is too long (at most 220 bytes)";
-  }
-  return {};
+  return ProblemOfName(folder);
 }
 
 bool SeedNameLists(const std::string& folder) {

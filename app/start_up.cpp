@@ -87,8 +87,12 @@ std::string ConfiguredUpdateServer(const CommandLine& line) {
 std::optional<ReadyData> GetDataReady(const CommandLine& line, std::shared_future<void> begin) {
   if (line.data_folder.empty()) {
     platform::RegistryStore store(UserRegistryFile());
-    std::string folder = SetUpUserData(store, UserDataFolder());
-    return GetFolderReady(std::move(store), std::move(folder), std::move(begin));
+    std::string problem;
+    std::string folder = SetUpUserData(store, UserDataFolder(), problem);
+    if (problem.empty())
+      return GetFolderReady(std::move(store), std::move(folder), std::move(begin));
+    Complain(problem);
+    return std::nullopt;
   }
   std::string folder = line.data_folder;
   const std::string problem = SetUpThrowAwayFolder(folder);

@@ -102,6 +102,21 @@ bool Store(const std::string& path, const Contents& contents) {
 
 RegistryStore::RegistryStore(std::string file_path) : file_path_(std::move(file_path)) {}
 
+RegistryStore::Answer RegistryStore::Ask(std::string_view key_path, std::string_view name,
+                                         RegistryValue& value) const {
+  const Contents contents = Load(file_path_);
+  if (contents.state == State::kUnreadable) return Answer::kUnreadable;
+  const RegistryValue* const found = contents.file.Find(key_path, name);
+  if (found == nullptr) return Answer::kNone;
+  value = *found;
+  return Answer::kValue;
+}
+
+std::optional<std::string> TextOf(const RegistryValue& value, std::size_t max_bytes) {
+  if (value.type != REG_SZ || value.data.size() > max_bytes) return std::nullopt;
+  return Utf16ToUtf8(TextFromBytes(value.data));
+}
+
 RegistryKey::RegistryKey(std::string file_path, std::string key_path)
     : file_path_(std::move(file_path)), key_path_(std::move(key_path)) {}
 
@@ -136,8 +151,7 @@ bool RegistryKey::Set(std::string_view name, const RegistryValue& value) {
 std::optional<std::string> RegistryKey::QueryText(std::string_view name,
                                                   std::size_t max_bytes) const {
   const auto value = Query(name);
-  if (!value || value->type != REG_SZ || value->data.size() > max_bytes) return std::nullopt;
-  return Utf16ToUtf8(TextFromBytes(value->data));
+  return value ? TextOf(*value, max_bytes) : std::nullopt;
 }
 
 bool RegistryKey::SetText(std::string_view name, std::string_view utf8) {

@@ -24,6 +24,10 @@ struct RegistryValue {
   std::vector<std::byte> data;
 };
 
+/// A text value of at most `max_bytes` of UTF-16 with terminator, as UTF-8. Nothing when it is no
+/// REG_SZ, or larger. Half a surrogate pair becomes U+FFFD.
+[[nodiscard]] std::optional<std::string> TextOf(const RegistryValue& value, std::size_t max_bytes);
+
 /// The file behind all keys. Names of keys and values are compared without regard to letter case.
 /// Every operation reads the file anew and every change replaces it whole, so that two objects on
 /// one file agree. Keys, values and comments that this program does not know are kept. A file that
@@ -35,6 +39,16 @@ class RegistryStore {
   explicit RegistryStore(std::string file_path);
 
   [[nodiscard]] const std::string& file_path() const { return file_path_; }
+
+  enum class Answer {
+    kValue,       ///< it is there
+    kNone,        ///< the file was read, or there is no file: no such value
+    kUnreadable,  ///< there is a file, or may be one, and it cannot be read
+  };
+
+  /// Asks for a value in one look at the file; `value` is filled in for kValue.
+  [[nodiscard]] Answer Ask(std::string_view key_path, std::string_view name,
+                           RegistryValue& value) const;
 
  private:
   friend class RegistryKey;
@@ -60,8 +74,7 @@ class RegistryKey {
   /// could not be written, or the name has a control character; the old file stays.
   [[nodiscard]] bool Set(std::string_view name, const RegistryValue& value);
 
-  /// Text value of at most `max_bytes` of UTF-16 with terminator, as UTF-8. Nothing when it is
-  /// missing, not a REG_SZ, or larger. Half a surrogate pair becomes U+FFFD.
+  /// TextOf the value of that name; nothing as well when it is missing.
   [[nodiscard]] std::optional<std::string> QueryText(std::string_view name,
                                                      std::size_t max_bytes) const;
 

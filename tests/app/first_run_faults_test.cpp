@@ -17,8 +17,9 @@ platform::RegistryStore Registry(const std::string& folder) {
 }
 
 bool Start(const std::string& folder) {
-  const std::string data = SetUpUserData(Registry(folder), DataFolder(folder));
-  return data == DataFolder(folder) && SeedNameLists(data);
+  std::string problem;
+  const std::string data = SetUpUserData(Registry(folder), DataFolder(folder), problem);
+  return problem.empty() && data == DataFolder(folder) && SeedNameLists(data);
 }
 
 std::optional<std::string> Value(const std::string& folder, const char* name) {

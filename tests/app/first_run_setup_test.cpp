@@ -7,6 +7,8 @@
 #include <filesystem>
 
 #include "platform/folder.h"
+#include "platform/system_calls.h"
+#include "tests/support/faulty_calls.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta {
@@ -32,13 +34,16 @@ class FirstRunSetupTest : public testing::Test {
     ASSERT_TRUE(key->SetText(name, value));
   }
 
+  std::string SetUpData() { return SetUpUserData(store_, default_folder_, problem_); }
+
+  std::string problem_;
   test::TempFolder folder_;
   platform::RegistryStore store_{folder_.File("config/registry.reg")};
   std::string default_folder_ = folder_.File("data/brovanta");
 };
 
 TEST_F(FirstRunSetupTest, TheFirstStartWritesPathAndServerAndMakesTheFolder) {
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), default_folder_);
+  EXPECT_EQ(SetUpData(), default_folder_);
   EXPECT_EQ(Value("InstallPath"), default_folder_);
   EXPECT_EQ(Value("UpdateServer"), "http://localhost:8427");
   struct stat status {};
@@ -51,7 +56,7 @@ TEST_F(FirstRunSetupTest, StoredValuesAreNeverWrittenOver) {
   fs::create_directory(other);
   Store("InstallPath", other);
   Store("UpdateServer", "http://update.example:80");
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), other);
+  EXPECT_EQ(SetUpData(), other);
   EXPECT_EQ(Value("InstallPath"), other);
   EXPECT_EQ(Value("UpdateServer"), "http://update.example:80");
   EXPECT_FALSE(fs::exists(default_folder_));
@@ -65,29 +70,30 @@ TEST_F(FirstRunSetupTest, TheUpdateServerIsTheStoredOneElseTheDefault) {
 
 TEST_F(FirstRunSetupTest, AnEmptyPathInTheSettingsStaysTheWorkingFolder) {
   Store("InstallPath", "");
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), "");
+  EXPECT_EQ(SetUpData(), "");
 }
 
 TEST_F(FirstRunSetupTest, AStoredPathMayHaveBackslashes) {
   Store("InstallPath", "\\media\\card\\");
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), "/media/card/");
+  EXPECT_EQ(SetUpData(), "/media/card/");
+  EXPECT_EQ(problem_, "");
 }
 
 TEST_F(FirstRunSetupTest, ARelativePathStaysTrueWhenTheWorkingFolderChanges) {
   Store("InstallPath", "card/lists");
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), fs::current_path() / "card/lists");
+  EXPECT_EQ(SetUpData(), fs::current_path() / "card/lists");
 }
 
 TEST_F(FirstRunSetupTest, AChosenFolderThatIsGoneIsNotMadeAnew) {
   Store("InstallPath", folder_.File("card"));
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), folder_.File("card"));
+  EXPECT_EQ(SetUpData(), folder_.File("card"));
   EXPECT_FALSE(fs::exists(folder_.File("card")));
 }
 
 TEST_F(FirstRunSetupTest, TheDefaultFolderIsMadeAnewWhenItIsGone) {
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), default_folder_);
+  EXPECT_EQ(SetUpData(), default_folder_);
   fs::remove_all(default_folder_);
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), default_folder_);
+  EXPECT_EQ(SetUpData(), default_folder_);
   EXPECT_TRUE(fs::is_directory(default_folder_));
 }
 
@@ -95,17 +101,66 @@ TEST_F(FirstRunSetupTest, APathIsCutAt249Bytes) {
   std::string umlauts = "/";
   for (int i = 0; i < 130; ++i) umlauts += "\xC3\xA4";
   Store("InstallPath", umlauts);
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), umlauts.substr(0, 249));
+  EXPECT_EQ(SetUpData(), umlauts.substr(0, 249));
+  EXPECT_THAT(problem_, testing::HasSubstr("is too long (at most 220 bytes)"));
 }
 
 TEST_F(FirstRunSetupTest, APathBeyondTheBufferIsAsGoodAsNone) {
   Store("InstallPath", "/" + std::string(249, 'a'));
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), "");
+  EXPECT_EQ(SetUpData(), "");
+  EXPECT_THAT(problem_, testing::HasSubstr("is too long (at most 220 bytes)"));
+}
+
+TEST_F(FirstRunSetupTest, AChosenFolderMayHaveAsManyBytesAsOneOnTheCommandLine) {
+  Store("InstallPath", "/" + std::string(219, 'a'));
+  EXPECT_EQ(SetUpData(), "/" + std::string(219, 'a'));
+  EXPECT_EQ(problem_, "");
+  Store("InstallPath", "/" + std::string(220, 'a'));
+  (void)SetUpData();
+  EXPECT_THAT(problem_, testing::HasSubstr("is too long (at most 220 bytes)"));
+}
+
+TEST_F(FirstRunSetupTest, AChosenFolderBehindABackslashInANameIsReported) {
+  fs::create_directory(folder_.File("odd\\name"));
+  fs::create_symlink(folder_.File("odd\\name"), folder_.File("link"));
+  Store("InstallPath", folder_.File("link"));
+  (void)SetUpData();
+  EXPECT_THAT(problem_, testing::HasSubstr("has a backslash"));
+}
+
+TEST_F(FirstRunSetupTest, SettingsThatCannotBeReadDoNotLeadToTheDefaultFolder) {
+  fs::create_directories(folder_.File("config/registry.reg"));  // stands, but is no file
+  EXPECT_EQ(SetUpData(), "");
+  EXPECT_EQ(problem_, "cannot read the settings '" + folder_.File("config/registry.reg") + "'");
+  EXPECT_FALSE(fs::exists(default_folder_));
+}
+
+TEST_F(FirstRunSetupTest, WhateverCallFailsTheChosenFolderIsUsedOrNone) {
+  const std::string card = folder_.File("card");
+  fs::create_directory(card);
+  Store("InstallPath", card);
+  Store("UpdateServer", "http://update.example:80");
+  int refused = 0;
+  for (int k = 1;; ++k) {
+    test::FaultyCalls calls(test::Fault::kIo, k);
+    std::string folder;
+    {
+      const platform::SystemCallsInUse in_use(calls);
+      folder = SetUpData();
+    }
+    EXPECT_TRUE(folder == card || !problem_.empty()) << k << " " << folder;
+    if (!problem_.empty()) ++refused;
+    if (!calls.has_struck()) break;
+  }
+  EXPECT_GE(refused, 3);
+  EXPECT_EQ(problem_, "");
+  EXPECT_EQ(Value("InstallPath"), card);
+  EXPECT_FALSE(fs::exists(default_folder_));
 }
 
 TEST_F(FirstRunSetupTest, WithoutAPlaceForSettingsTheDefaultsAreUsed) {
   folder_.WriteText("config", "a file where the folder would be");
-  EXPECT_EQ(SetUpUserData(store_, default_folder_), default_folder_);
+  EXPECT_EQ(SetUpData(), default_folder_);
   EXPECT_TRUE(fs::is_directory(default_folder_));
 }
 

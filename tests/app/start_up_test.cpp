@@ -148,6 +148,16 @@ TEST_F(StartUpTest, ADataFolderThatCannotBeMadeEndsWithOne) {
   EXPECT_THAT(process.readAllStandardError().toStdString(), HasSubstr("cannot make the folder"));
 }
 
+TEST_F(StartUpTest, SettingsThatCannotBeReadEndWithOneAndNothingIsMade) {
+  fs::create_directories(folder_.File("config/brovanta/registry.reg"));
+  QProcess& process = Run({});
+  EXPECT_EQ(process.exitCode(), 1);
+  EXPECT_EQ(process.readAllStandardError().toStdString(),
+            "brovanta: cannot read the settings '" + folder_.File("config/brovanta/registry.reg") +
+                "'\n");
+  EXPECT_TRUE(fs::is_empty(folder_.File("data")));
+}
+
 TEST_F(StartUpTest, AThrowAwayFolderHoldsEverythingAndNothingElseIsTouched) {
   StartFirst();
   EXPECT_EQ(Run(DataFolder()).exitCode(), 0);
