@@ -6,13 +6,21 @@ export CTEST_PARALLEL_LEVEL ?= $(JOBS)
 export CCACHE_BASEDIR ?= $(CURDIR)
 export CCACHE_NOHASHDIR ?= 1
 
-.PHONY: run test bench tour guide-pictures package check deps build clean
+FUZZ_SECONDS ?= 600
+
+.PHONY: run test nightly bench tour guide-pictures package check deps build clean
 
 run: deps build
 	@scripts/run build/release
 
 test: deps build
 	@ctest --preset release --output-on-failure
+
+# What takes too long for every day: the fault harness at every point, and each fuzz target for
+# FUZZ_SECONDS.
+nightly: deps build
+	@BROVANTA_FAULTS=nightly build/release/bin/brovanta_faults_test
+	@scripts/fuzz $(FUZZ_SECONDS)
 
 bench: deps
 	@cmake --preset bench > build/bench.log 2>&1 || { cat build/bench.log; exit 1; }

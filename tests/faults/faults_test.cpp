@@ -16,6 +16,7 @@ namespace {
 constexpr std::int64_t kNoon = 1714996800;  // Monday 2024-05-06
 constexpr int kLeastPoints = 5000;
 constexpr int kLeastNightlyPoints = 40000;
+constexpr int kLeastCopyPoints = 1000;
 
 class FaultsTest : public testing::Test {
  protected:
@@ -31,6 +32,16 @@ TEST_F(FaultsTest, AtEveryCallOfEveryOperationTheOldOrTheNewStateStands) {
   }
   std::cout << points << " points in all\n";
   EXPECT_GE(points, IsNightly() ? kLeastNightlyPoints : kLeastPoints);
+}
+
+TEST_F(FaultsTest, CopiesAndResultsAreWholeOrNotThere) {
+  int points = 0;
+  for (const Scenario& scenario : CopyScenarios()) {
+    points += Striker(scenario, folder_).Strike();
+    ASSERT_FALSE(HasFailure());
+  }
+  std::cout << points << " points in all\n";
+  EXPECT_GE(points, kLeastCopyPoints);
 }
 
 TEST_F(FaultsTest, AWrongStateIsNoticed) {

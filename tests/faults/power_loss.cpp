@@ -3,6 +3,7 @@
 #include <fcntl.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <utility>
 
@@ -10,6 +11,18 @@ namespace brovanta::test {
 namespace {
 
 using Kind = DiskEvent::Kind;
+
+/// Renames a file, or a folder with all that is known in it.
+void RenameIn(std::map<std::string, int>& names, const std::string& from, const std::string& to) {
+  std::map<std::string, int> renamed;
+  for (const auto& [name, file] : names) {
+    if (name == from || name.starts_with(from + "/")) renamed[to + name.substr(from.size())] = file;
+  }
+  for (const auto& [name, file] : renamed) names[name] = file;
+  std::erase_if(names, [&from](const auto& entry) {
+    return entry.first == from || entry.first.starts_with(from + "/");
+  });
+}
 
 std::string FolderOf(const std::string& name) {
   const std::size_t slash = name.rfind('/');
@@ -82,11 +95,7 @@ class Disk {
         names_[event.name] = event.file;
         return;
       case Kind::kRename:
-        if (const auto found = names_.find(event.name); found != names_.end()) {
-          const int file = found->second;
-          names_.erase(found);
-          names_[event.new_name] = file;
-        }
+        RenameIn(names_, event.name, event.new_name);
         return;
       case Kind::kRemove:
         names_.erase(event.name);
@@ -141,8 +150,17 @@ RecordingCalls::RecordingCalls(std::string folder) : folder_(std::move(folder)) 
   first_names_ = names_;
 }
 
+bool RecordingCalls::IsDead() {
+  if (lives_ > 0 && --lives_ == 0) is_dead_ = true;
+  if (is_dead_) errno = EIO;
+  return is_dead_;
+}
+
 std::string RecordingCalls::Relative(const std::string& path) const {
-  return std::filesystem::path(path).lexically_relative(folder_).string();
+  const auto normal = std::filesystem::path(path).lexically_normal();
+  std::string relative = normal.lexically_relative(folder_).string();
+  while (relative.ends_with('/')) relative.pop_back();
+  return relative;
 }
 
 void RecordingCalls::Made(const std::string& name, int descriptor) {
@@ -153,6 +171,7 @@ void RecordingCalls::Made(const std::string& name, int descriptor) {
 }
 
 int RecordingCalls::Open(const char* path, int flags, mode_t mode) {
+  if (IsDead()) return -1;
   const int descriptor = SystemCalls::Open(path, flags, mode);
   if (descriptor < 0) return descriptor;
   const std::string name = Relative(path);
@@ -161,12 +180,14 @@ int RecordingCalls::Open(const char* path, int flags, mode_t mode) {
   } else if ((flags & O_CREAT) != 0) {
     Made(name, descriptor);
   } else {
-    files_by_descriptor_[descriptor] = names_.at(name);
+    const auto file = names_.find(name);
+    if (file != names_.end()) files_by_descriptor_[descriptor] = file->second;
   }
   return descriptor;
 }
 
 int RecordingCalls::MakeTemporary(char* pattern) {
+  if (IsDead()) return -1;
   const int descriptor = SystemCalls::MakeTemporary(pattern);
   if (descriptor >= 0) Made(Relative(pattern), descriptor);
   return descriptor;
@@ -179,6 +200,7 @@ int RecordingCalls::Close(int descriptor) {
 }
 
 ssize_t RecordingCalls::WriteAt(int descriptor, const void* bytes, std::size_t size, off_t offset) {
+  if (IsDead()) return -1;
   const ssize_t count = SystemCalls::WriteAt(descriptor, bytes, size, offset);
   if (count > 0) {
     const auto* first = static_cast<const std::byte*>(bytes);
@@ -193,12 +215,14 @@ ssize_t RecordingCalls::WriteAt(int descriptor, const void* bytes, std::size_t s
 }
 
 int RecordingCalls::Truncate(int descriptor, off_t size) {
+  if (IsDead()) return -1;
   const int result = SystemCalls::Truncate(descriptor, size);
   events_.push_back({Kind::kTruncate, files_by_descriptor_.at(descriptor), {}, {}, size, {}});
   return result;
 }
 
 int RecordingCalls::Sync(int descriptor) {
+  if (IsDead()) return -1;
   const auto folder = folders_by_descriptor_.find(descriptor);
   if (folder != folders_by_descriptor_.end()) {
     events_.push_back({Kind::kSyncFolder, 0, folder->second, {}, 0, {}});
@@ -209,16 +233,17 @@ int RecordingCalls::Sync(int descriptor) {
 }
 
 int RecordingCalls::Rename(const char* from, const char* to) {
+  if (IsDead()) return -1;
   const int result = SystemCalls::Rename(from, to);
   if (result != 0) return result;
   const std::string old_name = Relative(from);
-  names_[Relative(to)] = names_.at(old_name);
-  names_.erase(old_name);
+  RenameIn(names_, old_name, Relative(to));
   events_.push_back({Kind::kRename, 0, old_name, Relative(to), 0, {}});
   return 0;
 }
 
 int RecordingCalls::Remove(const char* path) {
+  if (IsDead()) return -1;
   const int result = SystemCalls::Remove(path);
   if (result != 0) return result;
   names_.erase(Relative(path));

@@ -30,6 +30,17 @@ class RecordingCalls : public platform::SystemCalls {
  public:
   explicit RecordingCalls(std::string folder);
 
+  /// Only so many more calls that change or sync something, or open a file, are carried out: then
+  /// the program is as good as killed, until Resurrect.
+  void DieAtCall(int call) { lives_ = call; }
+  /// Another program begins. Whether the one before had died.
+  bool Resurrect() {
+    const bool had_died = is_dead_;
+    is_dead_ = false;
+    lives_ = 0;
+    return had_died;
+  }
+
   [[nodiscard]] const std::vector<DiskEvent>& events() const { return events_; }
   [[nodiscard]] const std::map<std::string, int>& first_names() const { return first_names_; }
 
@@ -43,6 +54,7 @@ class RecordingCalls : public platform::SystemCalls {
   int Remove(const char* path) override;
 
  private:
+  bool IsDead();
   [[nodiscard]] std::string Relative(const std::string& path) const;
   void Made(const std::string& name, int descriptor);
 
@@ -52,6 +64,8 @@ class RecordingCalls : public platform::SystemCalls {
   std::map<int, int> files_by_descriptor_;
   std::map<int, std::string> folders_by_descriptor_;
   int next_file_ = 0;
+  int lives_ = 0;  // 0: no end of them
+  bool is_dead_ = false;
   std::vector<DiskEvent> events_;
 };
 

@@ -53,6 +53,9 @@ inline constexpr char kScratchName[] = "update.dat";
 
 [[nodiscard]] const std::vector<Scenario>& Scenarios();
 
+/// Of copies and of results, each with a judge of its own.
+[[nodiscard]] std::vector<Scenario> CopyScenarios();
+
 /// One of them: an update from the server.
 [[nodiscard]] Scenario UpdateScenario();
 
