@@ -13,10 +13,21 @@ namespace {
 using testing::IsSupersetOf;
 using testing::Pair;
 
+ListedCopy Listed(const char* name, bool is_daily, std::size_t files, std::uint64_t bytes) {
+  ListedCopy listed;
+  listed.copy.name = name;
+  listed.copy.is_daily = is_daily;
+  listed.copy.files = files;
+  listed.copy.bytes = bytes;
+  return listed;
+}
+
 BackupsReport Sample() {
-  BackupsReport report{"/data", "/data.backups", "", {}};
-  report.copies.push_back({{"2026-11-20", true, 9, 5120}, ""});
-  report.copies.push_back({{"2026-11-21.before-restore", false, 1, 12}, ""});
+  BackupsReport report;
+  report.folder = "/data";
+  report.place = "/data.backups";
+  report.copies = {Listed("2026-11-20", true, 9, 5120),
+                   Listed("2026-11-21.before-restore", false, 1, 12)};
   return report;
 }
 
