@@ -98,7 +98,7 @@ std::string Escaped(std::string_view text) {
 }
 
 std::string FirstCell(const ListRow& row) {
-  const std::string text = Escaped(row.cells[0]);
+  std::string text = Escaped(row.cells[0]);
   if (row.kind != Kind::kProduct) return text;
   return "<label><input type=\"checkbox\"/>" + text + "</label>";
 }

@@ -25,12 +25,8 @@ std::string_view NameIn(const NameList& names, std::uint32_t id) {
 }
 
 // By letters whatever their case, and what has no name last.
-struct SortKey {
-  SortKey(std::string_view stored) : nameless(stored.empty()), folded(Folded(stored)) {}
-  bool nameless;
-  std::string folded;
-  friend auto operator<=>(const SortKey&, const SortKey&) = default;
-};
+using SortKey = std::pair<bool, std::string>;
+SortKey KeyOf(std::string_view stored) { return {stored.empty(), Folded(stored)}; }
 
 std::string NumberText(double number, std::size_t decimals) {
   const auto decimal = Decimal::From(number);
@@ -85,8 +81,9 @@ class Builder {
   }
 
   void Sort(const ProductRecord& product) {
-    sorted_[NameIn(data_.stores, product.StoreId)][NameIn(data_.categories, product.CategoryId)]
-        .emplace_back(product.Name.view(), product);
+    const SortKey store = KeyOf(NameIn(data_.stores, product.StoreId));
+    const SortKey category = KeyOf(NameIn(data_.categories, product.CategoryId));
+    sorted_[store][category].emplace_back(KeyOf(product.Name.view()), product);
   }
 
   CategoryGroup GroupOf(std::vector<Row>& rows, ShoppingList& list) {
