@@ -9,6 +9,7 @@
 #include "data/restore.h"
 #include "db/shopping_database.h"
 #include "platform/file.h"
+#include "platform/folder.h"
 #include "search/search_manager.h"
 #include "tests/faults/scenario.h"
 #include "tests/support/faulty_calls.h"
@@ -42,32 +43,35 @@ void WriteData(const TempFolder& folder) {
   folder.WriteText("data/WebSearch/2.dat", "results of today");
 }
 
-void WriteCopy(const TempFolder& folder, const std::string& name, const std::string& text) {
-  fs::create_directories(folder.File("data.backups/" + name + "/WebSearch"));
-  folder.WriteText("data.backups/" + name + "/product.dat", "products of " + text);
-  folder.WriteText("data.backups/" + name + "/WebSearch/2.dat", "results of " + text);
-}
-
 /// Whether each of the copies that there are has every byte; those of before as they were.
 std::string WhatIsWrongWithCopies(const std::string& folder, const std::string& todays,
                                   const Snapshot& data) {
-  for (const BackupCopy& copy : BackupFolder(DataFolder(folder)).Copies()) {
-    const Snapshot files = CopyOf(folder, copy.name);
-    const bool is_whole = copy.name == todays
-                              ? files == data
-                              : files == Snapshot{{"WebSearch/2.dat", BytesOf("results of old")},
-                                                  {"product.dat", BytesOf("products of old")}};
-    if (!is_whole) return "the copy " + copy.name + " is not whole";
+  std::map<std::string, Snapshot> copies;
+  for (const auto& [path, bytes] : AllFiles(folder + "/data.backups")) {
+    const std::size_t slash = path.find('/');
+    copies[path.substr(0, slash)][path.substr(slash + 1)] = bytes;
+  }
+  const auto names = platform::NamesIn(folder + "/data.backups");
+  if (!names) return "the copies are gone";
+  const Snapshot old{{"product.dat", BytesOf("products of old")}};
+  for (const std::string& name : *names) {
+    if (!IsCopyName(name)) continue;
+    if (copies[name] != (name == todays ? data : old)) return "the copy " + name + " is not whole";
   }
   return "";
 }
 
+}  // namespace
+
 /// The first start of 2024-05-06, with copies of the nine days before it: two of them go.
-Scenario DailyCopy() {
+Scenario DailyCopyScenario() {
   const auto name_of = [](int day) { return "2024-04-" + std::to_string(day); };
   const auto prepare = [name_of](const TempFolder& folder) {
     WriteData(folder);
-    for (int day = 22; day <= 30; ++day) WriteCopy(folder, name_of(day), "old");
+    for (int day = 22; day <= 30; ++day) {
+      fs::create_directories(folder.File("data.backups/" + name_of(day)));
+      folder.WriteText("data.backups/" + name_of(day) + "/product.dat", "products of old");
+    }
   };
   const auto run = [](const std::string& folder) {
     const DailyBackup backup(DataFolder(folder));
@@ -81,10 +85,11 @@ Scenario DailyCopy() {
       return "the data has changed";
     }
     const std::string todays = "2024-05-06";
-    if (succeeded && CopyOf(folder, todays).empty()) return "today's copy is missing";
+    const BackupFolder backups(DataFolder(folder));
+    if (succeeded && !backups.Has(todays)) return "today's copy is missing";
     // Six days are kept beside today's, and of the three before them the first of their week.
     for (const int day : {22, 25, 26, 27, 28, 29, 30}) {
-      if (CopyOf(folder, name_of(day)).empty()) return "the copy " + name_of(day) + " is missing";
+      if (!backups.Has(name_of(day))) return "the copy " + name_of(day) + " is missing";
     }
     return WhatIsWrongWithCopies(folder, todays, data);
   };
@@ -92,11 +97,13 @@ Scenario DailyCopy() {
 }
 
 /// A copy is brought back: a file more, one less, others changed.
-Scenario RestoredCopy() {
+Scenario RestoredCopyScenario() {
   const auto prepare = [](const TempFolder& folder) {
     WriteData(folder);
     folder.WriteText("data/purchase.dat", "purchases of today");
-    WriteCopy(folder, "2024-05-05", "old");
+    fs::create_directories(folder.File("data.backups/2024-05-05/WebSearch"));
+    folder.WriteText("data.backups/2024-05-05/product.dat", "products of old");
+    folder.WriteText("data.backups/2024-05-05/WebSearch/2.dat", "results of old");
     folder.WriteText("data.backups/2024-05-05/WebSearch/3.dat", "more results of old");
   };
   const auto run = [](const std::string& folder) {
@@ -130,7 +137,7 @@ Scenario RestoredCopy() {
 }
 
 /// What the main screen does when a saved search is deleted: the entry, then the results.
-Scenario SearchWithResultsDeleted() {
+Scenario DeletedResultsScenario() {
   const auto prepare = [](const TempFolder& folder) {
     SearchManager manager;
     const SearchResultList results;
@@ -164,12 +171,6 @@ Scenario SearchWithResultsDeleted() {
     return succeeded && (live == 2 || has_own) ? "the search is there" : "";
   };
   return scenario;
-}
-
-}  // namespace
-
-std::vector<Scenario> CopyScenarios() {
-  return {DailyCopy(), RestoredCopy(), SearchWithResultsDeleted()};
 }
 
 }  // namespace brovanta::test

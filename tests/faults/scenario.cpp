@@ -66,7 +66,7 @@ Snapshot AllFiles(const std::string& folder) {
   Snapshot files;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
     if (!entry.is_regular_file()) continue;
-    files[fs::relative(entry.path(), folder).string()] = ReadFile(entry.path());
+    files[entry.path().lexically_relative(folder).string()] = ReadFile(entry.path());
   }
   return files;
 }

@@ -53,8 +53,10 @@ inline constexpr char kScratchName[] = "update.dat";
 
 [[nodiscard]] const std::vector<Scenario>& Scenarios();
 
-/// Of copies and of results, each with a judge of its own.
-[[nodiscard]] std::vector<Scenario> CopyScenarios();
+/// Those of copies and of results, each with a judge of its own.
+[[nodiscard]] Scenario DailyCopyScenario();
+[[nodiscard]] Scenario RestoredCopyScenario();
+[[nodiscard]] Scenario DeletedResultsScenario();
 
 /// One of them: an update from the server.
 [[nodiscard]] Scenario UpdateScenario();
