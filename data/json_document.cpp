@@ -40,9 +40,6 @@ class CountingIterator {
   friend bool operator==(const CountingIterator& left, const CountingIterator& right) {
     return left.at_ == right.at_;
   }
-  friend bool operator!=(const CountingIterator& left, const CountingIterator& right) {
-    return left.at_ != right.at_;
-  }
 
  private:
   const char* at_;

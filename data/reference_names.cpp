@@ -43,10 +43,11 @@ void CouponNames::Add(const DiscountRecord& record) {
 }
 
 std::optional<std::string> CouponNames::Find(const AppliedDiscount& link) const {
-  const auto [first, last] = coupons_.equal_range(link.Id);
+  const auto range = coupons_.equal_range(link.Id);
   const auto name_where = [&](auto fits) {
-    const auto found = std::find_if(first, last, [&](const auto& one) { return fits(one.second); });
-    return found != last ? std::optional(found->second.name) : std::nullopt;
+    const auto found =
+        std::find_if(range.first, range.second, [&](const auto& one) { return fits(one.second); });
+    return found != range.second ? std::optional(found->second.name) : std::nullopt;
   };
   const auto has_key = [&](const Coupon& one) { return one.source == link.Source; };
   auto name = name_where([&](const Coupon& one) { return has_key(one) && !one.deleted; });
