@@ -184,11 +184,31 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     <name>MainForm</name>
     <message>
         <source>Shows one store or all</source>
-        <translation>Zeigt ein Geschäft oder alle</translation>
+        <translation>Zeigt einen Laden oder alle</translation>
     </message>
     <message>
         <source>Shows one category or all</source>
         <translation>Zeigt eine Kategorie oder alle</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>Listen</translation>
+    </message>
+    <message>
+        <source>Pick a date</source>
+        <translation>Datum wählen</translation>
+    </message>
+    <message>
+        <source>Update stores, categories and coupons (F5)</source>
+        <translation>Läden, Kategorien und Gutscheine aktualisieren (F5)</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Records</source>
+        <translation>Einträge</translation>
     </message>
 </context>
 <context>
@@ -278,11 +298,31 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     <name>PickerForm</name>
     <message>
         <source>Shows one store or all</source>
-        <translation>Zeigt ein Geschäft oder alle</translation>
+        <translation>Zeigt einen Laden oder alle</translation>
     </message>
     <message>
         <source>Shows one category or all</source>
         <translation>Zeigt eine Kategorie oder alle</translation>
+    </message>
+    <message>
+        <source>Select Coupon</source>
+        <translation>Gutschein auswählen</translation>
+    </message>
+    <message>
+        <source>Pick a date</source>
+        <translation>Datum wählen</translation>
+    </message>
+    <message>
+        <source>Coupons</source>
+        <translation>Gutscheine</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -20,6 +20,9 @@ void UseCoupons(Robot& robot, Stage& stage);
 /// Another start: everything is still there. Pictures of the screens at this size.
 void LookAround(Robot& robot, Stage& stage, QSize size);
 
+/// The same in German, and by night.
+void LookByNight(Robot& robot, Stage& stage);
+
 /// A household without coupons and a server beside it: updates, views a coupon's page, cancels, and
 /// meets a server that is gone. Nothing where this build has no server.
 void BringUpToDate(Robot& robot, Stage& stage);

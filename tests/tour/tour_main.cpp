@@ -46,6 +46,8 @@ int PlayChapter(const QString& chapter, const QString& folder, const QString& pi
     brovanta::tour::LookAround(robot, stage, QSize(320, 480));
   } else if (chapter == QStringLiteral("6_double")) {
     brovanta::tour::LookAround(robot, stage, QSize(360, 640));
+  } else if (chapter == QStringLiteral("6_night")) {
+    brovanta::tour::LookByNight(robot, stage);
   } else if (chapter == QStringLiteral("8_update")) {
     brovanta::tour::BringUpToDate(robot, stage);
   } else if (chapter == QStringLiteral("9_search")) {
@@ -93,7 +95,8 @@ int PlayAll(const QString& pictures) {
     if (!folder->isValid()) return 2;
     if (!brovanta::SeedNameLists(folder->path().toStdString())) return 2;
   }
-  for (const char* chapter : {"1_list", "2_life", "3_coupons", "4_wide", "5_small", "6_double"}) {
+  for (const char* chapter :
+       {"1_list", "2_life", "3_coupons", "4_wide", "5_small", "6_double", "6_night"}) {
     result |= StartChapter(QString::fromLatin1(chapter), household.path(), pictures);
   }
   result |= StartChapter(QStringLiteral("7_long"), long_list.path(), pictures);

@@ -2,6 +2,7 @@
 
 #include <QCalendarWidget>
 #include <QCoreApplication>
+#include <QPalette>
 #include <QTextCharFormat>
 #include <QToolButton>
 
@@ -33,10 +34,17 @@ void DressCalendar(QCalendarWidget& calendar) {
   calendar.setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
   calendar.setDateEditEnabled(false);
   calendar.setDateRange(FirstPickableDate(), LastPickableDate());
-  QTextCharFormat weekend;
-  weekend.setForeground(theme::kText);
-  calendar.setWeekdayTextFormat(Qt::Saturday, weekend);
-  calendar.setWeekdayTextFormat(Qt::Sunday, weekend);
+  // Red would be the colour of what is overdue.
+  KeepInPalette(calendar, [&calendar] {
+    QTextCharFormat weekend;
+    weekend.setForeground(QColor(theme::kText));
+    calendar.setWeekdayTextFormat(Qt::Saturday, weekend);
+    calendar.setWeekdayTextFormat(Qt::Sunday, weekend);
+    // The days of the neighbouring months are painted as if disabled, but can be chosen.
+    QPalette palette = calendar.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Text, theme::kQuietText);
+    calendar.setPalette(palette);
+  });
   calendar.setAccessibleName(QCoreApplication::translate("Calendar", "Calendar"));
   NamePart(calendar, "qt_calendar_calendarview", QCoreApplication::translate("Calendar", "Days"));
   NamePart(calendar, "qt_calendar_yearedit", QCoreApplication::translate("Calendar", "Year"));

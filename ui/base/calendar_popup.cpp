@@ -17,7 +17,6 @@ namespace {
 constexpr int kMargin = 8;
 constexpr int kGap = 4;
 constexpr QSize kFingerSize{328, 312};  // every date a finger wide and high
-constexpr QColor kVeil{0, 0, 64, 72};
 }  // namespace
 
 CalendarPopup::CalendarPopup(QWidget& screen, int control_id)
@@ -126,7 +125,7 @@ void CalendarPopup::mousePressEvent(QMouseEvent* event) {
 
 void CalendarPopup::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), kVeil);
+  painter.fillRect(rect(), theme::kVeil);
   painter.fillRect(frame_->geometry().adjusted(-1, -1, 1, 1), theme::kNavy);
 }
 

@@ -51,6 +51,10 @@ void ColorButton::setText(const QString& text) {
 }
 
 int ColorButton::SetColor(int index, const QColor& color, bool repaint) {
+  return SetColor(index, ThemeColor(color), repaint);
+}
+
+int ColorButton::SetColor(int index, ThemeColor color, bool repaint) {
   if (index < 0 || index >= kColorCount) return 3;
   colors_[static_cast<std::size_t>(index)] = color;
   if (repaint) update();

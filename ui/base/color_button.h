@@ -11,6 +11,8 @@
 #include <QString>
 #include <array>
 
+#include "ui/base/theme.h"
+
 class QPainter;
 
 namespace brovanta {
@@ -51,7 +53,9 @@ class ColorButton : public QAbstractButton {
 
   /// 0, or 3 for an index of 6 or more (nothing changes).
   int SetColor(int index, const QColor& color, bool repaint);
-  /// White backgrounds and navy texts in all three states.
+  /// The same with a colour that follows the palette in use.
+  int SetColor(int index, ThemeColor color, bool repaint);
+  /// White backgrounds and navy texts in all three states, or what the dark palette has for them.
   void UseProgramColors();
 
   /// 0, or 4 for a value greater than 2 (nothing changes).
@@ -97,7 +101,7 @@ class ColorButton : public QAbstractButton {
   [[nodiscard]] bool HasMenuMark() const;
   void PaintContent(QPainter& painter, const QRect& inner) const;
 
-  std::array<QColor, kColorCount> colors_;
+  std::array<ThemeColor, kColorCount> colors_;
   std::array<Picture, 3> pictures_;
   int alignment_ = kPictureLeft;
   QPointer<QMenu> menu_;

@@ -98,7 +98,8 @@ void ColorButton::PaintContent(QPainter& painter, const QRect& inner) const {
   if (HasMenuMark()) {
     const QRect mark(room.right() - kMenuMark + 1, room.center().y() - kMenuMark / 2, kMenuMark,
                      kMenuMark);
-    NamedIcon(QStringLiteral("chevron_down"), painter.pen().color()).paint(&painter, mark);
+    NamedIcon(QStringLiteral("chevron_down"), ThemeColor(painter.pen().color()))
+        .paint(&painter, mark);
     room.setRight(room.right() - kMenuMarkRoom);
   }
   const Picture* picture = CurrentPicture();

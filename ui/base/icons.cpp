@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QIconEngine>
+#include <QLabel>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
@@ -26,12 +27,12 @@ namespace {
 const QString kFolder = QStringLiteral(":/brovanta/");
 /// The colour that all drawings are made in.
 constexpr char kDrawnIn[] = "#000080";
+constexpr int kProgramIcon = 128;
 
 /// Draws one SVG in a colour for each of its looks, as vectors at whatever scale is asked for.
 class SvgEngine : public QIconEngine {
  public:
-  SvgEngine(const QString& file, const QColor& off, const QColor& on)
-      : file_(file), off_(off), on_(on) {}
+  SvgEngine(const QString& file, ThemeColor off, ThemeColor on) : file_(file), off_(off), on_(on) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
     const qreal ratio = painter->device() == nullptr ? 1.0 : painter->device()->devicePixelRatioF();
@@ -78,11 +79,11 @@ class SvgEngine : public QIconEngine {
   }
 
   QString file_;
-  QColor off_;
-  QColor on_;
+  ThemeColor off_;
+  ThemeColor on_;
 };
 
-QIcon IconFromFile(const QString& path, const QColor& off, const QColor& on) {
+QIcon IconFromFile(const QString& path, ThemeColor off, ThemeColor on) {
   RegisterPictures();
   if (!QFile::exists(path)) return {};
   return QIcon(new SvgEngine(path, off, on));
@@ -93,11 +94,14 @@ QIcon IconFromFile(const QString& path, const QColor& off, const QColor& on) {
 QIcon NumberedIcon(int number) {
   RegisterPictures();
   static const QStringList kFiles = QDir(kFolder).entryList(QDir::Files, QDir::Name);
+  // The program's own has a ground of its own, which is navy day and night.
+  const ThemeColor color =
+      number == kProgramIcon ? ThemeColor(QColor(QLatin1String(kDrawnIn))) : theme::kNavy;
   for (const char* const kind : {"icon", "bitmap"}) {
     const QString start = QStringLiteral("%1_%2_").arg(QLatin1String(kind)).arg(number);
     for (const QString& file : kFiles) {
       if (file.startsWith(start)) {
-        return IconFromFile(kFolder + file, theme::kNavy, theme::kNavy);
+        return IconFromFile(kFolder + file, color, color);
       }
     }
   }
@@ -114,8 +118,16 @@ QIcon CommandIcon(int command) {
                       theme::kNavy);
 }
 
-QIcon NamedIcon(const QString& name, const QColor& color) {
+QIcon NamedIcon(const QString& name, ThemeColor color) {
   return IconFromFile(kFolder + name + QStringLiteral(".svg"), color, color);
+}
+
+void ShowIcon(QLabel& label, const QIcon& icon, QSize size, QIcon::State state) {
+  static const QString kKeeper = QStringLiteral("shownIcon");
+  delete label.findChild<QObject*>(kKeeper, Qt::FindDirectChildrenOnly);  // of the one before
+  KeepInPalette(label, [&label, icon, size, state] {
+    label.setPixmap(icon.pixmap(size, label.devicePixelRatioF(), QIcon::Normal, state));
+  })->setObjectName(kKeeper);
 }
 
 }  // namespace brovanta

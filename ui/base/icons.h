@@ -1,9 +1,13 @@
-// The program's own pictures, by their number, drawn as SVG in res/.
+// The program's own pictures, by their number, drawn as SVG in res/. They follow the palette in
+// use.
 #pragma once
 
-#include <QColor>
 #include <QIcon>
 #include <QPixmap>
+
+#include "ui/base/theme.h"
+
+class QLabel;
 
 namespace brovanta {
 
@@ -20,6 +24,9 @@ namespace brovanta {
 /// The picture of that file name without its ending ("mark_recurring"), drawn in one colour; a null
 /// icon for a name that the program does not have. There are mark_recurring, chevron_down,
 /// chevron_right, chevron_left, question and warning besides the numbered ones.
-[[nodiscard]] QIcon NamedIcon(const QString& name, const QColor& color);
+[[nodiscard]] QIcon NamedIcon(const QString& name, ThemeColor color);
+
+/// Shows the icon in a label, in the palette in use whichever that is.
+void ShowIcon(QLabel& label, const QIcon& icon, QSize size, QIcon::State state = QIcon::Off);
 
 }  // namespace brovanta

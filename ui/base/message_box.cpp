@@ -26,6 +26,7 @@ class NarrowBox : public QMessageBox {
  protected:
   bool event(QEvent* event) override {
     const bool handled = QMessageBox::event(event);
+    if (event->type() == QEvent::PaletteChange && isVisible()) setIcon(icon());  // in its colours
     // The moments at which the base class measures.
     if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest) Fit();
     return handled;

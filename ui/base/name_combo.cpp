@@ -58,7 +58,9 @@ void NameCombo::AddEmptyItem() {
 void NameCombo::SelectId(std::uint32_t id) {
   if (id == 0) return;
   const int index = findData(static_cast<int>(id));
-  if (index >= 0) setCurrentIndex(index);
+  if (index < 0) return;
+  setCurrentIndex(index);
+  lineEdit()->setCursorPosition(0);  // of a long name the beginning is shown
 }
 
 bool NameCombo::IsTooLong() const { return currentText().size() > kNameLimit; }

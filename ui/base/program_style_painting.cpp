@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kChevron = 14;
 constexpr int kUnderline = 3;
+constexpr int kPressed = 120;  // percent of the usual darkness
 constexpr int kProgressGroove = 12;
 
 bool IsEnabled(const QStyleOption& option) { return option.state.testFlag(QStyle::State_Enabled); }
@@ -27,7 +28,7 @@ void PaintBox(QPainter& painter, const QRect& rect, const QColor& ground, bool f
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   const double width = focused ? 2.0 : 1.0;
-  painter.setPen(QPen(focused ? theme::kNavy : line, width));
+  painter.setPen(QPen(focused ? QColor(theme::kNavy) : line, width));
   painter.setBrush(ground);
   const double half = width / 2.0;
   painter.drawRoundedRect(QRectF(rect).adjusted(half, half, -half, -half), theme::kRadius,
@@ -52,14 +53,14 @@ void PaintPushButton(QPainter& painter, const QStyleOption& option) {
   QColor ground = theme::kGround;
   if (!IsEnabled(option)) ground = theme::kBar;
   if (filled) ground = theme::kNavy;
-  if (down) ground = filled ? theme::kNavy.darker(150) : theme::kSelection;
+  if (down) ground = filled ? QColor(theme::kNavy).darker(kPressed) : theme::kSelection;
   PaintBox(painter, option.rect, ground, false, filled ? theme::kNavy : theme::kFieldLine);
   if (!HasFocus(option) || !IsEnabled(option)) return;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(Qt::NoBrush);
   // Inside the filled button the ring is white, or it would not show.
-  painter.setPen(QPen(filled ? theme::kGround : theme::kNavy, 2));
+  painter.setPen(QPen(QColor(filled ? theme::kGround : theme::kNavy), 2));
   const double inset = filled ? 4 : 1;
   painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset),
                           theme::kRadius - 2, theme::kRadius - 2);
@@ -79,8 +80,8 @@ void PaintCheckMark(QPainter& painter, const QStyleOption& option) {
 void PaintToolButton(QPainter& painter, const QStyleOption& option) {
   if (!(option.state & (QStyle::State_Sunken | QStyle::State_On | QStyle::State_HasFocus))) return;
   const bool down = option.state & (QStyle::State_Sunken | QStyle::State_On);
-  PaintBox(painter, option.rect, down ? theme::kSelection : Qt::transparent, HasFocus(option),
-           Qt::transparent);
+  PaintBox(painter, option.rect, down ? QColor(theme::kSelection) : Qt::transparent,
+           HasFocus(option), Qt::transparent);
 }
 
 void PaintChevron(QPainter& painter, const QRect& room, bool enabled) {
@@ -116,7 +117,7 @@ void PaintTab(QPainter& painter, const QStyleOption& option) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillRect(option.rect, theme::kBar);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(theme::kGround);
+  painter.setBrush(QColor(theme::kGround));
   const QRect& rect = option.rect;
   painter.drawRoundedRect(QRectF(rect).adjusted(0, 0, 0, theme::kRadius), theme::kRadius,
                           theme::kRadius);
@@ -225,7 +226,7 @@ void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOption
     painter->setPen(Qt::NoPen);
     const bool pressed = option->activeSubControls.testFlag(SC_ScrollBarSlider) &&
                          option->state.testFlag(State_Sunken);
-    painter->setBrush(pressed ? theme::kNavy : theme::kFieldLine);
+    painter->setBrush(QColor(pressed ? theme::kNavy : theme::kFieldLine));
     painter->drawRoundedRect(QRectF(slider).adjusted(3, 2, -2, -2), 2.5, 2.5);
     painter->restore();
     return;

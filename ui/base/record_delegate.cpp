@@ -36,7 +36,7 @@ void PaintChevron(QPainter& painter, QPointF center, bool open) {
     path.lineTo(center + QPointF(kReach / 2, 0));
     path.lineTo(center + QPointF(-kReach / 2, kReach));
   }
-  painter.setPen(QPen(theme::kNavy, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setPen(QPen(QColor(theme::kNavy), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.drawPath(path);
 }
 
@@ -49,14 +49,15 @@ RecordDelegate::RecordDelegate(QTreeView& tree, const RecordModel& model)
       recurring_mark_(NamedIcon(QStringLiteral("mark_recurring"), theme::kQuietText)) {}
 
 const RecordDelegate::Look& RecordDelegate::LookFor(const QFont& font) const {
-  if (look_.row_height != 0 && look_.name == font) return look_;
-  look_.name = font;
+  if (look_.row_height != 0 && look_.of == font) return look_;
+  look_.of = font;
+  look_.name = ScaledFont(font, kNameTextScale);
   look_.heading = BoldFont(ScaledFont(font, kSideTextScale));
   look_.store = ScaledFont(font, kSideTextScale);
   look_.detail = ScaledFont(font, kDetailTextScale);
   look_.overdue = BoldFont(look_.detail);
   const int lines =
-      QFontMetrics(font).height() + std::max(QFontMetrics(look_.overdue).height(), kMarkSize);
+      QFontMetrics(look_.name).height() + std::max(QFontMetrics(look_.overdue).height(), kMarkSize);
   look_.row_height = std::max(theme::kRowHeight, lines + 2 * kRowPadding);
   look_.heading_height =
       std::max(theme::kHeadingHeight, QFontMetrics(look_.heading).height() + 2 * kHeadingPadding);

@@ -32,6 +32,7 @@ class RecordDelegate : public QStyledItemDelegate {
  private:
   /// Fonts and heights that follow from the tree's font.
   struct Look {
+    QFont of;  ///< the tree's font, which the others are made of
     QFont name;
     QFont heading;
     QFont store;

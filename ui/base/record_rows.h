@@ -30,7 +30,7 @@ class RecordRows {
 
   /// What is added from now on stands under this heading.
   void AddHeading(HeadingRow heading) {
-    headings_.push_back({std::move(heading), records_.size(), 0});
+    headings_.push_back({heading, records_.size(), 0});
   }
 
   /// There must be a heading. The name is copied.

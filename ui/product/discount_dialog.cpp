@@ -1,6 +1,5 @@
 #include "ui/product/discount_dialog.h"
 
-#include <QPalette>
 #include <QShortcut>
 #include <set>
 
@@ -60,11 +59,7 @@ void DiscountDialog::InsertTabs() {
 }
 
 void DiscountDialog::PaintLabels() {
-  for (QLabel* label : form_->content->findChildren<QLabel*>()) {
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, theme::kNavy);
-    label->setPalette(palette);
-  }
+  for (QLabel* label : form_->content->findChildren<QLabel*>()) InkWithAccent(*label);
 }
 
 void DiscountDialog::FillLists() {

@@ -37,8 +37,7 @@ FindTextDialog::FindTextDialog(QWidget* parent, const std::optional<std::string>
       form_(std::make_unique<Ui::FindForm>()),
       find_text_(WideText(find_text.value_or(std::string()))) {
   form_->setupUi(this);
-  form_->iconLabel->setPixmap(
-      CommandIcon(kMagnifier).pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+  ShowIcon(*form_->iconLabel, CommandIcon(kMagnifier), {kIconSize, kIconSize});
   QComboBox* const box = form_->findTextBox;
   box->addItems(EarlierTexts());
   box->setCompleter(nullptr);  // it would turn a typed text into an earlier, longer one

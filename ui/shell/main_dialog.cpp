@@ -11,6 +11,7 @@
 #include "ui/base/modal_dialog.h"
 #include "ui/base/period_selector.h"
 #include "ui/base/row_layout.h"
+#include "ui/base/theme.h"
 #include "ui/base/wide_text.h"
 #include "ui/shell/day_watch.h"
 #include "ui/shell/first_rows.h"
@@ -243,6 +244,7 @@ void MainDialog::keyPressEvent(QKeyEvent* event) {
 
 bool MainDialog::event(QEvent* event) {
   if (event->type() == QEvent::LayoutRequest) ArrangeSelectors();
+  if (event->type() == QEvent::ThemeChange) FollowDesktop();
   return QDialog::event(event);
 }
 

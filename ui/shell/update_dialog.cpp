@@ -87,7 +87,7 @@ void UpdateDialog::Cancel() {
 }
 
 void UpdateDialog::ShowPicture(const QIcon& picture) {
-  form_->iconLabel->setPixmap(picture.pixmap(kPictureSize, devicePixelRatioF()));
+  ShowIcon(*form_->iconLabel, picture, kPictureSize);
 }
 
 void UpdateDialog::ShowWhatIsQueued() {

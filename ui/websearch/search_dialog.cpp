@@ -19,8 +19,7 @@ constexpr QSize kWindowSize{360, 240};  // a larger text scrolls
 SearchDialog::SearchDialog(SearchManager& searches, QWidget* parent)
     : ModalDialog(parent), searches_(searches), form_(std::make_unique<Ui::SearchForm>()) {
   form_->setupUi(this);
-  form_->iconLabel->setPixmap(
-      TabIcon(kSearchesTab).pixmap(kPictureSize, devicePixelRatioF(), QIcon::Normal, QIcon::On));
+  ShowIcon(*form_->iconLabel, TabIcon(kSearchesTab), kPictureSize, QIcon::On);
   ShowInputPanelOnFocus(form_->nameEdit);
   HideInputPanelOnFocus(form_->categoryBox);
   connect(form_->searchButton, &QPushButton::clicked, this, &SearchDialog::Search);

@@ -1,7 +1,6 @@
 #include "ui/websearch/search_header.h"
 
 #include <QHBoxLayout>
-#include <QPalette>
 
 #include "ui/base/icons.h"
 #include "ui/base/row_painting.h"
@@ -16,14 +15,11 @@ constexpr QSize kPictureSize{24, 24};
 SearchHeader::SearchHeader(QWidget* parent)
     : LinedFrame(parent, Lines::kBelow), label_(new WrappedLabel(this)) {
   auto* picture = new QLabel(this);
-  picture->setPixmap(NamedIcon(QStringLiteral("toolbar_129_2785"), theme::kNavy)
-                         .pixmap(kPictureSize, devicePixelRatioF()));
+  ShowIcon(*picture, NamedIcon(QStringLiteral("toolbar_129_2785"), theme::kNavy), kPictureSize);
   picture->setAccessibleName(tr("Web search"));
   label_->setObjectName(QStringLiteral("headerLabel"));
   label_->setFont(BoldFont(font()));
-  QPalette palette = label_->palette();
-  palette.setColor(QPalette::WindowText, theme::kNavy);
-  label_->setPalette(palette);
+  InkWithAccent(*label_);
   QSizePolicy wide(QSizePolicy::Expanding, QSizePolicy::Preferred);
   wide.setHeightForWidth(true);
   label_->setSizePolicy(wide);

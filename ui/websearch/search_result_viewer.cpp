@@ -1,7 +1,5 @@
 #include "ui/websearch/search_result_viewer.h"
 
-#include <QPalette>
-
 #include "ui/base/theme.h"
 #include "ui/websearch/result_page.h"
 #include "ui_search_result.h"
@@ -30,9 +28,7 @@ SearchResultViewer::~SearchResultViewer() = default;
 void SearchResultViewer::SetUpTexts(const ShownResult& result) {
   for (QLabel* caption : {form_->webSiteTitle, form_->priceTitle, form_->titleTitle,
                           form_->urlTitle, form_->descriptionTitle}) {
-    QPalette palette = caption->palette();
-    palette.setColor(QPalette::WindowText, theme::kNavy);
-    caption->setPalette(palette);
+    InkWithAccent(*caption);
     caption->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   }
   for (QLabel* caption : {form_->titleTitle, form_->urlTitle, form_->descriptionTitle}) {

@@ -15,35 +15,30 @@
 #include <QTabBar>
 #include <QTest>
 #include <QToolButton>
-#include <cmath>
 
+#include "tests/support/text_contrast.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
 namespace {
 
-double Luminance(const QColor& color) {
-  const auto channel = [](double value) {
-    return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) +
-         0.0722 * channel(color.blueF());
-}
+class PaletteGuard {
+ public:
+  ~PaletteGuard() { UseDarkPalette(false); }
+};
 
-double Contrast(const QColor& one, const QColor& other) {
-  const double a = Luminance(one);
-  const double b = Luminance(other);
-  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
-TEST(ProgramStyleTest, TextsStandOutFromEveryGroundTheyAreShownOn) {
-  for (const QColor& text : {theme::kText, theme::kNavy, theme::kQuietText, theme::kWarm}) {
-    for (const QColor& ground : {theme::kGround, theme::kBar, theme::kSelection}) {
-      EXPECT_GE(Contrast(text, ground), 4.5)
-          << text.name().toStdString() << " on " << ground.name().toStdString();
+TEST(ProgramStyleTest, ColorsStandOutFromEveryGroundTheyAreShownOn) {
+  const PaletteGuard guard;
+  for (const bool dark : {false, true}) {
+    UseDarkPalette(dark);
+    for (const QColor text : {theme::kText, theme::kNavy, theme::kQuietText, theme::kWarm}) {
+      for (const QColor ground : {theme::kGround, theme::kBar, theme::kSelection}) {
+        EXPECT_GE(test::Contrast(text, ground), 4.5)
+            << text.name().toStdString() << " on " << ground.name().toStdString();
+      }
     }
+    EXPECT_GE(test::Contrast(theme::kFieldLine, theme::kGround), 3.0);
   }
-  EXPECT_GE(Contrast(theme::kFieldLine, theme::kGround), 3.0);
 }
 
 TEST(ProgramStyleTest, FieldsAndButtonsAreAFingerHigh) {

@@ -104,6 +104,21 @@ TEST(TranslationsTest, TheCheckFindsWhatIsMissingUnfinishedAndLeftOver) {
   }
 }
 
+TEST(TranslationsTest, NothingButTheProgramsNameIsKeptFromTranslation) {
+  const QDir folder(QStringLiteral(BROVANTA_TRANSLATIONS "/.."));
+  const QStringList forms = folder.entryList({QStringLiteral("*.ui")});
+  ASSERT_GE(forms.size(), 10);
+  static const QRegularExpression kKept(QStringLiteral("notr=\"true\">([^<]*)<"));
+  for (const QString& form : forms) {
+    QFile file(folder.filePath(form));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    for (auto matches = kKept.globalMatch(text); matches.hasNext();) {
+      EXPECT_EQ(matches.next().captured(1), QStringLiteral("Brovanta")) << form.toStdString();
+    }
+  }
+}
+
 TEST(TranslationsTest, EveryTranslationHasThePlacesOfItsSentence) {
   ASSERT_FALSE(Translations().isEmpty());
   for (const QString& path : Translations()) {
