@@ -86,7 +86,8 @@ TEST_F(ExportCommandsTest, NothingIsPutIntoTheDataFolder) {
                                  folder_.File("link") + "/x", folder_.File("other/../data/x")}) {
     const CommandEnd end = Run({"export", "--json", data_, "-o", out});
     EXPECT_EQ(end.status, kBad) << out;
-    EXPECT_THAT(end.complaints, ElementsAre(HasSubstr("this is in the data folder"))) << out;
+    EXPECT_THAT(end.complaints, ElementsAre(HasSubstr("the data folder is no place for it")))
+        << out;
   }
   for (const std::string& out : {data_, data_ + "/", folder_.File("link"), data_ + "/tables"}) {
     EXPECT_EQ(Run({"export", "--csv", data_ + "/", "-o", out}).status, kBad) << out;
@@ -121,7 +122,7 @@ TEST_F(ExportCommandsTest, AFolderInTheMiddleOfAChangeIsLeftAlone) {
     platform::File holder;
     ASSERT_TRUE(holder.Open(data_ + "/store.lst", platform::File::Mode::kReadWrite));
     EXPECT_THAT(Run({"export", "--json", data_}).complaints,
-                ElementsAre(HasSubstr("someone else has a file open")));
+                ElementsAre(HasSubstr("someone else has store.lst open, or it may not be read")));
   }
   const UndoRecord record{UndoKind::kOverwritten, "store.lst", 76, 0, test::Hex("81 38 01 00")};
   folder_.Write("data/backup.dat", EncodeJournal(std::vector{record}));

@@ -6,6 +6,7 @@
 
 #include "data/exit_status.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/write_limit.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -54,13 +55,23 @@ TEST_F(OutputFileTest, AFileThatCannotBeWrittenIsTold) {
 
 TEST_F(OutputFileTest, TheDataFolderIsNoPlaceForIt) {
   folder_.WriteText("data/product.dat", "products");
+  std::filesystem::create_directory_symlink(data_, folder_.File("link"));
   for (const std::string& file :
-       {data_ + "/product.dat", data_ + "/../data/list.txt", folder_.path() + "//data/x"}) {
+       {data_ + "/product.dat", data_ + "/../data/list.txt", folder_.path() + "//data/x",
+        data_ + "/WebSearch/2.dat", folder_.File("link") + "/x"}) {
     const CommandEnd end = DeliverTo(file);
     EXPECT_EQ(end.status, kBad) << file;
     EXPECT_THAT(end.complaints, ElementsAre(HasSubstr("the data folder is no place for it")));
   }
   EXPECT_EQ(folder_.ReadText("data/product.dat"), "products");
+  EXPECT_EQ(DeliverTo(data_ + ".txt").status, kGood);
+}
+
+TEST_F(OutputFileTest, AnOldFileStandsUntilTheNewOneIsWhole) {
+  folder_.WriteText("list.txt", "old");
+  const test::WriteLimit limit(1000);
+  EXPECT_EQ(DeliverTo(folder_.File("list.txt"), std::string(5000, 'x')).status, kBad);
+  EXPECT_EQ(folder_.ReadText("list.txt"), "old");
 }
 
 }  // namespace
