@@ -16,10 +16,7 @@ namespace brovanta::tour {
 namespace {
 
 QAbstractButton* ToolsButton(QWidget& main) {
-  for (auto* button : main.findChildren<QAbstractButton*>()) {
-    if (button->text().remove(QLatin1Char('&')) == QStringLiteral("Tools")) return button;
-  }
-  return nullptr;
+  return main.findChild<QAbstractButton*>(QStringLiteral("toolsButton"));  // in any language
 }
 
 }  // namespace

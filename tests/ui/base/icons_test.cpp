@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -170,8 +171,10 @@ TEST(IconsTest, ALabelShowsTheLastIconInThePaletteInUse) {
   ShowIcon(label, NamedIcon(QStringLiteral("warning"), theme::kWarm), {48, 48});
   EXPECT_EQ(label.pixmap().size(), QSize(48, 48));
   UseDarkPalette(true);
+  QCoreApplication::processEvents();  // widgets hear of it by events
   EXPECT_EQ(Ink(label.pixmap().toImage()), theme::kWarm);
   UseDarkPalette(false);
+  QCoreApplication::processEvents();
   EXPECT_EQ(Ink(label.pixmap().toImage()), theme::kWarm);
 }
 

@@ -65,14 +65,18 @@ TEST_F(ThemeTest, WorkIsDoneAgainWithEachPaletteAsLongAsTheWidgetLives) {
     KeepInPalette(label, [&times] { ++times; });
     EXPECT_EQ(times, 1);
     UseDarkPalette(true);
+    QCoreApplication::processEvents();  // widgets hear of it by events
     EXPECT_GT(times, 1);
     EXPECT_EQ(label.palette().color(QPalette::WindowText), theme::kNavy);
     UseDarkPalette(false);
+    QCoreApplication::processEvents();
     EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(0, 0, 128));
   }
   const int until_now = times;
   UseDarkPalette(true);
+  QCoreApplication::processEvents();
   UseDarkPalette(false);
+  QCoreApplication::processEvents();
   EXPECT_EQ(times, until_now);
 }
 

@@ -115,6 +115,7 @@ TEST_F(PaletteTest, TheMainScreenFollowsTheDesktop) {
     QApplication::setStyle(new DarkDesktop);
     QCoreApplication::sendEvent(open.screen, &change);
     EXPECT_TRUE(UsesDarkPalette());
+    QCoreApplication::processEvents();
     EXPECT_EQ(open.screen->palette().color(QPalette::Window), theme::kGround);
     QApplication::setStyle(new ProgramStyle);
     QCoreApplication::sendEvent(open.screen, &change);
