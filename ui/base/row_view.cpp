@@ -62,10 +62,11 @@ void PaintRowViewSigns(QTreeView& view, const QString& empty_text) {
   QPainter painter(view.viewport());
   const QRect ground = view.viewport()->rect();
   if (view.model()->rowCount() == 0) PaintEmptyText(painter, ground, empty_text);
-  if (view.hasFocus() && !CaretOf(view).isValid()) {
-    painter.setPen(theme::kNavy);
-    painter.drawRect(ground.adjusted(0, 0, -1, -1));
-  }
+  if (!view.hasFocus()) return;
+  const QModelIndex caret = CaretOf(view);
+  const QRect framed = caret.isValid() ? view.visualRect(caret) : ground;
+  painter.setPen(theme::kNavy);
+  painter.drawRect(framed.adjusted(0, 0, -1, -1));
 }
 
 }  // namespace brovanta

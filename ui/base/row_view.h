@@ -22,8 +22,9 @@ void DropFocusRow(QTreeView& view);
 /// words change, or whether there are rows.
 void DescribeEmptyView(QTreeView& view, const QString& empty_text);
 
-/// Paints quiet words on the ground of a list without rows, and the frame of a list that has the
-/// focus and no caret. To be called when the rows have been painted.
+/// Paints quiet words on the ground of a list without rows, and the frame of the caret, or of the
+/// list where there is none, while the list has the focus. To be called when the rows have been
+/// painted.
 void PaintRowViewSigns(QTreeView& view, const QString& empty_text);
 
 }  // namespace brovanta

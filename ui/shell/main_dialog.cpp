@@ -271,6 +271,13 @@ void MainDialog::PlaceHeading(bool between_the_buttons) {
   } else {
     grid.addWidget(form_->headingFrame, 1, 0, 1, 3);
   }
+  // Tab follows the eye.
+  QWidget* second = form_->periodHeadingButton;
+  QWidget* third = form_->updateButton;
+  if (!between_the_buttons) std::swap(second, third);
+  setTabOrder(form_->viewModeButton, second);
+  setTabOrder(second, third);
+  setTabOrder(third, form_->storeFilterButton);
 }
 
 void MainDialog::DestroyWindow() {

@@ -50,6 +50,13 @@ void Click(QWidget& window, const char* button) {
   QTest::mouseClick(&Find(window, button), Qt::LeftButton);
 }
 
+/// A window manager gives it the keyboard back when a menu over it has closed.
+void Activate(QWidget& window) {
+  window.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  QCoreApplication::processEvents();
+}
+
 ProductFilter AllProducts() {
   ProductFilter filter;
   filter.to = std::numeric_limits<DateStamp>::max();
@@ -99,11 +106,12 @@ void Screens::EmptyMain() {
 void Screens::OverMain() {
   const auto dialog = OpenMain(folder_);
   dialog->show();
-  dialog->activateWindow();
+  Activate(*dialog);
   ShowMenu("main, tools menu", *dialog, "toolsButton");
   ShowMenu("main, view menu", *dialog, "viewModeButton");
   ShowMenu("main, store menu", *dialog, "storeFilterButton");
   ShowMenu("main, category menu", *dialog, "categoryFilterButton");
+  Activate(*dialog);
   Click(*dialog, "periodHeadingButton");
   ShowOver("main, calendar", ScreenKind::kOverlay, Find(*dialog, "calendarPopup"), *dialog);
 }
@@ -142,7 +150,7 @@ void Screens::OverProducts() {
   ASSERT_NE(record, nullptr);
   ProductDialog dialog(kTax, record, kProductMode, database_, kServer, nullptr);
   dialog.show();
-  dialog.activateWindow();
+  Activate(dialog);
   ShowMenu("product, slot menu", dialog, "couponSlotButton1");
   ShowList("product, list of types", dialog, "purchaseTypeBox");
   ShowList("product, list of stores", dialog, "storeBox");
@@ -187,8 +195,9 @@ void Screens::Picker() {
 void Screens::OverPicker() {
   CouponPickerDialog dialog(database_, kServer, nullptr);
   dialog.show();
-  dialog.activateWindow();
+  Activate(dialog);
   ShowMenu("picker, store menu", dialog, "storeFilterButton");
+  Activate(dialog);
   Click(dialog, "periodHeadingButton");
   ShowOver("picker, calendar", ScreenKind::kOverlay, Find(dialog, "calendarPopup"), dialog);
 }

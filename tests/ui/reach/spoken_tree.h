@@ -1,0 +1,48 @@
+// A program as a screen reader outside of it gets it: over the message bus.
+#pragma once
+
+#include <QDBusConnection>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+namespace brovanta::test {
+
+/// A part of a program: a window, a control, a row.
+class SpokenPart {
+ public:
+  SpokenPart(QDBusConnection bus, QString service, QString path)
+      : bus_(std::move(bus)), service_(std::move(service)), path_(std::move(path)) {}
+
+  [[nodiscard]] QString Name() const;
+  [[nodiscard]] QString Description() const;
+  /// "push button", "tree item", ...
+  [[nodiscard]] QString Role() const;
+  [[nodiscard]] bool IsShown() const;
+  /// Whether another part is its label.
+  [[nodiscard]] bool HasLabel() const;
+  [[nodiscard]] std::vector<SpokenPart> Children() const;
+
+  /// Does what a press does. Does not wait: a button that opens a dialog answers when that closes.
+  void Press() const;
+
+ private:
+  [[nodiscard]] QVariant Property(const char* name) const;
+  [[nodiscard]] QVariant Ask(const char* interface, const char* method,
+                             const QVariantList& arguments = {}) const;
+
+  QDBusConnection bus_;
+  QString service_;
+  QString path_;
+};
+
+/// The programs on the bus, which screen readers begin with.
+[[nodiscard]] SpokenPart Desktop(const QDBusConnection& bus);
+
+/// All that is shown of a part, itself first.
+[[nodiscard]] std::vector<SpokenPart> AllShown(const SpokenPart& part);
+
+/// The controls without a name and the fields without a label among the parts.
+[[nodiscard]] QStringList NamelessParts(const std::vector<SpokenPart>& parts);
+
+}  // namespace brovanta::test
