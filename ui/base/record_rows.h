@@ -29,9 +29,7 @@ class RecordRows {
   void Reserve(std::size_t records) { records_.reserve(records); }
 
   /// What is added from now on stands under this heading.
-  void AddHeading(HeadingRow heading) {
-    headings_.push_back({heading, records_.size(), 0});
-  }
+  void AddHeading(HeadingRow heading) { headings_.push_back({heading, records_.size(), 0}); }
 
   /// There must be a heading. The name is copied.
   void Add(RecordContent content, RowDetail detail) {
