@@ -31,7 +31,7 @@ QString ValueWords(const DiscountRecord& discount) {
 }  // namespace
 
 QString DiscountWords(const DiscountRecord& discount) {
-  const QString value = ValueWords(discount);
+  QString value = ValueWords(discount);
   if (discount.EndDate > 0) {
     return Words(QT_TRANSLATE_NOOP("DiscountWords", "%1, until %2"))
         .arg(value, ShortDate(discount.EndDate));
