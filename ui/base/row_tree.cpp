@@ -18,6 +18,9 @@ RowTree::RowTree(QWidget* parent) : QTreeWidget(parent) {
           [this](QTreeWidgetItem* row) { Q_EMIT RowChosen(row); });
 }
 
+// The model says that its rows go, when the empty text has gone already.
+RowTree::~RowTree() { model()->disconnect(this); }
+
 void RowTree::SetEmptyText(const QString& text) {
   empty_text_ = text;
   DescribeEmptyView(*this, empty_text_);

@@ -12,6 +12,7 @@ class RowTree : public QTreeWidget {
 
  public:
   explicit RowTree(QWidget* parent = nullptr);
+  ~RowTree() override;
 
   /// Quiet words on the ground of a tree without rows.
   void SetEmptyText(const QString& text);
