@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <ctime>
 #include <limits>
@@ -20,11 +21,27 @@ constexpr std::int64_t kDay = 86400;
 constexpr std::int64_t kLargestOffset = 26 * kHour;
 constexpr std::int64_t kFirst = std::numeric_limits<std::int32_t>::min() - kLargestOffset;
 constexpr std::int64_t kLast = std::numeric_limits<std::int32_t>::max() + kLargestOffset;
-// Shorter than the shortest time any zone kept an offset: four days before 1946 (Freetown, 1939),
-// seven since (Recife, 2000).
-constexpr std::int64_t kEndOfShortSpans = -757382400;  // 1946-01-01
-constexpr std::int64_t kShortStep = 3 * kDay;
-constexpr std::int64_t kStep = 6 * kDay;
+// Shorter than the shortest time any zone kept an offset then: 21 days before 1938 (Honolulu,
+// 1933), four in the years of war (Freetown, 1939), 17 before 2000 (El Aaiun, 1976), seven in 2000
+// (Recife), 21 since 2005 (Cairo, 2010).
+struct Era {
+  std::int64_t end;
+  std::int64_t step;
+};
+constexpr std::array kEras{
+    Era{-1009843200, 16 * kDay},  // 1938-01-01
+    Era{-757382400, 3 * kDay},    // 1946-01-01
+    Era{946684800, 16 * kDay},    // 2000-01-01
+    Era{1104537600, 6 * kDay},    // 2005-01-01
+    Era{kLast, 16 * kDay},
+};
+
+std::int64_t StepFrom(std::int64_t seconds) {
+  for (const Era& era : kEras) {
+    if (seconds < era.end) return std::min(era.step, era.end - seconds);
+  }
+  return kDay;
+}
 
 std::int64_t SystemOffset(std::int64_t seconds) {
   const std::time_t moment = seconds;
@@ -119,7 +136,7 @@ LocalZone::LocalZone() {
   std::int64_t low = kFirst;
   spans_.push_back({low, SystemOffset(low)});
   while (low < kLast) {
-    const std::int64_t high = std::min(low + (low < kEndOfShortSpans ? kShortStep : kStep), kLast);
+    const std::int64_t high = low + StepFrom(low);
     const std::int64_t offset = SystemOffset(high);
     if (offset == spans_.back().offset) {
       low = high;

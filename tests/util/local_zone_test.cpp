@@ -98,6 +98,7 @@ INSTANTIATE_TEST_SUITE_P(Zones, LocalZoneTest,
                                          "Asia/Kathmandu", "UTC", "Pacific/Apia",
                                          "Africa/Casablanca", "Africa/Freetown", "America/Recife",
                                          "Asia/Gaza", "America/Argentina/San_Luis",
+                                         "Africa/El_Aaiun", "Africa/Cairo", "Pacific/Honolulu",
                                          "AAA-14:30BBB-13,M3.2.0,M11.1.0"),
                          NameOfCase);
 
