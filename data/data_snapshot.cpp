@@ -106,6 +106,21 @@ SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapsho
   return TakeDataSnapshot(folder, snapshot, refused);
 }
 
+std::string WhyNoSnapshot(SnapshotResult result, const std::string& refused) {
+  const std::string file = refused.empty() || refused == "." ? "a file" : refused;
+  switch (result) {
+    case SnapshotResult::kTaken:
+      break;
+    case SnapshotResult::kBusy:
+      return "someone else has " + file + " open, or it may not be read";
+    case SnapshotResult::kUnfinished:
+      return "a change was left in the middle: start the program once, it undoes it";
+    case SnapshotResult::kFailed:
+      return file + " cannot be read";
+  }
+  return {};
+}
+
 bool HoldsNothing(const DataSnapshot& snapshot) {
   return std::all_of(snapshot.begin(), snapshot.end(), [](const auto& file) {
     const bool is_list =

@@ -25,6 +25,9 @@ enum class SnapshotResult {
                                               std::string& refused);
 [[nodiscard]] SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapshot);
 
+/// Why there is no snapshot, for a person; `refused` as above.
+[[nodiscard]] std::string WhyNoSnapshot(SnapshotResult result, const std::string& refused);
+
 /// Whether there is nothing in it that a user has entered or that an update has brought: no file at
 /// all, or empty name lists alone.
 [[nodiscard]] bool HoldsNothing(const DataSnapshot& snapshot);

@@ -27,22 +27,13 @@ std::optional<DataSnapshot> ReadForExport(const std::string& folder, CommandEnd&
   DataSnapshot files;
   std::string refused;
   const SnapshotResult result = TakeDataSnapshot(platform::CanonicalFolder(folder), files, refused);
-  const std::string file = refused.empty() || refused == "." ? "a file" : refused;
-  switch (result) {
-    case SnapshotResult::kTaken:
-      if (!files.empty()) return files;
-      end = Failed(folder, "no data file of the program is in it", kNoFolder);
-      break;
-    case SnapshotResult::kBusy:
-      end = Failed(folder, "someone else has " + file + " open, or it may not be read");
-      break;
-    case SnapshotResult::kUnfinished:
-      end = Failed(folder, "a change was left in the middle: start the program once, it undoes it");
-      break;
-    case SnapshotResult::kFailed:
-      end = Failed(folder, file + " cannot be read", kNoFolder);
-      break;
+  if (result != SnapshotResult::kTaken) {
+    end = Failed(folder, WhyNoSnapshot(result, refused),
+                 result == SnapshotResult::kFailed ? kNoFolder : kBad);
+    return std::nullopt;
   }
+  if (!files.empty()) return files;
+  end = Failed(folder, "no data file of the program is in it", kNoFolder);
   return std::nullopt;
 }
 

@@ -59,20 +59,6 @@ class Reader {
   ReadProblem& problem_;
 };
 
-std::string WordsOf(SnapshotResult result) {
-  switch (result) {
-    case SnapshotResult::kTaken:
-      return {};
-    case SnapshotResult::kBusy:
-      return "it is being changed at this moment: try again";
-    case SnapshotResult::kUnfinished:
-      return "a change was left in the middle: start the program, which undoes it";
-    case SnapshotResult::kFailed:
-      return "it cannot be read";
-  }
-  return {};
-}
-
 }  // namespace
 
 std::optional<ShoppingData> ReadShoppingData(const std::string& folder, ReadProblem& problem) {
@@ -81,9 +67,11 @@ std::optional<ShoppingData> ReadShoppingData(const std::string& folder, ReadProb
     return std::nullopt;
   }
   DataSnapshot snapshot;
-  const SnapshotResult result = TakeDataSnapshot(folder, snapshot);
+  std::string refused;
+  const SnapshotResult result = TakeDataSnapshot(folder, snapshot, refused);
   if (result != SnapshotResult::kTaken) {
-    problem = {result == SnapshotResult::kFailed ? kNoFolder : kBad, WordsOf(result)};
+    problem = {result == SnapshotResult::kFailed ? kNoFolder : kBad,
+               WhyNoSnapshot(result, refused)};
     return std::nullopt;
   }
   if (snapshot.empty()) {

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "util/readable_text.h"
+#include "util/utf16.h"
+#include "util/windows_1252.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -57,7 +58,7 @@ bool IsBlank(char32_t character) {
 }  // namespace
 
 std::string PlainLine(std::string_view stored) {
-  const std::string readable = Utf8Text(stored);
+  const std::string readable = Utf16ToUtf8(WidenFromWindows1252(stored));
   std::string line;
   bool blank = false;
   for (std::string_view rest = readable; !rest.empty();) {

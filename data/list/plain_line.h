@@ -7,7 +7,7 @@
 
 namespace brovanta::data_tool {
 
-/// The bytes as Utf8Text gives them, control characters and runs of blanks as one blank, none at
+/// Windows-1252 bytes as UTF-8, control characters and runs of blanks as one blank, none at
 /// the ends.
 [[nodiscard]] std::string PlainLine(std::string_view stored);
 

@@ -121,5 +121,15 @@ TEST(HoldsNothingTest, EmptyListsAreNothing) {
   EXPECT_FALSE(HoldsNothing({{"store.lst", empty_list}, {"product.dat", ""}}));
 }
 
+TEST(DataSnapshotWordsTest, NameTheFileThatIsToBlame) {
+  EXPECT_EQ(WhyNoSnapshot(SnapshotResult::kBusy, "product.dat"),
+            "someone else has product.dat open, or it may not be read");
+  EXPECT_EQ(WhyNoSnapshot(SnapshotResult::kFailed, "WebSearch/2.dat"),
+            "WebSearch/2.dat cannot be read");
+  EXPECT_EQ(WhyNoSnapshot(SnapshotResult::kFailed, "."), "a file cannot be read");
+  EXPECT_EQ(WhyNoSnapshot(SnapshotResult::kUnfinished, ""),
+            "a change was left in the middle: start the program once, it undoes it");
+}
+
 }  // namespace
 }  // namespace brovanta
