@@ -4,7 +4,9 @@
 #include <array>
 #include <optional>
 
+#include "db/record_format.h"
 #include "util/crc32.h"
+#include "util/little_endian.h"
 
 namespace brovanta {
 namespace {
@@ -39,6 +41,22 @@ bool IsOfAnother(const RecordsOfFile& records, std::int64_t place, std::byte byt
   });
 }
 
+// Whether somebody has added a record of his own where the change did: the mark of a record in the
+// place of the old end mark, and an end mark at the very end. Without both, the bytes behind the
+// old end are what a device left there, which publishes a size before its bytes.
+bool HasEndOfItsOwn(std::int64_t old_size, const PresentFile& file, Fit& fit) {
+  std::array<std::byte, 4> mark{};
+  std::array<std::byte, 4> end{};
+  const auto size = static_cast<std::int64_t>(end.size());
+  if (old_size < size || file.size < old_size + size) return false;
+  if (file.read_at(old_size - size, mark) != size || file.read_at(file.size - size, end) != size) {
+    fit = Fit::kNotRead;
+    return true;
+  }
+  return LoadLittle<std::uint32_t>(mark.data()) == RECORD_MARK &&
+         LoadLittle<std::uint32_t>(end.data()) == END_MARK;
+}
+
 // Whether where the record writes there are old bytes and new ones only.
 Fit BytesFit(const RecordsOfFile& records, const UndoRecord& record, const PresentFile& file) {
   std::vector<std::byte> present(record.after->bytes.size());
@@ -47,9 +65,13 @@ Fit BytesFit(const RecordsOfFile& records, const UndoRecord& record, const Prese
   for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
     const std::int64_t place = record.offset + static_cast<std::int64_t>(i);
     if (present[i] == record.after->bytes[i]) continue;
-    if (place >= record.old_size && present[i] == std::byte{0}) continue;
+    const bool behind = place >= record.old_size;
+    if (behind && present[i] == std::byte{0}) continue;
     if (i < record.old_bytes.size() && present[i] == record.old_bytes[i]) continue;
-    if (!IsOfAnother(records, place, present[i])) return Fit::kOther;
+    if (IsOfAnother(records, place, present[i])) continue;
+    if (!behind || record.kind != UndoKind::kOverwritten) return Fit::kOther;
+    Fit fit = Fit::kOther;
+    return HasEndOfItsOwn(record.old_size, file, fit) ? fit : Fit::kFits;
   }
   return Fit::kFits;
 }

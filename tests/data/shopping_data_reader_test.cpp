@@ -79,7 +79,7 @@ TEST_F(ShoppingDataReaderTest, AFileThatSomebodyHoldsIsToBeReadLater) {
   platform::File held;
   ASSERT_TRUE(held.Open(folder_.File("product.dat"), platform::File::Mode::kReadWrite));
   EXPECT_EQ(Problem().status, kBad);
-  EXPECT_THAT(Problem().words, HasSubstr("try again"));
+  EXPECT_THAT(Problem().words, HasSubstr("someone else has product.dat open"));
 }
 
 TEST_F(ShoppingDataReaderTest, AChangeLeftInTheMiddleIsTold) {

@@ -7,10 +7,12 @@
 #include <functional>
 
 #include "db/journal.h"
+#include "db/record_format.h"
 #include "db/shopping_database.h"
 #include "db/unit_of_work.h"
 #include "tests/support/faulty_calls.h"
 #include "tests/support/temp_folder.h"
+#include "util/little_endian.h"
 
 namespace brovanta {
 namespace {
@@ -105,9 +107,35 @@ TEST_F(JournalOtherFilesTest, ARecordThatAnotherProgramAddedIsLeftAlone) {
     Bytes bytes = file;
     bytes.resize(940);
     std::fill(bytes.begin() + 480, bytes.end(), std::byte{'m'});
+    StoreLittle(bytes.data() + 472, RECORD_MARK);
+    StoreLittle(bytes.data() + 936, END_MARK);
     return bytes;
   };
   EXPECT_GE(ChangeTheFileBehindTheJournal(added), 1);
+}
+
+// Some file systems publish a new size before its bytes.
+TEST_F(JournalOtherFilesTest, WhatADeviceLeftBehindTheOldEndIsRolledBack) {
+  ASSERT_TRUE(AddProduct());
+  const Bytes product = *folder_.Read("product.dat");
+  Bytes journal;  // of the whole change: the last one that there was
+  for (int k = 1;; ++k) {
+    folder_.Write("product.dat", product);
+    std::filesystem::remove(folder_.File("backup.dat"));
+    if (!EndAt(k, [this] { (void)AddProduct(); })) break;
+    if (MayHoldRecords(Path("backup.dat"))) journal = *folder_.Read("backup.dat");
+  }
+  ASSERT_FALSE(journal.empty());
+  for (const std::uint32_t mark : {END_MARK, RECORD_MARK}) {
+    Bytes torn = product;
+    StoreLittle(torn.data() + 472, mark);
+    torn.resize(940, std::byte{'Z'});
+    folder_.Write("product.dat", torn);
+    folder_.Write("backup.dat", journal);
+    EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0);
+    EXPECT_EQ(folder_.Read("product.dat"), product);
+    EXPECT_FALSE(folder_.Read("backup.dat.bad"));
+  }
 }
 
 TEST_F(JournalOtherFilesTest, WithoutAnotherHandTheSameStatesAreRolledBack) {
