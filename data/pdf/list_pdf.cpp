@@ -21,7 +21,9 @@ constexpr double kFooter = PdfPages::kHeight - 42;
 constexpr double kGap = 9;
 constexpr double kIndent = 14;
 constexpr double kBoxSize = 7;
+constexpr double kBoxDrop = 2.5;  // below the top of its row
 constexpr double kLeastFirstColumn = 120;
+constexpr double kHair = 1;  // wider than measured, so that nothing is broken for a rounding
 
 TextStyle StyleOf(Kind kind) {
   switch (kind) {
@@ -94,26 +96,43 @@ class ListPrinter {
   [[nodiscard]] std::size_t pages_printed() const { return page_; }
 
  private:
+  // Amounts stand on one line each. A unit of many words or letters is broken where the name would
+  // have too little room, but not its number.
   void MeasureColumns() {
     double others = 0;
-    for (std::size_t column = 1; column < kColumnCount; ++column) {
-      double& width = widths_[column];
-      width = pages_.WidthOf(kColumnHeadings[column], kHeadingStyle);
-      for (const ListRow& row : rows_) {
-        if (HasColumns(row.kind)) {
-          width = std::max(width, pages_.WidthOf(row.cells[column], StyleOf(row.kind)));
-        }
-      }
-      others += width + kGap;
+    for (std::size_t column = kProductColumn + 1; column < kColumnCount; ++column) {
+      widths_[column] = WidestIn(column, false);
+      if (column != kQuantityColumn) others += widths_[column];
     }
-    widths_[0] = kTextWidth - others;
-    if (widths_[0] < kLeastFirstColumn) {
-      // Only a unit of many letters is that wide: it is broken into lines.
-      widths_[kQuantityColumn] -= kLeastFirstColumn - widths_[0];
-      widths_[kQuantityColumn] = std::max(widths_[kQuantityColumn], kLeastFirstColumn / 3);
-      widths_[0] = kLeastFirstColumn;
-    }
+    others += (kColumnCount - 1) * kGap;
+    const double least_quantity = WidestIn(kQuantityColumn, true);
+    const double room = std::max(kTextWidth, kLeastFirstColumn + others + least_quantity);
+    double& quantity = widths_[kQuantityColumn];
+    quantity = std::min(quantity, room - others - kLeastFirstColumn);
+    widths_[kProductColumn] = room - others - quantity;
+    // What does not fit even so is made smaller as a whole.
+    scale_ = kTextWidth / room;
+    for (double& width : widths_) width *= scale_;
   }
+
+  // In the sizes of a table that is not made smaller.
+  double WidestIn(std::size_t column, bool first_words_only) {
+    double widest = pages_.WidthOf(kColumnHeadings[column], kHeadingStyle);
+    for (const ListRow& row : rows_) {
+      if (!HasColumns(row.kind)) continue;
+      std::string_view cell = row.cells[column];
+      if (first_words_only) cell = cell.substr(0, cell.find(' '));
+      widest = std::max(widest, pages_.WidthOf(cell, StyleOf(row.kind)));
+    }
+    return widest;
+  }
+
+  [[nodiscard]] TextStyle Scaled(TextStyle style) const {
+    style.points *= scale_;
+    return style;
+  }
+
+  [[nodiscard]] double Indent(Kind kind) const { return scale_ * IndentOf(kind); }
 
   // Rows that stay together: headings with what follows them, a product with its remarks, totals.
   [[nodiscard]] std::size_t BlockAt(std::size_t first) const {
@@ -137,14 +156,12 @@ class ListPrinter {
   }
 
   double HeightOfRow(const ListRow& row) {
-    const TextStyle style = StyleOf(row.kind);
-    const double indent = IndentOf(row.kind);
+    const TextStyle style = Scaled(StyleOf(row.kind));
+    const double indent = Indent(row.kind);
     if (!HasColumns(row.kind)) return pages_.HeightOf(row.cells[0], style, kTextWidth - indent);
-    double height = pages_.HeightOf(row.cells[0], style, widths_[0] - indent);
-    for (std::size_t column = 1; column < kColumnCount; ++column) {
-      height = std::max(height, pages_.HeightOf(row.cells[column], style, widths_[column] + 1));
-    }
-    return height;
+    return std::max(
+        pages_.HeightOf(row.cells[kProductColumn], style, widths_[kProductColumn] - indent),
+        pages_.HeightOf(row.cells[kQuantityColumn], style, widths_[kQuantityColumn] + kHair));
   }
 
   void DrawRow(std::size_t index) {
@@ -157,8 +174,8 @@ class ListPrinter {
     }
     y_ += SpaceBefore(row.kind);
     const double height = HeightOfRow(row);
-    const double indent = IndentOf(row.kind);
-    const TextStyle style = StyleOf(row.kind);
+    const double indent = Indent(row.kind);
+    const TextStyle style = Scaled(StyleOf(row.kind));
     if (row.kind == Kind::kStore) {
       store_ = row.cells[0];
       pages_.SetColor(0, 0, 0.5);
@@ -166,28 +183,44 @@ class ListPrinter {
     if (row.kind == Kind::kCategory) category_ = row.cells[0];
     if (row.kind == Kind::kRemark) pages_.SetColor(0.27, 0.27, 0.27);
     if (HasColumns(row.kind)) {
-      DrawColumns(row.cells, style, indent);
+      DrawColumns(row, style, indent);
     } else {
       pages_.Draw(row.cells[0], style, kMargin + indent, y_, kTextWidth - indent);
     }
     pages_.SetColor(0, 0, 0);
-    if (row.kind == Kind::kProduct) pages_.Box(kMargin + 1, y_ + 2.5, kBoxSize);
+    if (row.kind == Kind::kProduct) {
+      pages_.Box(kMargin + 1, y_ + scale_ * kBoxDrop, scale_ * kBoxSize);
+    }
     if (row.kind == Kind::kCategory) pages_.Line(kMargin, y_ + height, kTextWidth, 0.4);
     y_ += height;
     page_is_empty_ = false;
   }
 
-  template <typename Cells>
-  void DrawColumns(const Cells& cells, TextStyle style, double indent) {
-    pages_.Draw(cells[0], style, kMargin + indent, y_, widths_[0] - indent);
+  void DrawColumns(const ListRow& row, TextStyle style, double indent) {
+    pages_.Draw(row.cells[kProductColumn], style, kMargin + indent, y_,
+                widths_[kProductColumn] - indent);
     style.alignment = PANGO_ALIGN_RIGHT;
-    double x = kMargin + widths_[0];
-    for (std::size_t column = 1; column < kColumnCount; ++column) {
-      x += kGap;
-      // A hair wider than measured, so that nothing is broken for a rounding.
-      pages_.Draw(cells[column], style, x - 1, y_, widths_[column] + 1);
-      x += widths_[column];
+    double right = kMargin + widths_[kProductColumn];
+    for (std::size_t column = kProductColumn + 1; column < kColumnCount; ++column) {
+      right += scale_ * kGap + widths_[column];
+      if (column == kQuantityColumn) {
+        const double width = widths_[column] + kHair;
+        pages_.Draw(row.cells[column], style, right - width, y_, width);
+      } else {
+        pages_.DrawLeftOf(row.cells[column], style, right, y_);
+      }
     }
+  }
+
+  void DrawHeadings() {
+    const TextStyle style = Scaled(kHeadingStyle);
+    pages_.Draw(kColumnHeadings[kProductColumn], style, kMargin, y_, widths_[kProductColumn]);
+    double right = kMargin + widths_[kProductColumn];
+    for (std::size_t column = kProductColumn + 1; column < kColumnCount; ++column) {
+      right += scale_ * kGap + widths_[column];
+      pages_.DrawLeftOf(kColumnHeadings[column], style, right, y_);
+    }
+    y_ += pages_.HeightOf(kColumnHeadings[kProductColumn], style, kTextWidth) + 2;
   }
 
   void BeginPage() {
@@ -200,8 +233,7 @@ class ListPrinter {
     y_ += pages_.HeightOf(title_, title, kTextWidth) + 6;
     pages_.SetColor(0, 0, 0);
     if (rows_.size() > 1) {
-      DrawColumns(kColumnHeadings, kHeadingStyle, 0);
-      y_ += pages_.HeightOf(kColumnHeadings[0], kHeadingStyle, kTextWidth) + 2;
+      DrawHeadings();
       pages_.Line(kMargin, y_, kTextWidth, 1);
       y_ += 2;
     }
@@ -223,7 +255,7 @@ class ListPrinter {
     std::string words = store_;
     if (first == Kind::kProduct) words += ", " + category_;
     words += ", continued";
-    const TextStyle style{9.5, true, true, PANGO_ALIGN_LEFT};
+    const TextStyle style = Scaled({9.5, true, true, PANGO_ALIGN_LEFT});
     y_ += SpaceBefore(Kind::kCategory);
     pages_.Draw(words, style, kMargin, y_, kTextWidth);
     y_ += pages_.HeightOf(words, style, kTextWidth);
@@ -234,6 +266,7 @@ class ListPrinter {
   std::size_t page_count_;
   PdfPages pages_;
   std::array<double, kColumnCount> widths_{};
+  double scale_ = 1;  // of the table's letters and gaps; 1 where the table fits as it is
   std::string store_;
   std::string category_;
   std::size_t page_ = 0;

@@ -15,6 +15,15 @@ cairo_status_t Append(void* bytes, const unsigned char* data, unsigned int lengt
   return CAIRO_STATUS_SUCCESS;
 }
 
+using Attributes = std::unique_ptr<PangoAttrList, FreeWith<pango_attr_list_unref>>;
+
+// A coupon's code or an address would be another one with a hyphen where its line was broken.
+Attributes WithoutHyphens() {
+  Attributes attributes(pango_attr_list_new());
+  pango_attr_list_insert(attributes.get(), pango_attr_insert_hyphens_new(FALSE));
+  return attributes;
+}
+
 }  // namespace
 
 PdfPages::PdfPages(const std::string& title, const std::string& author)
@@ -28,6 +37,7 @@ PdfPages::PdfPages(const std::string& title, const std::string& author)
   pango_cairo_update_context(cairo_.get(), context_.get());
   pango_context_set_round_glyph_positions(context_.get(), FALSE);
   layout_.reset(pango_layout_new(context_.get()));
+  pango_layout_set_attributes(layout_.get(), WithoutHyphens().get());
 }
 
 void PdfPages::SetColor(double red, double green, double blue) {
@@ -53,6 +63,10 @@ void PdfPages::Draw(std::string_view text, const TextStyle& style, double x, dou
   SetText(text, style, width);
   cairo_move_to(cairo_.get(), x, y);
   pango_cairo_show_layout(cairo_.get(), layout_.get());
+}
+
+void PdfPages::DrawLeftOf(std::string_view text, const TextStyle& style, double right, double y) {
+  Draw(text, style, right - WidthOf(text, style), y, -1);
 }
 
 void PdfPages::Line(double x, double y, double width, double thickness) {

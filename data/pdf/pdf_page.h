@@ -44,8 +44,10 @@ class PdfPages {
   [[nodiscard]] double HeightOf(std::string_view text, const TextStyle& style, double width);
   /// How wide it is on one line.
   [[nodiscard]] double WidthOf(std::string_view text, const TextStyle& style);
-  /// Draws it below `y`, broken into lines of the width.
+  /// Draws it below `y`, broken into lines of the width, long words too and without hyphens.
   void Draw(std::string_view text, const TextStyle& style, double x, double y, double width);
+  /// Draws it on one line that ends at `right`.
+  void DrawLeftOf(std::string_view text, const TextStyle& style, double right, double y);
 
   void Line(double x, double y, double width, double thickness);
   void Box(double x, double y, double size);

@@ -4,8 +4,12 @@
 
 #include <algorithm>
 #include <sstream>
+#include <string>
+#include <vector>
 
+#include "data/list/decimal.h"
 #include "data/list/list_rows.h"
+#include "data/pdf/pdf_page.h"
 #include "tests/data/list/list_samples.h"
 #include "tests/data/pdf/pdf_reader.h"
 
@@ -29,6 +33,55 @@ class ListPdfTest : public testing::Test {
                               [](char character) { return character == ' ' || character == '\n'; }),
                text.end());
     return text;
+  }
+
+  // Where each word ends, in points from the left, on the page or beyond it.
+  static std::vector<double> RightEdges(const std::string& pdf) {
+    constexpr std::string_view kEdge = "xMax=\"";
+    const std::string words = test::ReadPdf("pdftotext", pdf, "-bbox");
+    std::vector<double> edges;
+    for (std::size_t at = words.find(kEdge); at != std::string::npos; at = words.find(kEdge, at)) {
+      at += kEdge.size();
+      edges.push_back(std::stod(words.substr(at)));
+    }
+    return edges;
+  }
+
+  // All cells are there, each amount, price and heading in one piece, and none is in the margin.
+  static void ExpectAllWithinTheMargins(const ShoppingData& data) {
+    const ShoppingList list = BuildShoppingList(data, Today()).value();
+    const std::string pdf = ListAsPdf(list);
+    const auto pages = Pages(pdf);
+    ASSERT_EQ(pages.size(), 1U);
+    for (const std::string_view heading : kColumnHeadings) {
+      EXPECT_THAT(pages[0], HasSubstr(std::string(heading)));
+    }
+    for (const ListRow& row : RowsOf(list)) {
+      std::string numbers;  // in the order of the columns, whatever is between two of them
+      for (std::size_t column = kPriceColumn; column < kColumnCount; ++column) {
+        if (!row.cells[column].empty()) numbers += row.cells[column] + " +";
+      }
+      if (numbers.empty()) continue;
+      numbers.resize(numbers.size() - 2);
+      EXPECT_THAT(pages[0], testing::ContainsRegex(" " + numbers + "\n")) << row.cells[0];
+      const std::string& quantity = row.cells[kQuantityColumn];
+      EXPECT_THAT(pages[0], HasSubstr(quantity.substr(0, quantity.find(' '))));
+    }
+    const auto edges = RightEdges(pdf);
+    EXPECT_GT(edges.size(), 20U);
+    EXPECT_LE(*std::max_element(edges.begin(), edges.end()), PdfPages::kWidth - 45 + 0.01);
+  }
+
+  // Two products of that price in bottles, with 19 % tax.
+  static ShoppingData TwoBottles(double price) {
+    ShoppingData data;
+    Name(data.units, 1, "bottle");
+    data.products = {Product("Wine", 2, price), Product("Oil", 12.5, price)};
+    for (ProductRecord& product : data.products) {
+      product.UnitId = 1;
+      product.TaxPercent = 19;
+    }
+    return data;
   }
 
   // So many products in two stores of three categories each, with long names now and then.
@@ -136,6 +189,32 @@ TEST_F(ListPdfTest, WideUnitsLeaveRoomForTheName) {
   const auto pages = Pages(ListAsPdf(BuildShoppingList(data, Today()).value()));
   ASSERT_EQ(pages.size(), 1U);
   EXPECT_THAT(pages[0], HasSubstr("533487649.47"));  // 123456.789 x 4321.25 = 533487649.46625
+}
+
+TEST_F(ListPdfTest, WideAmountsStayWithinTheMargins) {
+  for (const double price : {1.5, 1234.5, 12345.5, 99999.5, 999999.5, 9999999.5}) {
+    SCOPED_TRACE(price);
+    ExpectAllWithinTheMargins(TwoBottles(price));
+  }
+}
+
+TEST_F(ListPdfTest, TheLargestAmountFitsIntoEveryColumn) {
+  constexpr double kLargest = static_cast<double>(kLargestAmount) / 100;
+  ShoppingData data;
+  Name(data.units, 1, "bottle");
+  data.discounts = {Coupon(5, kStoreCoupon, kAmount, kLargest)};
+  data.products = {Product("Taxed", 1, kLargest), Product("Free", 1, kLargest),
+                   Product("Many", kLargest, 1)};
+  data.products[0].TaxPercent = 100;
+  Link(data.products[1], 0, data.discounts[0]);
+  data.products[2].UnitId = 1;
+  ExpectAllWithinTheMargins(data);
+  const ShoppingList list = BuildShoppingList(data, Today()).value();
+  const auto pages = Pages(ListAsPdf(list));
+  // Three of them, the tax of one, one taken off: 2999999999.97 + 999999999.99 - 999999999.99.
+  EXPECT_THAT(pages[0], HasSubstr("-999999999.99"));
+  EXPECT_THAT(pages[0], testing::ContainsRegex("Without coupons .* 3999999999.96\n"));
+  EXPECT_THAT(pages[0], testing::ContainsRegex("With coupons .* 2999999999.97\n"));
 }
 
 TEST_F(ListPdfTest, AnEmptyListIsOnePage) {

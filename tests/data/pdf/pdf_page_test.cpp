@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <string>
+
 #include "tests/data/pdf/pdf_reader.h"
 
 namespace brovanta::data_tool {
@@ -41,6 +43,29 @@ TEST(PdfPagesTest, ALongWordIsBrokenToo) {
   PdfPages pages("", "");
   const std::string word(60, 'w');
   EXPECT_GT(pages.HeightOf(word, {}, 100), 3 * pages.HeightOf("w", {}, 100));
+}
+
+// A reader of documents leaves hyphens at line ends out, so their room tells: nine letters fill a
+// line, and with a hyphen only eight would be on it.
+TEST(PdfPagesTest, ABrokenWordHasNoHyphens) {
+  PdfPages pages("", "");
+  const TextStyle style;
+  const double width = pages.WidthOf(std::string(9, 'w'), style) + 1;
+  const double line = pages.HeightOf("w", style, width);
+  EXPECT_NEAR(pages.HeightOf(std::string(27, 'w'), style, width), 3 * line, 0.5);
+  pages.Draw(std::string(27, 'w'), style, 50, 50, width);
+  pages.EndPage();
+  const std::string nine(9, 'w');
+  EXPECT_EQ(test::ReadPdf("pdftotext", pages.Finish()),
+            nine + "\n" + nine + "\n" + nine + "\n\n\f");
+}
+
+TEST(PdfPagesTest, TextOnOneLineEndsWhereItShould) {
+  PdfPages pages("", "");
+  pages.DrawLeftOf("two words", {}, 300, 50);
+  pages.EndPage();
+  const std::string words = test::ReadPdf("pdftotext", pages.Finish(), "-bbox");
+  EXPECT_THAT(words, testing::ContainsRegex("xMax=\"(300\\.00|299\\.9)[^>]*>words<"));
 }
 
 TEST(PdfPagesTest, FontsAreEmbedded) {
