@@ -37,9 +37,10 @@ int main(int argc, char** argv) {
   }
   // The arguments are all our own; the toolkit's go by its environment variables.
   int toolkit_argc = argc > 0 ? 1 : 0;
-  const brovanta::WarmUp warm_up;
-  std::optional<brovanta::ReadyData> data = brovanta::GetDataReady(line, warm_up.done());
+  std::optional<brovanta::ReadyData> data = brovanta::GetDataReady(line);
   if (!data) return brovanta::kExitNoData;
+  const brovanta::WarmUp warm_up;
+  brovanta::BeginFirstRows(*data, warm_up.done());
   const QApplication application(toolkit_argc, argv);
   warm_up.Wait();
   brovanta::PrepareToolkit(line.language);

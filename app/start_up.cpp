@@ -37,17 +37,16 @@ void MendFolder(const std::string& folder) {
   }
 }
 
-ReadyData GetFolderReady(platform::RegistryStore store, std::string folder,
-                         std::shared_future<void> begin) {
-  ReadyData data{
-      .store = std::move(store), .folder = std::move(folder), .lock = {}, .first_rows = nullptr};
+ReadyData GetFolderReady(platform::RegistryStore store, std::string folder) {
+  ReadyData data{.store = std::move(store),
+                 .folder = std::move(folder),
+                 .lock = {},
+                 .is_free = false,
+                 .first_rows = nullptr};
   const std::string canonical = platform::CanonicalFolder(data.folder.empty() ? "." : data.folder);
-  const bool held =
-      !canonical.empty() && data.lock.Take(canonical) == platform::FolderLock::Outcome::kHeld;
-  if (held) return data;  // the other one may be in the middle of a change
-  MendFolder(data.folder);
-  data.first_rows = std::make_unique<FirstRows>(std::make_unique<ShoppingDatabase>(), data.folder,
-                                                std::move(begin));
+  data.is_free =
+      canonical.empty() || data.lock.Take(canonical) != platform::FolderLock::Outcome::kHeld;
+  if (data.is_free) MendFolder(data.folder);  // else the other one may be in the middle of a change
   return data;
 }
 
@@ -84,13 +83,12 @@ std::string ConfiguredUpdateServer(const CommandLine& line) {
       platform::RegistryStore(folder.empty() ? UserRegistryFile() : folder + kRegistryInFolder));
 }
 
-std::optional<ReadyData> GetDataReady(const CommandLine& line, std::shared_future<void> begin) {
+std::optional<ReadyData> GetDataReady(const CommandLine& line) {
   if (line.data_folder.empty()) {
     platform::RegistryStore store(UserRegistryFile());
     std::string problem;
     std::string folder = SetUpUserData(store, UserDataFolder(), problem);
-    if (problem.empty())
-      return GetFolderReady(std::move(store), std::move(folder), std::move(begin));
+    if (problem.empty()) return GetFolderReady(std::move(store), std::move(folder));
     Complain(problem);
     return std::nullopt;
   }
@@ -102,7 +100,13 @@ std::optional<ReadyData> GetDataReady(const CommandLine& line, std::shared_futur
   }
   platform::RegistryStore store(folder + kRegistryInFolder);
   SetUpUpdateServer(store);
-  return GetFolderReady(std::move(store), std::move(folder), std::move(begin));
+  return GetFolderReady(std::move(store), std::move(folder));
+}
+
+void BeginFirstRows(ReadyData& data, std::shared_future<void> begin) {
+  if (!data.is_free) return;
+  data.first_rows = std::make_unique<FirstRows>(std::make_unique<ShoppingDatabase>(), data.folder,
+                                                std::move(begin));
 }
 
 int RunProgram(ReadyData data) {
@@ -116,7 +120,7 @@ int RunProgram(ReadyData data) {
     case SingleInstance::Outcome::kFirst:
       break;
   }
-  if (data.first_rows == nullptr) MendFolder(data.folder);  // the other one has just ended
+  if (!data.is_free) MendFolder(data.folder);  // the other one has just ended
   // Bare file names mean files in the data folder from here on.
   if (!data.folder.empty() && chdir(data.folder.c_str()) != 0) {
     Complain("cannot work in the folder '" + data.folder + "'");

@@ -37,15 +37,19 @@ struct ReadyData {
   platform::RegistryStore store;
   std::string folder;                     ///< native, "" the working folder
   platform::FolderLock lock;              ///< the folder's, unless someone else has it
-  std::unique_ptr<FirstRows> first_rows;  ///< nullptr while someone else has the folder
+  bool is_free = false;                   ///< nobody else has it
+  std::unique_ptr<FirstRows> first_rows;  ///< nullptr until somebody begins to read them
 };
 
 /// Sets the user's data or the throw-away folder up, as far as it needs no toolkit: it may be
 /// called before there is an application. Where nobody else has the folder, what a broken change
-/// has left is undone and today's products are read on a thread, once `begin` is there. What goes
-/// wrong is said on the standard error output; nothing when the program cannot run.
-[[nodiscard]] std::optional<ReadyData> GetDataReady(const CommandLine& line,
-                                                    std::shared_future<void> begin);
+/// has left is undone. What goes wrong is said on the standard error output; nothing when the
+/// program cannot run.
+[[nodiscard]] std::optional<ReadyData> GetDataReady(const CommandLine& line);
+
+/// Reads today's products on a thread, once `begin` is there; not while somebody else has the
+/// folder.
+void BeginFirstRows(ReadyData& data, std::shared_future<void> begin);
 
 /// Runs the program on the data and returns its exit status. What goes wrong before there is a
 /// window is said on the standard error output.
