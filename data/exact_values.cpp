@@ -209,10 +209,6 @@ std::optional<std::string> BytesFromBase64(std::string_view text) {
   return bytes;
 }
 
-std::string Utf8FromStored(std::string_view stored) {
-  return Utf16ToUtf8(WidenFromWindows1252(stored));
-}
-
 std::optional<std::string> StoredFromUtf8(std::string_view utf8, std::string& culprit) {
   culprit.clear();
   const auto wide = Utf8ToUtf16(utf8);

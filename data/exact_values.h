@@ -30,9 +30,6 @@ namespace brovanta::data_tool {
 [[nodiscard]] std::string Base64Text(std::string_view bytes);
 [[nodiscard]] std::optional<std::string> BytesFromBase64(std::string_view text);
 
-/// Stored text as UTF-8; every byte has its character.
-[[nodiscard]] std::string Utf8FromStored(std::string_view stored);
-
 /// Nothing when a character is not in Windows-1252, or the text is not UTF-8; `culprit` is then
 /// that character, or empty.
 [[nodiscard]] std::optional<std::string> StoredFromUtf8(std::string_view utf8,

@@ -6,6 +6,7 @@
 #include "data/exit_status.h"
 #include "data/export_csv.h"
 #include "data/export_json.h"
+#include "data/folder_reader.h"
 #include "data/output_file.h"
 #include "platform/file.h"
 #include "platform/folder.h"
@@ -20,21 +21,10 @@ CommandEnd Failed(const std::string& what, const std::string& words, int status 
 
 // Nothing when they cannot be had; `end` then says so.
 std::optional<DataSnapshot> ReadForExport(const std::string& folder, CommandEnd& end) {
-  if (!platform::IsFolder(folder)) {
-    end = Failed(folder, "there is no such folder", kNoFolder);
-    return std::nullopt;
-  }
-  DataSnapshot files;
-  std::string refused;
-  const SnapshotResult result = TakeDataSnapshot(platform::CanonicalFolder(folder), files, refused);
-  if (result != SnapshotResult::kTaken) {
-    end = Failed(folder, WhyNoSnapshot(result, refused),
-                 result == SnapshotResult::kFailed ? kNoFolder : kBad);
-    return std::nullopt;
-  }
-  if (!files.empty()) return files;
-  end = Failed(folder, "no data file of the program is in it", kNoFolder);
-  return std::nullopt;
+  ReadProblem problem;
+  auto files = ReadFolder(folder, problem);
+  if (!files) end = Failed(folder, problem.words, problem.status);
+  return files;
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "data/stored_result.h"
 #include "db/file_names.h"
 #include "util/readable_text.h"
+#include "util/windows_1252.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -26,7 +27,7 @@ typename RecordKind::Record Decoded(std::string_view record) {
 
 template <std::size_t Size>
 std::string Shown(const FixedText<Size>& text) {
-  return Utf8FromStored(text.view());
+  return Utf8FromWindows1252(text.view());
 }
 
 // The word for a value, or the number where there is none.

@@ -11,6 +11,7 @@
 #include "data/result_json.h"
 #include "util/json_writer.h"
 #include "util/utf16.h"
+#include "util/windows_1252.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -41,7 +42,7 @@ void WriteOne(FileKind kind, std::string_view record, const ReferenceNames& name
 // A text that is no UTF-8 is taken for Windows-1252, in which every byte is a character.
 void WriteText(const std::string& bytes, JsonWriter& json) {
   const bool is_utf8 = Utf8ToUtf16(bytes).has_value();
-  const std::string text = is_utf8 ? bytes : Utf8FromStored(bytes);
+  const std::string text = is_utf8 ? bytes : Utf8FromWindows1252(bytes);
   json.Key("encoding").Text(is_utf8 ? "utf-8" : "windows-1252");
   json.Key("lines").BeginArray(JsonLayout::kLines);
   std::size_t begin = 0;

@@ -10,6 +10,7 @@
 #include "data/reference_names.h"
 #include "db/records.h"
 #include "util/json_writer.h"
+#include "util/windows_1252.h"
 
 namespace brovanta::data_tool {
 
@@ -32,7 +33,7 @@ class JsonFieldWriter {
   void Number(std::string_view key, double value);
   template <std::size_t Size>
   void Text(std::string_view key, const FixedText<Size>& text) {
-    json_.Key(key).Text(Utf8FromStored(text.view()));
+    json_.Key(key).Text(Utf8FromWindows1252(text.view()));
   }
   /// Null where there is no date.
   void Date(std::string_view key, DateStamp stamp);

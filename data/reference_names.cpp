@@ -7,6 +7,7 @@
 #include "data/framed_file.h"
 #include "db/file_names.h"
 #include "db/record_format.h"
+#include "util/windows_1252.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -24,7 +25,7 @@ NameTable NamesOfList(const DataSnapshot& files, const std::string& file) {
   if (found == files.end()) return names;
   for (const std::string_view record : TakeApart(found->second, kListFrame).records) {
     const ListItem item = DecodeListItem(RecordBytes<list_layout::kSize>(record));
-    names.Add(item.Id, Utf8FromStored(item.Name.view()));
+    names.Add(item.Id, Utf8FromWindows1252(item.Name.view()));
   }
   return names;
 }
@@ -37,9 +38,9 @@ std::optional<std::string> NameTable::Find(std::uint32_t id) const {
 }
 
 void CouponNames::Add(const DiscountRecord& record) {
-  coupons_.emplace(
-      static_cast<std::uint32_t>(record.Id),
-      Coupon{record.Source, record.Type, record.Deleted != 0, Utf8FromStored(record.Name.view())});
+  coupons_.emplace(static_cast<std::uint32_t>(record.Id),
+                   Coupon{record.Source, record.Type, record.Deleted != 0,
+                          Utf8FromWindows1252(record.Name.view())});
 }
 
 std::optional<std::string> CouponNames::Find(const AppliedDiscount& link) const {

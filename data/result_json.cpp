@@ -8,6 +8,7 @@
 #include "data/json_field_writer.h"
 #include "data/stored_result.h"
 #include "util/utf16.h"
+#include "util/windows_1252.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -37,7 +38,7 @@ void WriteText(const StoredResultText& text, JsonWriter& json) {
   if (Utf8ToUtf16(shown)) {
     json.Text(shown);
   } else {
-    json.BeginObject().Key("windows-1252").Text(Utf8FromStored(shown)).EndObject();
+    json.BeginObject().Key("windows-1252").Text(Utf8FromWindows1252(shown)).EndObject();
   }
 }
 

@@ -4,11 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "data/data_snapshot.h"
 #include "data/frame.h"
 #include "db/file_names.h"
 #include "db/record_format.h"
-#include "platform/folder.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -62,24 +60,10 @@ class Reader {
 }  // namespace
 
 std::optional<ShoppingData> ReadShoppingData(const std::string& folder, ReadProblem& problem) {
-  if (!platform::IsFolder(folder)) {
-    problem = {kNoFolder, "there is no such folder"};
-    return std::nullopt;
-  }
-  DataSnapshot snapshot;
-  std::string refused;
-  const SnapshotResult result = TakeDataSnapshot(folder, snapshot, refused);
-  if (result != SnapshotResult::kTaken) {
-    problem = {result == SnapshotResult::kFailed ? kNoFolder : kBad,
-               WhyNoSnapshot(result, refused)};
-    return std::nullopt;
-  }
-  if (snapshot.empty()) {
-    problem = {kNoFolder, "no data file of the program is in it"};
-    return std::nullopt;
-  }
+  const auto snapshot = ReadFolder(folder, problem);
+  if (!snapshot) return std::nullopt;
   ShoppingData data;
-  Reader reader(snapshot, problem);
+  Reader reader(*snapshot, problem);
   if (!reader.ReadNames(kStoreFile, data.stores) ||
       !reader.ReadNames(kCategoryFile, data.categories) ||
       !reader.ReadNames(kUnitFile, data.units) || !reader.ReadProducts(data.products) ||

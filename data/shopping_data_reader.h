@@ -4,16 +4,10 @@
 #include <optional>
 #include <string>
 
-#include "data/exit_status.h"
+#include "data/folder_reader.h"
 #include "data/list/shopping_data.h"
 
 namespace brovanta::data_tool {
-
-/// Why nothing was read.
-struct ReadProblem {
-  ExitStatus status = kBad;
-  std::string words;  ///< for a person, without a full stop
-};
 
 /// Products, discounts and the three lists as they are at one moment; a missing file counts as an
 /// empty one. Changes nothing, and the program may run. Nothing when the folder is none of ours, is

@@ -32,7 +32,7 @@ void AppendEscaped(unsigned char character, std::string& text) {
 
 std::string Utf8Text(std::string_view bytes) {
   if (Utf8ToUtf16(bytes)) return std::string(bytes);
-  return Utf16ToUtf8(WidenFromWindows1252(bytes));
+  return Utf8FromWindows1252(bytes);
 }
 
 std::string Quoted(std::string_view bytes) {

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+#include "util/utf16.h"
+
 namespace brovanta {
 namespace {
 
@@ -52,6 +54,10 @@ void WidenFromWindows1252(std::string_view text, char16_t* wide) {
     const bool control = byte >= kFirstControl && byte < kBehindControls;
     *wide++ = control ? kUpperControls[byte - kFirstControl] : static_cast<char16_t>(byte);
   }
+}
+
+std::string Utf8FromWindows1252(std::string_view text) {
+  return Utf16ToUtf8(WidenFromWindows1252(text));
 }
 
 }  // namespace brovanta

@@ -13,7 +13,11 @@ namespace brovanta {
 /// Widens stored bytes; every byte has a counterpart, so that narrowing gives it back.
 [[nodiscard]] std::u16string WidenFromWindows1252(std::string_view text);
 
-/// The same into `wide`, which has room for as many units as the text has bytes.
+/// Stored bytes as UTF-8, each byte the character that every screen shows for it.
+[[nodiscard]] std::string Utf8FromWindows1252(std::string_view text);
+
+/// The same as WidenFromWindows1252 into `wide`, which has room for as many units as the text has
+/// bytes.
 void WidenFromWindows1252(std::string_view text, char16_t* wide);
 
 }  // namespace brovanta

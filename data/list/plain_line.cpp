@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "util/utf16.h"
 #include "util/windows_1252.h"
 
 namespace brovanta::data_tool {
@@ -58,7 +57,7 @@ bool IsBlank(char32_t character) {
 }  // namespace
 
 std::string PlainLine(std::string_view stored) {
-  const std::string readable = Utf16ToUtf8(WidenFromWindows1252(stored));
+  const std::string readable = Utf8FromWindows1252(stored);
   std::string line;
   bool blank = false;
   for (std::string_view rest = readable; !rest.empty();) {

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "tests/support/zone_guard.h"
+#include "util/windows_1252.h"
 
 namespace brovanta::data_tool {
 namespace {
@@ -109,8 +110,8 @@ TEST(StoredTextTest, EveryByteHasItsCharacter) {
   std::string stored;
   for (int byte = 0; byte < 256; ++byte) stored += static_cast<char>(byte);
   std::string culprit;
-  EXPECT_EQ(StoredFromUtf8(Utf8FromStored(stored), culprit), stored);
-  EXPECT_EQ(Utf8FromStored("caf\xE9 \x80"), "caf\xC3\xA9 \xE2\x82\xAC");
+  EXPECT_EQ(StoredFromUtf8(Utf8FromWindows1252(stored), culprit), stored);
+  EXPECT_EQ(Utf8FromWindows1252("caf\xE9 \x80"), "caf\xC3\xA9 \xE2\x82\xAC");
 }
 
 TEST(StoredTextTest, AStrangeCharacterIsNamed) {

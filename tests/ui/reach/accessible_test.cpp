@@ -13,6 +13,7 @@
 
 #include "tests/ui/reach/accessible_check.h"
 #include "tests/ui/reach/screens.h"
+#include "tests/ui/reach/text_lines.h"
 #include "ui/base/color_button.h"
 
 namespace brovanta::test {
@@ -20,12 +21,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::vector<std::string> Lines(const QStringList& texts) {
-  std::vector<std::string> lines;
-  for (const QString& text : texts) lines.push_back(text.toStdString());
-  return lines;
-}
 
 TEST(AccessibleTest, EveryControlOfEveryScreenSaysWhatItIs) {
   Screens screens;

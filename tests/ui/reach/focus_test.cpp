@@ -12,18 +12,13 @@
 #include "tests/ui/reach/focus_check.h"
 #include "tests/ui/reach/large_print.h"
 #include "tests/ui/reach/screens.h"
+#include "tests/ui/reach/text_lines.h"
 
 namespace brovanta::test {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::vector<std::string> Lines(const QStringList& texts) {
-  std::vector<std::string> lines;
-  for (const QString& text : texts) lines.push_back(text.toStdString());
-  return lines;
-}
 
 void ExpectAllReached() {
   Screens screens;

@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "tests/ui/reach/private_desktop.h"
+#include "tests/ui/reach/text_lines.h"
 
 namespace brovanta::test {
 namespace {
@@ -22,12 +23,6 @@ using testing::IsSupersetOf;
 
 constexpr int kPatience = 40'000;  // milliseconds
 constexpr char kSpoiled[] = "BROVANTA_SPOILED_WINDOW";
-
-std::vector<std::string> Lines(const QStringList& texts) {
-  std::vector<std::string> lines;
-  for (const QString& text : texts) lines.push_back(text.toStdString());
-  return lines;
-}
 
 class SpokenTreeTest : public testing::Test {
  protected:
