@@ -47,7 +47,7 @@ bool IsTemporaryOf(std::string_view name, std::string_view file) {
 }  // namespace
 
 void CheckJournal(FileBytes bytes, const ReadByName& read, FileNotes& notes) {
-  if (bytes.empty()) return;
+  if (bytes.empty() || IsEmptiedJournal(bytes)) return;
   const auto records = DecodeJournal(bytes);
   if (!records) {
     notes.Add(Severity::kWarning,

@@ -1,5 +1,6 @@
 #include "db/journal.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <map>
@@ -24,7 +25,8 @@ std::size_t FolderLength(std::string_view path) {
   return separator == std::string_view::npos ? 0 : separator + 1;
 }
 
-// What the open journal holds; nothing in `records` when it is not to be followed. 0 or ERR_IO.
+// What the open journal holds, no records for one that is emptied but not yet cut; nothing in
+// `records` when it is not to be followed. 0 or ERR_IO.
 int Read(File& file, std::optional<std::vector<UndoRecord>>& records) {
   const std::int64_t size = file.Size();
   if (size < 0) return ERR_IO;
@@ -34,10 +36,9 @@ int Read(File& file, std::optional<std::vector<UndoRecord>>& records) {
   std::array<std::byte, journal_layout::kFirstRecord> first;
   const std::int64_t count = file.ReadAt(0, first);
   if (count < 0) return ERR_IO;
-  if (!IsJournalStart(std::span(first).first(static_cast<std::size_t>(count)),
-                      static_cast<std::uint64_t>(size))) {
-    return 0;
-  }
+  const auto start = std::span(first).first(static_cast<std::size_t>(count));
+  if (IsEmptiedJournal(start)) records.emplace();
+  if (records || !IsJournalStart(start, static_cast<std::uint64_t>(size))) return 0;
   std::vector<std::byte> bytes(static_cast<std::size_t>(size));
   if (file.ReadAt(0, bytes) != size) return ERR_IO;
   records = DecodeJournal(bytes);
@@ -145,10 +146,34 @@ Settled& SettledJournals() {
   return settled;
 }
 
+// Writes zeros over the end of the file from `offset` on. What is only cut off may stay on the
+// device, and stand there again when the power goes after the file has got a new size and before it
+// has got the bytes.
+bool Wipe(File& file, std::int64_t offset) {
+  constexpr std::int64_t kPiece = std::int64_t{64} << 10;
+  const std::int64_t size = file.Size();
+  const std::vector<std::byte> zeros(
+      static_cast<std::size_t>(std::clamp<std::int64_t>(size - offset, 0, kPiece)));
+  for (std::int64_t at = offset; at < size; at += kPiece) {
+    const auto count = static_cast<std::size_t>(std::min(kPiece, size - at));
+    if (!file.WriteAt(at, std::span(zeros).first(count))) return false;
+  }
+  return size >= 0;
+}
+
+// One sync for both: what comes through of the two before it leaves the records whole, of a change
+// that nobody has been told of yet, or none that could be followed.
 bool MakeEmpty(File& file, const std::string& path, std::size_t size = journal_layout::kEmptySize) {
-  if (file.Truncate(static_cast<std::int64_t>(size)) && file.Sync()) return true;
+  const bool wiped = Wipe(file, journal_layout::kEmptySize);
+  if (file.Truncate(static_cast<std::int64_t>(size)) && file.Sync() && wiped) return true;
   SettledJournals().Forget(path);
   return false;
+}
+
+// Whether an empty journal ends where it should.
+bool IsCut(const File& file) {
+  const std::int64_t size = file.Size();
+  return size >= 0 && size <= static_cast<std::int64_t>(journal_layout::kEmptySize);
 }
 
 }  // namespace
@@ -164,7 +189,7 @@ int RollBackJournal(const std::string& path) {
   std::optional<std::vector<UndoRecord>> records;
   if (const int code = Read(journal, records); code != 0) return code;
   if (!records) return SetAside(path);
-  if (records->empty()) return 0;
+  if (records->empty()) return IsCut(journal) || MakeEmpty(journal, path) ? 0 : ERR_IO;
   bool fit = true;
   const std::string folder = path.substr(0, FolderLength(path));
   if (const int code = Follow(folder, *records, fit); code != 0) return code;
@@ -179,7 +204,10 @@ bool MayHoldRecords(const std::string& path) {
 
 bool PutBack(File& file, const UndoRecord& record) {
   if (!file.WriteAt(record.offset, record.old_bytes)) return false;
-  return file.Size() == record.old_size || file.Truncate(record.old_size);
+  if (file.Size() == record.old_size) return true;
+  // The file is whole without that: its bytes need not go where no bytes can be written.
+  (void)Wipe(file, record.old_size);
+  return file.Truncate(record.old_size);
 }
 
 int PutBackWhole(const std::string& path, const UndoRecord& record) {
@@ -198,7 +226,7 @@ int Journal::Hold(const std::string& path) {
     if (platform::FileExists(path) || !file_.Open(path, File::Mode::kCreateNew)) return ERR_OPEN;
   }
   std::optional<std::vector<UndoRecord>> records;
-  if (Read(file_, records) != 0 || !records || !records->empty() ||
+  if (Read(file_, records) != 0 || !records || !records->empty() || !IsCut(file_) ||
       !SettledJournals().Settle(path, file_)) {
     file_.Close();
     return ERR_OPEN;

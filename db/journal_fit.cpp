@@ -41,20 +41,36 @@ bool IsOfAnother(const RecordsOfFile& records, std::int64_t place, std::byte byt
   });
 }
 
+// A word of the file; nothing when it cannot be read.
+std::optional<std::uint32_t> WordAt(const PresentFile& file, std::int64_t offset) {
+  std::array<std::byte, kWordSize> word{};
+  if (file.read_at(offset, word) != static_cast<std::int64_t>(word.size())) return std::nullopt;
+  return LoadLittle<std::uint32_t>(word.data());
+}
+
+// A new record file is made empty and written to; any other new file comes whole, by a rename.
+bool IsWrittenInPlace(const RecordsOfFile& records) {
+  return std::any_of(records.begin(), records.end(), [](const UndoRecord* record) {
+    return record->kind == UndoKind::kOverwritten || record->offset != 0;
+  });
+}
+
 // Whether somebody has added a record of his own where the change did: the mark of a record in the
-// place of the old end mark, and an end mark at the very end. Without both, the bytes behind the
-// old end are what a device left there, which publishes a size before its bytes.
-bool HasEndOfItsOwn(std::int64_t old_size, const PresentFile& file, Fit& fit) {
-  std::array<std::byte, 4> mark{};
-  std::array<std::byte, 4> end{};
-  const auto size = static_cast<std::int64_t>(end.size());
-  if (old_size < size || file.size < old_size + size) return false;
-  if (file.read_at(old_size - size, mark) != size || file.read_at(file.size - size, end) != size) {
-    fit = Fit::kNotRead;
-    return true;
-  }
-  return LoadLittle<std::uint32_t>(mark.data()) == RECORD_MARK &&
-         LoadLittle<std::uint32_t>(end.data()) == END_MARK;
+// place of the old end mark, in a new file in that of the first one, and an end mark at the very
+// end. Without both, the bytes behind the old end are what a device left there, which publishes a
+// size before its bytes.
+Fit FitOfOtherBytes(const UndoRecord& record, const PresentFile& file) {
+  constexpr auto kWord = static_cast<std::int64_t>(kWordSize);
+  const bool is_made = record.kind == UndoKind::kMade;
+  const std::int64_t mark_place =
+      is_made ? static_cast<std::int64_t>(kFirstRecordMark) : record.old_size - kWord;
+  if (mark_place < 0 || file.size < mark_place + kWord) return Fit::kFits;
+  const auto mark = WordAt(file, mark_place);
+  const auto end = WordAt(file, file.size - kWord);
+  if (!mark || !end) return Fit::kNotRead;
+  const bool is_empty = is_made && file.size == mark_place + kWord;  // a file of no records
+  const bool has_end = (*mark == RECORD_MARK || is_empty) && *end == END_MARK;
+  return has_end ? Fit::kOther : Fit::kFits;
 }
 
 // Whether where the record writes there are old bytes and new ones only.
@@ -69,9 +85,8 @@ Fit BytesFit(const RecordsOfFile& records, const UndoRecord& record, const Prese
     if (behind && present[i] == std::byte{0}) continue;
     if (i < record.old_bytes.size() && present[i] == record.old_bytes[i]) continue;
     if (IsOfAnother(records, place, present[i])) continue;
-    if (!behind || record.kind != UndoKind::kOverwritten) return Fit::kOther;
-    Fit fit = Fit::kOther;
-    return HasEndOfItsOwn(record.old_size, file, fit) ? fit : Fit::kFits;
+    if (!behind || !IsWrittenInPlace(records)) return Fit::kOther;
+    return FitOfOtherBytes(record, file);
   }
   return Fit::kFits;
 }

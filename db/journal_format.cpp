@@ -126,6 +126,12 @@ std::optional<UndoRecord> DecodeRecord(std::span<const std::byte> bytes, std::ui
   return MakesSense(record) ? std::optional(std::move(record)) : std::nullopt;
 }
 
+bool HasFirstWords(std::span<const std::byte> first) {
+  return first.size() >= header::kEmptySize &&
+         LoadLittle<std::uint32_t>(first.data() + header::kMagic) == JOURNAL_MAGIC &&
+         LoadLittle<std::uint32_t>(first.data() + header::kVersion) == kJournalVersion;
+}
+
 // No change writes into a file and replaces it as well; whoever put both back would stand in his
 // own way.
 bool AgreeOnKinds(std::span<const UndoRecord> records) {
@@ -181,16 +187,19 @@ std::vector<std::byte> EncodeJournal(std::span<const UndoRecord> records) {
 }
 
 bool IsJournalStart(std::span<const std::byte> first, std::uint64_t size) {
-  if (first.size() < header::kEmptySize ||
-      LoadLittle<std::uint32_t>(first.data() + header::kMagic) != JOURNAL_MAGIC ||
-      LoadLittle<std::uint32_t>(first.data() + header::kVersion) != kJournalVersion) {
-    return false;
-  }
+  if (!HasFirstWords(first)) return false;
   return size == header::kEmptySize ||
          (first.size() >= header::kFirstRecord &&
           LoadLittle<std::uint64_t>(first.data() + header::kLength) == size &&
           LoadLittle<std::uint32_t>(first.data() + header::kChecksum) ==
               Crc32(first.first(header::kChecksum)));
+}
+
+bool IsEmptiedJournal(std::span<const std::byte> first) {
+  if (!HasFirstWords(first) || first.size() == header::kEmptySize) return false;
+  const std::size_t end = std::min(first.size(), header::kFirstRecord);
+  const auto rest = first.first(end).subspan(header::kEmptySize);
+  return std::all_of(rest.begin(), rest.end(), [](std::byte byte) { return byte == std::byte{0}; });
 }
 
 std::optional<std::vector<UndoRecord>> DecodeJournal(std::span<const std::byte> bytes) {

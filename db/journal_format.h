@@ -97,6 +97,11 @@ struct UndoRecord {
 /// journal of `size` bytes: what does not is not worth being read whole.
 [[nodiscard]] bool IsJournalStart(std::span<const std::byte> first, std::uint64_t size);
 
+/// Whether the first bytes of a file, at least kFirstRecord of them or all that there are, are those
+/// of a journal that was emptied and is still to be cut: behind the version there are bytes, and
+/// zeros up to where the first record would stand.
+[[nodiscard]] bool IsEmptiedJournal(std::span<const std::byte> first);
+
 /// The records of a journal, none for an empty one; nothing unless every byte is as EncodeJournal
 /// writes it and every record makes sense, and no file is changed in two ways: a journal that is
 /// foreign, or was not written to its end.

@@ -30,6 +30,8 @@ const UndoRecord kChange{UndoKind::kOverwritten, "product.dat", 12, 4, test::Run
 TEST(CheckJournalTest, AnEmptyJournalIsAsItShouldBe) {
   EXPECT_THAT(LookAt({}), IsEmpty());
   EXPECT_THAT(LookAt(EncodeEmptyJournal()), IsEmpty());
+  EXPECT_THAT(LookAt(test::Join({EncodeEmptyJournal(), test::Bytes(40)})), IsEmpty())
+      << "emptied, and to be cut";
 }
 
 TEST(CheckJournalTest, TellsOfAChangeThatWaitsToBeUndone) {

@@ -137,9 +137,35 @@ TEST(JournalFitTest, OfAMadeFileAnyPartFits) {
   for (const std::string& part : {""s, "abcd"s, "abcXYZ"s, "a\0c"s, "\0\0\0XYZ"s, "abcdYZ"s}) {
     EXPECT_EQ(FitOf(change, FileOf(part)), Fit::kFits) << part;
   }
-  for (const std::string& other : {"abcXYZ!"s, "b"s, "abce"s, "abcdZ"s}) {
-    EXPECT_EQ(FitOf(change, FileOf(other)), Fit::kOther) << other;
+  EXPECT_EQ(FitOf(change, FileOf("abcXYZ!")), Fit::kOther);
+}
+
+TEST(JournalFitTest, AFileThatCameByARenameHasNoBytesOfTheDevice) {
+  const std::vector<UndoRecord> change = {
+      {UndoKind::kMade, "a", 0, 0, {}, AfterChange{4, 0, BytesOf("abcd")}}};
+  EXPECT_EQ(FitOf(change, FileOf("abcd")), Fit::kFits);
+  for (const char* other : {"b", "abce", "zzzz"}) {
+    EXPECT_EQ(FitOf(change, FileOf(std::string(other))), Fit::kOther) << other;
   }
+}
+
+// A device may publish the size of a new record file before its bytes.
+TEST(JournalFitTest, AMadeFileMayHoldWhatTheDeviceHeldUnlessItIsWhole) {
+  const Bytes empty = Hex("81 38 01 00 00 00 00 00 83 38 01 00");
+  const Bytes record = Hex("82 38 01 00 72 65 63 6f 83 38 01 00");
+  const std::vector<UndoRecord> change = {
+      {UndoKind::kMade, "a", 0, 0, {}, AfterChange{20, 0, empty}},
+      {UndoKind::kMade, "a", 0, 8, {}, AfterChange{20, 0, record}}};
+  EXPECT_EQ(FitOf(change, FileOf("zzzz")), Fit::kFits);
+  EXPECT_EQ(FitOf(change, FileOf("zzzzzzzzzzzzzzzzzzzz")), Fit::kFits);
+  // Somebody's own: a record, and no record but another LastId.
+  const auto text = [](const Bytes& bytes) {
+    return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  };
+  Bytes other = Hex("81 38 01 00 00 00 00 00 82 38 01 00 6f 74 68 65 83 38 01 00");
+  EXPECT_EQ(FitOf(change, FileOf(text(other))), Fit::kOther);
+  other = Hex("81 38 01 00 09 00 00 00 83 38 01 00");
+  EXPECT_EQ(FitOf(change, FileOf(text(other))), Fit::kOther);
 }
 
 TEST(JournalFitTest, OfALongWriteTheFirstBytesAreKnown) {

@@ -76,6 +76,20 @@ TEST(JournalFormatTest, AnEmptyJournalIsItsFirstEightBytes) {
   EXPECT_EQ(DecodeJournal(EncodeEmptyJournal()), std::vector<UndoRecord>());
 }
 
+TEST(JournalFormatTest, AnEmptiedJournalHasZerosBehindItsVersion) {
+  const Bytes empty = Hex("e5 38 01 00 01 00 00 00");
+  EXPECT_FALSE(IsEmptiedJournal(empty)) << "it is cut already";
+  EXPECT_TRUE(IsEmptiedJournal(Join({empty, Hex("00")})));
+  EXPECT_TRUE(IsEmptiedJournal(Join({empty, Bytes(16)})));
+  for (std::size_t place = 0; place < 24; ++place) {
+    Bytes other = Join({empty, Bytes(16)});
+    other[place] ^= std::byte{1};
+    EXPECT_FALSE(IsEmptiedJournal(other)) << place;
+  }
+  EXPECT_FALSE(IsEmptiedJournal(Bytes(24)));
+  EXPECT_FALSE(IsEmptiedJournal(Bytes()));
+}
+
 TEST(JournalFormatTest, EveryKindComesBack) {
   EXPECT_EQ(DecodeJournal(EncodeJournal(OneOfEachKind())), OneOfEachKind());
 }

@@ -340,6 +340,80 @@ TEST_F(JournalTest, RecordsStandInItUntilItIsEmptied) {
   ExpectEmptyJournal();
 }
 
+// What is only cut off may stand there again after a power loss.
+TEST_F(JournalTest, ZerosStandInTheJournalWhenItIsCut) {
+  class Watch : public platform::SystemCalls {
+   public:
+    explicit Watch(const TempFolder& folder) : folder_(folder) {}
+    int Truncate(int descriptor, off_t size) override {
+      cut = folder_.Read(kJournal).value_or(Bytes());
+      return SystemCalls::Truncate(descriptor, size);
+    }
+    int Sync(int descriptor) override {
+      ++syncs;
+      return SystemCalls::Sync(descriptor);
+    }
+    Bytes cut;
+    int syncs = 0;
+
+   private:
+    const TempFolder& folder_;
+  };
+  // Longer than one piece of zeros.
+  const std::vector<UndoRecord> records = {
+      {UndoKind::kReplaced, "a.dat", 100000, 0, Bytes(100000, std::byte{'a'})}};
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  ASSERT_EQ(journal.Write(records), 0);
+  Watch calls(folder_);
+  const SystemCallsInUse in_use(calls);
+  ASSERT_EQ(journal.Empty(), 0);
+  const std::size_t size = EncodeJournal(records).size();
+  EXPECT_EQ(calls.cut, test::Join({EncodeEmptyJournal(), Bytes(size - 8)}));
+  EXPECT_EQ(calls.syncs, 1) << "both wait for the device together";
+  ExpectEmptyJournal();
+}
+
+TEST_F(JournalTest, AnEmptiedJournalIsCutAndNoFileChanges) {
+  folder_.WriteText("a.dat", "new");
+  for (const std::size_t zeros : {1, 16, 500}) {
+    folder_.Write(kJournal, test::Join({EncodeEmptyJournal(), Bytes(zeros)}));
+    Journal journal;
+    EXPECT_EQ(journal.Hold(Path()), ERR_OPEN);
+    EXPECT_TRUE(MayHoldRecords(Path()));
+    EXPECT_EQ(RollBackJournal(Path()), 0);
+    ExpectEmptyJournal();
+    EXPECT_EQ(journal.Hold(Path()), 0);
+    EXPECT_EQ(folder_.ReadText("a.dat"), "new");
+  }
+  // What stands behind the zeros goes with them.
+  folder_.Write(kJournal, test::Join({EncodeEmptyJournal(), Bytes(16), Hex("61 62")}));
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  ExpectEmptyJournal();
+}
+
+TEST_F(JournalTest, WhatIsPutBackIsWipedBehindItsEnd) {
+  class Watch : public platform::SystemCalls {
+   public:
+    explicit Watch(const TempFolder& folder) : folder_(folder) {}
+    int Truncate(int descriptor, off_t size) override {
+      if (size == 2) cut = folder_.ReadText("a.dat").value_or("");
+      return SystemCalls::Truncate(descriptor, size);
+    }
+    std::string cut;
+
+   private:
+    const TempFolder& folder_;
+  };
+  folder_.WriteText("a.dat", "abcd");
+  WriteJournal({{UndoKind::kOverwritten, "a.dat", 2, 2, {}}});
+  Watch calls(folder_);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(calls.cut, std::string("ab\0\0", 4));
+  EXPECT_EQ(folder_.ReadText("a.dat"), "ab");
+}
+
 TEST_F(JournalTest, ARecordThatDoesNotFitOntoTheDiskLeavesItEmpty) {
   const std::vector<UndoRecord> records = {{UndoKind::kMade, "a.dat", 0, 0, {}}};
   Journal journal;

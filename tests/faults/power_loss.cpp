@@ -29,6 +29,52 @@ std::string FolderOf(const std::string& name) {
   return slash == std::string::npos ? "." : name.substr(0, slash);
 }
 
+/// What a file that has grown before its new bytes were written shows behind its old end.
+enum class Fill { kZeros, kStale, kNoise };
+
+/// A file on the device. Cutting it leaves its bytes where they are, behind its end, until
+/// something is written over them; a program sees zeros there when the file grows again, unless the
+/// power goes.
+class StoredFile {
+ public:
+  StoredFile() = default;
+  explicit StoredFile(const Bytes& bytes) : bytes_(bytes), size_(bytes.size()) {}
+
+  void Resize(std::size_t size) {
+    GrowTo(size, [](std::byte&) { return std::byte{0}; });
+    size_ = size;
+  }
+
+  void Write(std::size_t offset, const Bytes& bytes) {
+    if (bytes.empty()) return;
+    if (offset + bytes.size() > size_) Resize(offset + bytes.size());
+    std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset));
+  }
+
+  /// The size is there before the bytes are.
+  void GrowUnwritten(std::size_t size, Fill fill, std::mt19937& random) {
+    GrowTo(size, [&](const std::byte& stale) {
+      if (fill == Fill::kNoise) return static_cast<std::byte>(random() % 256);
+      return fill == Fill::kStale ? stale : std::byte{0};
+    });
+    size_ = std::max(size_, size);
+  }
+
+  [[nodiscard]] Bytes Contents() const {
+    return {bytes_.begin(), bytes_.begin() + static_cast<std::ptrdiff_t>(size_)};
+  }
+
+ private:
+  template <typename Byte>
+  void GrowTo(std::size_t size, Byte byte) {
+    bytes_.resize(std::max(bytes_.size(), size));
+    for (std::size_t i = size_; i < size; ++i) bytes_[i] = byte(bytes_[i]);
+  }
+
+  Bytes bytes_;  // those behind the end included
+  std::size_t size_ = 0;
+};
+
 /// The device: what is on it for good, and what still waits.
 class Disk {
  public:
@@ -36,7 +82,7 @@ class Disk {
     for (const auto& [name, file] : first_names) {
       names_[name] = file;
       if (const auto found = before.find(name); found != before.end()) {
-        contents_[file] = found->second;
+        contents_[file] = StoredFile(found->second);
       }
     }
   }
@@ -74,7 +120,13 @@ class Disk {
     for (const auto& [file, waiting] : waiting_bytes_) {
       for (const DiskEvent* event : waiting) {
         if (bytes) Change(*event);
-        if (survivors == Survivors::kSome && random() % 2 == 0) ChangePart(*event, random);
+        if (survivors == Survivors::kNoTails) ChangeHead(*event);
+        if (survivors == Survivors::kSizesOnly || survivors == Survivors::kNoTails) {
+          GrowAlone(*event, Fill::kStale, random);
+        }
+        if (survivors != Survivors::kSome) continue;
+        if (random() % 2 == 0) GrowAlone(*event, static_cast<Fill>(random() % 3), random);
+        if (random() % 2 == 0) ChangePart(*event, random);
       }
     }
   }
@@ -83,7 +135,7 @@ class Disk {
     Snapshot files;
     for (const auto& [name, file] : names_) {
       const auto found = contents_.find(file);
-      files[name] = found == contents_.end() ? Bytes() : found->second;
+      files[name] = found == contents_.end() ? Bytes() : found->second.Contents();
     }
     return files;
   }
@@ -101,23 +153,34 @@ class Disk {
         names_.erase(event.name);
         return;
       case Kind::kTruncate:
-        contents_[event.file].resize(static_cast<std::size_t>(event.offset));
+        contents_[event.file].Resize(static_cast<std::size_t>(event.offset));
         return;
-      case Kind::kWrite: {
-        Bytes& bytes = contents_[event.file];
-        const auto offset = static_cast<std::size_t>(event.offset);
-        bytes.resize(std::max(bytes.size(), offset + event.bytes.size()));
-        std::copy(event.bytes.begin(), event.bytes.end(),
-                  bytes.begin() + static_cast<std::ptrdiff_t>(offset));
+      case Kind::kWrite:
+        contents_[event.file].Write(static_cast<std::size_t>(event.offset), event.bytes);
         return;
-      }
       case Kind::kSyncFile:
       case Kind::kSyncFolder:
         return;
     }
   }
 
-  /// A write of which the front or the back is there; the file may have its new size already.
+  /// A write of which only the size has come through.
+  void GrowAlone(const DiskEvent& event, Fill fill, std::mt19937& random) {
+    if (event.kind != Kind::kWrite) return;
+    const std::size_t end = static_cast<std::size_t>(event.offset) + event.bytes.size();
+    contents_[event.file].GrowUnwritten(end, fill, random);
+  }
+
+  /// What of a write stands in front of the file's old end.
+  void ChangeHead(DiskEvent event) {
+    const std::size_t size = contents_[event.file].Contents().size();
+    const auto offset = static_cast<std::size_t>(event.offset);
+    const std::size_t head = size - std::min(size, offset);
+    if (event.kind == Kind::kWrite) event.bytes.resize(std::min(event.bytes.size(), head));
+    Change(event);
+  }
+
+  /// A write of which the front or the back is there.
   void ChangePart(DiskEvent event, std::mt19937& random) {
     if (event.kind == Kind::kWrite && !event.bytes.empty()) {
       const std::size_t cut = random() % (event.bytes.size() + 1);
@@ -133,7 +196,7 @@ class Disk {
   }
 
   std::map<std::string, int> names_;
-  std::map<int, Bytes> contents_;
+  std::map<int, StoredFile> contents_;
   std::map<std::string, std::vector<const DiskEvent*>> waiting_names_;
   std::map<int, std::vector<const DiskEvent*>> waiting_bytes_;
 };

@@ -2,6 +2,7 @@
 // any part.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <random>
@@ -75,8 +76,14 @@ enum class Survivors {
   kNone,       ///< nothing but what was synced
   kNamesOnly,  ///< files were made, renamed and removed; their bytes are missing
   kBytesOnly,
-  kSome,  ///< any of the writes, the last of a file torn; names up to any one
+  kSizesOnly,  ///< files have grown; behind their old ends stands what the device held there before
+  kNoTails,    ///< the same, and the bytes in front of their old ends are there
+  kSome,       ///< any of the writes, torn, and of the sizes; names up to any one
 };
+
+inline constexpr std::array kWholeSurvivors{Survivors::kAll,       Survivors::kNone,
+                                            Survivors::kNamesOnly, Survivors::kBytesOnly,
+                                            Survivors::kSizesOnly, Survivors::kNoTails};
 
 /// The files on the disk after the first `count` events.
 [[nodiscard]] Snapshot DiskAfter(const Snapshot& before, const RecordingCalls& recording,

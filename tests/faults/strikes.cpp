@@ -105,10 +105,7 @@ void Striker::LosePower(int draws) {
                           std::to_string(static_cast<int>(survivors)) + ", draw " +
                           std::to_string(draw));
     };
-    for (const Survivors survivors :
-         {Survivors::kAll, Survivors::kNone, Survivors::kNamesOnly, Survivors::kBytesOnly}) {
-      lose(survivors, 0);
-    }
+    for (const Survivors survivors : kWholeSurvivors) lose(survivors, 0);
     for (int draw = 0; draw < draws; ++draw) lose(Survivors::kSome, draw);
   }
 }
