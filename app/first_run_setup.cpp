@@ -55,6 +55,12 @@ std::string AbsoluteFolder(const std::string& path) {
   return error ? native : absolute.string();
 }
 
+/// Why there is no data folder although the settings name one.
+std::string DamagedLine(const RegistryStore& store) {
+  return "the line \"" + std::string(kInstallPath) + "\" of the settings '" + store.file_path() +
+         "' is damaged: it names no folder";
+}
+
 /// Why files in the folder could not be reached, in a sentence for a person; empty when they can.
 std::string ProblemOfName(const std::string& folder) {
   if (folder.find('\\') != std::string::npos) {
@@ -84,9 +90,21 @@ std::string SetUpUserData(const RegistryStore& store, const std::string& default
     case RegistryStore::Answer::kUnreadable:
       problem = "cannot read the settings '" + store.file_path() + "'";
       return {};
-    case RegistryStore::Answer::kValue:
-      folder = AbsoluteFolder(platform::TextOf(value, kAnyText).value_or(std::string()));
+    case RegistryStore::Answer::kForeign:
+      problem = "the settings '" + store.file_path() + "' are damaged, or no settings at all";
+      return {};
+    case RegistryStore::Answer::kDamaged:
+      problem = DamagedLine(store);
+      return {};
+    case RegistryStore::Answer::kValue: {
+      const auto text = platform::TextOf(value, kAnyText);
+      if (!text) {
+        problem = DamagedLine(store);
+        return {};
+      }
+      folder = AbsoluteFolder(*text);
       break;
+    }
     case RegistryStore::Answer::kNone:
       StoreMissing(store, kInstallPath, default_folder);
       break;

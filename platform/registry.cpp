@@ -106,8 +106,11 @@ RegistryStore::Answer RegistryStore::Ask(std::string_view key_path, std::string_
                                          RegistryValue& value) const {
   const Contents contents = Load(file_path_);
   if (contents.state == State::kUnreadable) return Answer::kUnreadable;
+  if (contents.state == State::kForeign) return Answer::kForeign;
   const RegistryValue* const found = contents.file.Find(key_path, name);
-  if (found == nullptr) return Answer::kNone;
+  if (found == nullptr) {
+    return contents.file.HasDamagedValue(key_path, name) ? Answer::kDamaged : Answer::kNone;
+  }
   value = *found;
   return Answer::kValue;
 }

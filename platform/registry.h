@@ -44,6 +44,8 @@ class RegistryStore {
     kValue,       ///< it is there
     kNone,        ///< the file was read, or there is no file: no such value
     kUnreadable,  ///< there is a file, or may be one, and it cannot be read
+    kForeign,     ///< there is a file, and it is no registry file: another one, or a damaged one
+    kDamaged,     ///< there is a line for the value that cannot be understood
   };
 
   /// Asks for a value in one look at the file; `value` is filled in for kValue.

@@ -1,6 +1,7 @@
 #include "platform/registry_file.h"
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 #include "platform/registry_text.h"
@@ -30,6 +31,15 @@ std::string FullKey(std::string_view key_path) {
   std::string key(kRoot);
   if (!key_path.empty()) key.append("\\").append(key_path);
   return key;
+}
+
+// Whether the line begins with the name, with its quotation marks or without.
+bool BeginsWithName(std::string_view line, std::string_view name) {
+  line = Trimmed(line);
+  if (line.starts_with('"')) line.remove_prefix(1);
+  if (!SameRegistryName(line.substr(0, name.size()), name)) return false;
+  return line.size() == name.size() ||
+         std::isalnum(static_cast<unsigned char>(line[name.size()])) == 0;
 }
 
 // Whether only bytes in hexadecimal stand in the line, as behind a continuation mark.
@@ -149,6 +159,23 @@ std::size_t RegistryFile::FindEntry(std::string_view key_path, std::string_view 
 const RegistryValue* RegistryFile::Find(std::string_view key_path, std::string_view name) const {
   const std::size_t found = FindEntry(key_path, name);
   return found < entries_.size() ? &entries_[found].value : nullptr;
+}
+
+bool RegistryFile::HasDamagedValue(std::string_view key_path, std::string_view name) const {
+  const std::string key = FullKey(key_path);
+  bool inside = false;
+  bool is_lost = false;  // below a key that has no name
+  for (const Entry& entry : entries_) {
+    if (entry.kind == Kind::kKey) {
+      is_lost = entry.name.empty();
+      inside = is_lost || SameRegistryName(entry.name, key);
+    } else if (inside && entry.kind == Kind::kOther && BeginsWithName(entry.raw, name)) {
+      return true;
+    } else if (is_lost && entry.kind == Kind::kValue && SameRegistryName(entry.name, name)) {
+      return true;
+    }
+  }
+  return false;
 }
 
 // Behind the last line of the key's last section; blank lines and comments in front of the next

@@ -21,6 +21,13 @@ using test::Hex;
 /// An empty list: file start and file end.
 const test::Bytes kEmptyList = Hex("81 38 01 00 83 38 01 00");
 
+/// An absolute path of so many bytes.
+std::string LongPath(std::size_t size) {
+  std::string path(size, 'a');
+  path[0] = '/';
+  return path;
+}
+
 class FirstRunSetupTest : public testing::Test {
  protected:
   std::optional<std::string> Value(const char* name) {
@@ -106,16 +113,16 @@ TEST_F(FirstRunSetupTest, APathIsCutAt249Bytes) {
 }
 
 TEST_F(FirstRunSetupTest, APathBeyondTheBufferIsAsGoodAsNone) {
-  Store("InstallPath", "/" + std::string(249, 'a'));
+  Store("InstallPath", LongPath(250));
   EXPECT_EQ(SetUpData(), "");
   EXPECT_THAT(problem_, testing::HasSubstr("is too long (at most 220 bytes)"));
 }
 
 TEST_F(FirstRunSetupTest, AChosenFolderMayHaveAsManyBytesAsOneOnTheCommandLine) {
-  Store("InstallPath", "/" + std::string(219, 'a'));
-  EXPECT_EQ(SetUpData(), "/" + std::string(219, 'a'));
+  Store("InstallPath", LongPath(220));
+  EXPECT_EQ(SetUpData(), LongPath(220));
   EXPECT_EQ(problem_, "");
-  Store("InstallPath", "/" + std::string(220, 'a'));
+  Store("InstallPath", LongPath(221));
   (void)SetUpData();
   EXPECT_THAT(problem_, testing::HasSubstr("is too long (at most 220 bytes)"));
 }
@@ -133,6 +140,52 @@ TEST_F(FirstRunSetupTest, SettingsThatCannotBeReadDoNotLeadToTheDefaultFolder) {
   EXPECT_EQ(SetUpData(), "");
   EXPECT_EQ(problem_, "cannot read the settings '" + folder_.File("config/registry.reg") + "'");
   EXPECT_FALSE(fs::exists(default_folder_));
+}
+
+TEST_F(FirstRunSetupTest, SettingsThatAreNoneDoNotLeadToTheDefaultFolder) {
+  const std::string file = folder_.File("config/registry.reg");
+  fs::create_directory(folder_.File("config"));
+  for (const char* text :
+       {"\x01\x02\x03", "Windows Registry Edi",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"=\"/card\"\n"}) {
+    folder_.WriteText("config/registry.reg", text);
+    EXPECT_EQ(SetUpData(), "") << text;
+    EXPECT_EQ(
+        problem_,
+        std::string("the settings '").append(file).append("' are damaged, or no settings at all"));
+    EXPECT_FALSE(fs::exists(default_folder_)) << text;
+    EXPECT_EQ(folder_.ReadText("config/registry.reg"), text) << "nothing is written";
+  }
+}
+
+TEST_F(FirstRunSetupTest, ALineThatNamesNoFolderDoesNotLeadToTheDefaultFolder) {
+  const std::string file = folder_.File("config/registry.reg");
+  fs::create_directory(folder_.File("config"));
+  for (const char* lines :
+       {"[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"=\"/card\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta]\nInstallPath=\"/card\"\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"=dword:00000001\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta\n\"InstallPath\"=\"/card\"\n"}) {
+    const std::string text = std::string("Windows Registry Editor Version 5.00\n\n").append(lines);
+    folder_.WriteText("config/registry.reg", text);
+    EXPECT_EQ(SetUpData(), "") << text;
+    EXPECT_EQ(problem_, std::string("the line \"InstallPath\" of the settings '")
+                            .append(file)
+                            .append("' is damaged: it names no folder"));
+    EXPECT_FALSE(fs::exists(default_folder_)) << text;
+    EXPECT_EQ(folder_.ReadText("config/registry.reg"), text) << "nothing is written";
+  }
+}
+
+TEST_F(FirstRunSetupTest, OtherDamagedLinesCostOnlyThemselves) {
+  fs::create_directory(folder_.File("config"));
+  folder_.WriteText("config/registry.reg",
+                    "Windows Registry Editor Version 5.00\n\n"
+                    "[HKEY_CURRENT_USER\\Software\\Brovanta]\n"
+                    "\"InstallPathOfOld\"=\"/card\n; \"InstallPath\"=\"/card\n\"Window\"=?\n");
+  EXPECT_EQ(SetUpData(), default_folder_);
+  EXPECT_EQ(problem_, "");
 }
 
 TEST_F(FirstRunSetupTest, WhateverCallFailsTheChosenFolderIsUsedOrNone) {

@@ -215,6 +215,23 @@ TEST(RegistryFileTest, ALineWithoutItsEndGetsOneBeforeAnotherFollows) {
   EXPECT_EQ(file.Text(), kStart + "[HKEY_CURRENT_USER\\A]\n");
 }
 
+TEST(RegistryFileTest, AValueWhoseLineIsDamagedIsToldFromOneThatIsNotThere) {
+  const std::string key = "[HKEY_CURRENT_USER\\Software\\Example]\n";
+  const auto is_damaged = [&](const std::string& lines) {
+    const auto file = RegistryFile::Parse(kStart + lines);
+    return file && file->HasDamagedValue("Software\\Example", "Path");
+  };
+  for (const char* line : {"\"Path\"=\"/x", "\"Path\"", "\"Path", "path=/x", " \"PATH\"=dword:z"}) {
+    EXPECT_TRUE(is_damaged(key + line)) << line;
+    EXPECT_FALSE(is_damaged("[HKEY_CURRENT_USER\\Other]\n" + std::string(line))) << line;
+  }
+  EXPECT_TRUE(is_damaged("[HKEY_CURRENT_USER\\Softw\n\"Path\"=\"/x\"\n"));
+  for (const char* line :
+       {"\"Path\"=\"/x\"", "\"Paths\"=\"/x", "; \"Path\"=\"/x", "\"A Path\"=?", ""}) {
+    EXPECT_FALSE(is_damaged(key + line)) << line;
+  }
+}
+
 TEST(RegistryFileTest, NamesWithControlCharactersAreRefused) {
   RegistryFile file;
   EXPECT_FALSE(file.AddKey("A\nB"));

@@ -140,6 +140,27 @@ TEST_F(RegistryTest, WhatCannotStandInTheFileIsRefused) {
   EXPECT_EQ(folder_.ReadText("registry.reg"), before);
 }
 
+TEST_F(RegistryTest, WhoAsksLearnsWhyThereIsNoValue) {
+  using Answer = RegistryStore::Answer;
+  RegistryValue value;
+  const auto ask = [&] { return store_.Ask("Software\\Example", "Path", value); };
+  EXPECT_EQ(ask(), Answer::kNone);
+  folder_.WriteText("registry.reg", "another file");
+  EXPECT_EQ(ask(), Answer::kForeign);
+  const std::string start =
+      "Windows Registry Editor Version 5.00\n[HKEY_CURRENT_USER\\Software\\Example]\n";
+  folder_.WriteText("registry.reg", start);
+  EXPECT_EQ(ask(), Answer::kNone);
+  folder_.WriteText("registry.reg", start + "\"Path\"=?\n");
+  EXPECT_EQ(ask(), Answer::kDamaged);
+  folder_.WriteText("registry.reg", start + "\"Path\"=?\n\"Path\"=dword:00000007\n");
+  EXPECT_EQ(ask(), Answer::kValue) << "the last line counts";
+  EXPECT_EQ(value.data, Hex("07 00 00 00"));
+  std::filesystem::remove(folder_.File("registry.reg"));
+  std::filesystem::create_directory(folder_.File("registry.reg"));
+  EXPECT_EQ(ask(), Answer::kUnreadable);
+}
+
 TEST_F(RegistryTest, AFileOfAnotherKindIsPutAsideBeforeItIsReplaced) {
   folder_.WriteText("registry.reg", "a shopping list on its own");
   EXPECT_FALSE(RegistryKey::Open(store_, "A"));
