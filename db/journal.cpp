@@ -202,6 +202,14 @@ bool MayHoldRecords(const std::string& path) {
   return size < 0 || size > static_cast<std::int64_t>(journal_layout::kEmptySize);
 }
 
+bool HasNothingToFollow(const std::string& path) {
+  if (platform::IsOtherThanFile(path)) return true;
+  File file;
+  std::optional<std::vector<UndoRecord>> records;
+  if (!file.Open(path, File::Mode::kRead) || Read(file, records) != 0) return false;
+  return !records || records->empty();
+}
+
 bool PutBack(File& file, const UndoRecord& record) {
   if (!file.WriteAt(record.offset, record.old_bytes)) return false;
   if (file.Size() == record.old_size) return true;

@@ -28,6 +28,11 @@ namespace brovanta {
 /// holds it from before the records are written until they are gone.
 [[nodiscard]] bool MayHoldRecords(const std::string& path);
 
+/// Whether what stands in the place of the journal says nothing about the files beside it, decided
+/// as RollBackJournal does, by every byte: another file or none of ours, not written to its end, or
+/// emptied. False when someone else holds it or it cannot be read. Changes nothing.
+[[nodiscard]] bool HasNothingToFollow(const std::string& path);
+
 /// Puts the file back as the record says, for a record that overwrites. Does not sync. False when
 /// the file could not be written.
 [[nodiscard]] bool PutBack(platform::File& file, const UndoRecord& record);

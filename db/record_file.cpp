@@ -18,19 +18,6 @@ std::vector<std::byte> EmptyRecordFile(std::int32_t last_id) {
   return bytes;
 }
 
-// Whether what stands there is none of ours: it says nothing about the files beside it.
-bool IsForeign(const std::string& journal) {
-  if (platform::IsOtherThanFile(journal)) return true;
-  platform::File file;
-  if (!file.Open(journal, platform::File::Mode::kRead)) return false;
-  std::array<std::byte, journal_layout::kFirstRecord> first;
-  const std::int64_t size = file.Size();
-  const std::int64_t count = file.ReadAt(0, first);
-  return size >= 0 && count >= 0 &&
-         !IsJournalStart(std::span(first).first(static_cast<std::size_t>(count)),
-                         static_cast<std::uint64_t>(size));
-}
-
 }  // namespace
 
 int OpenRecordFile(MarkedReader& reader, const std::string& path, platform::File::Mode mode,
@@ -43,8 +30,9 @@ int OpenRecordFile(MarkedReader& reader, const std::string& path, platform::File
     if (!MayHoldRecords(journal)) return code;
     reader.Close();
     if (const int failed = RollBackJournal(journal); failed != 0) {
-      // It could not be set aside, in a folder that may only be read.
-      return IsForeign(journal) ? reader.Open(path, mode, kFirstRecordMark, image) : failed;
+      // It could not be set aside or cut, in a folder that may only be read.
+      return HasNothingToFollow(journal) ? reader.Open(path, mode, kFirstRecordMark, image)
+                                         : failed;
     }
   }
   return ERR_OPEN;

@@ -50,6 +50,24 @@ class HotJournalTest : public testing::Test {
     EXPECT_EQ(folder_.Read("discount.dat"), whole_);
     EXPECT_EQ(folder_.Read(kJournal), EncodeEmptyJournal());
   }
+  /// With the journal as it is, in a folder that may only be read.
+  void ExpectToReadBesideIt(unsigned journal_mode) {
+    using std::filesystem::permissions;
+    using std::filesystem::perms;
+    const auto journal = folder_.Read(kJournal);
+    permissions(folder_.File(kJournal), perms{journal_mode});
+    permissions(folder_.File("discount.dat"), perms{0666});
+    permissions(folder_.path(), perms{0555});
+    {
+      const test::PlainUser user;
+      if (!user.active()) GTEST_SKIP() << "permissions do not count here";
+      EXPECT_EQ(database_.discounts().Load(nullptr), 0);
+      EXPECT_EQ(database_.discounts().size(), 2U);
+    }
+    permissions(folder_.path(), perms{0755});
+    EXPECT_EQ(folder_.Read(kJournal), journal);
+    EXPECT_EQ(folder_.Read("discount.dat"), whole_);
+  }
   std::string Path(const char* name) const { return folder_.path() + "\\" + name; }
 
   test::TempFolder folder_;
@@ -141,17 +159,27 @@ TEST_F(HotJournalTest, AFolderThatMayNotBeWrittenIsReadAndNotChanged) {
 
 TEST_F(HotJournalTest, AForeignJournalThatCannotBeSetAsideKeepsNobodyFromReading) {
   folder_.WriteText(kJournal, "a backup of another kind");
-  std::filesystem::permissions(folder_.File(kJournal), std::filesystem::perms{0666});
-  std::filesystem::permissions(folder_.File("discount.dat"), std::filesystem::perms{0666});
-  std::filesystem::permissions(folder_.path(), std::filesystem::perms{0555});
-  {
-    const test::PlainUser user;
-    if (!user.active()) GTEST_SKIP() << "permissions do not count here";
-    EXPECT_EQ(database_.discounts().Load(nullptr), 0);
-    EXPECT_EQ(database_.discounts().size(), 2U);
-  }
-  std::filesystem::permissions(folder_.path(), std::filesystem::perms{0755});
-  EXPECT_EQ(folder_.ReadText(kJournal), "a backup of another kind");
+  ExpectToReadBesideIt(0666);
+}
+
+TEST_F(HotJournalTest, NeitherDoesATornOneWhoseFirstWordsAreWhole) {
+  LeaveHalfAChange();
+  folder_.Write("discount.dat", whole_);
+  Bytes torn = *folder_.Read(kJournal);
+  torn.back() ^= std::byte{1};
+  folder_.Write(kJournal, torn);
+  ExpectToReadBesideIt(0666);
+}
+
+TEST_F(HotJournalTest, NeitherDoesAnEmptiedOneThatMayNotBeCut) {
+  folder_.Write(kJournal, Join({EncodeEmptyJournal(), Bytes(40)}));
+  ExpectToReadBesideIt(0444);
+}
+
+TEST_F(HotJournalTest, AWholeOneThatMayNotBeWrittenKeepsReadersOut) {
+  LeaveHalfAChange();
+  std::filesystem::permissions(folder_.File(kJournal), std::filesystem::perms{0444});
+  EXPECT_EQ(database_.discounts().Load(nullptr), ERR_OPEN);
 }
 
 TEST_F(HotJournalTest, AFolderInThePlaceOfTheJournalKeepsNobodyFromReading) {
