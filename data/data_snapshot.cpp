@@ -76,6 +76,24 @@ std::optional<std::vector<std::string>> NamesOfData(const std::string& folder) {
 
 }  // namespace
 
+SnapshotResult TakeDataSnapshotInChange(const std::string& folder, DataSnapshot& snapshot,
+                                        std::string& refused) {
+  snapshot.clear();
+  refused = std::string(kResultsFolder);
+  const auto names = NamesOfData(folder);
+  SnapshotResult result = names ? SnapshotResult::kTaken : SnapshotResult::kFailed;
+  for (std::size_t i = 0; result == SnapshotResult::kTaken && i < names->size(); ++i) {
+    refused = (*names)[i];
+    result = ReadInto(folder, refused, snapshot);
+  }
+  if (result == SnapshotResult::kTaken) {
+    refused.clear();
+  } else {
+    snapshot.clear();
+  }
+  return result;
+}
+
 SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapshot,
                                 std::string& refused) {
   snapshot.clear();
@@ -85,19 +103,12 @@ SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapsho
   HeldJournal journal(folder + "/" + kJournalFile);
   SnapshotResult result = journal.Hold();
   if (result == SnapshotResult::kTaken) {
-    refused = std::string(kResultsFolder);
-    const auto names = NamesOfData(folder);
-    if (!names) result = SnapshotResult::kFailed;
-    for (std::size_t i = 0; result == SnapshotResult::kTaken && i < names->size(); ++i) {
-      refused = (*names)[i];
-      result = ReadInto(folder, refused, snapshot);
-    }
+    result = TakeDataSnapshotInChange(folder, snapshot, refused);
   }
-  if (result == SnapshotResult::kTaken) {
-    refused.clear();
-    if (!journal.HeldAllTheTime()) result = SnapshotResult::kBusy;
+  if (result == SnapshotResult::kTaken && !journal.HeldAllTheTime()) {
+    snapshot.clear();
+    result = SnapshotResult::kBusy;
   }
-  if (result != SnapshotResult::kTaken) snapshot.clear();
   return result;
 }
 

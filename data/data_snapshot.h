@@ -25,6 +25,10 @@ enum class SnapshotResult {
                                               std::string& refused);
 [[nodiscard]] SnapshotResult TakeDataSnapshot(const std::string& folder, DataSnapshot& snapshot);
 
+/// The same for one who holds the journal already, which is empty.
+[[nodiscard]] SnapshotResult TakeDataSnapshotInChange(const std::string& folder,
+                                                      DataSnapshot& snapshot, std::string& refused);
+
 /// Why there is no snapshot, for a person; `refused` as above.
 [[nodiscard]] std::string WhyNoSnapshot(SnapshotResult result, const std::string& refused);
 

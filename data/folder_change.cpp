@@ -14,6 +14,7 @@ namespace brovanta {
 namespace {
 
 constexpr int kMostNames = 1000;
+constexpr char kTheFolder[] = "the folder";
 
 // Journal and files have one spelling of the folder.
 std::string FolderToUse(const std::string& data_folder) {
@@ -31,6 +32,7 @@ FolderChange::FolderChange(const std::string& folder)
 bool FolderChange::Stop(Outcome outcome, std::string words) {
   end_.outcome = outcome;
   end_.words = std::move(words);
+  work_.reset();
   return false;
 }
 
@@ -53,7 +55,11 @@ bool FolderChange::TakeFolder() {
 
 bool FolderChange::Read(const std::string& from, DataSnapshot& snapshot, const std::string& what) {
   std::string refused;
-  const SnapshotResult result = TakeDataSnapshot(from, snapshot, refused);
+  return Accept(TakeDataSnapshot(from, snapshot, refused), refused, what);
+}
+
+bool FolderChange::Accept(SnapshotResult result, const std::string& refused,
+                          const std::string& what) {
   const std::string file = refused.empty() || refused == "." ? "a file" : refused;
   switch (result) {
     case SnapshotResult::kTaken:
@@ -69,7 +75,11 @@ bool FolderChange::Read(const std::string& from, DataSnapshot& snapshot, const s
 }
 
 bool FolderChange::ReadCurrent(const DataSnapshot& wanted) {
-  if (!Read(folder_, current_, "the folder")) return false;
+  work_.emplace(journal_);
+  if (work_->Begin() != 0) return Accept(SnapshotResult::kBusy, kJournalFile, kTheFolder);
+  std::string refused;
+  const SnapshotResult result = TakeDataSnapshotInChange(folder_, current_, refused);
+  if (!Accept(result, refused, kTheFolder)) return false;
   return wanted != current_ || Stop(Outcome::kSame, "");
 }
 
@@ -87,7 +97,6 @@ bool FolderChange::KeepCurrent() {
 }
 
 bool FolderChange::Replace(const DataSnapshot& wanted) {
-  UnitOfWork work(journal_);
   for (const auto& [name, bytes] : wanted) {
     const auto old = current_.find(name);
     if (old != current_.end() && old->second == bytes) continue;
@@ -95,26 +104,27 @@ bool FolderChange::Replace(const DataSnapshot& wanted) {
         !platform::CreateFolder(folder_ + "/" + kResultsFolder)) {
       return Stop(Outcome::kFailed, "the folder of the results cannot be made");
     }
-    work.Replace(folder_ + "/" + name, std::as_bytes(std::span(bytes)));
+    work_->Replace(folder_ + "/" + name, std::as_bytes(std::span(bytes)));
     ++end_.written;
   }
   for (const auto& [name, bytes] : current_) {
     if (wanted.count(name) > 0) continue;
-    work.Remove(folder_ + "/" + name);
+    work_->Remove(folder_ + "/" + name);
     ++end_.removed;
   }
-  const int code = work.Commit();
+  const int code = work_->Commit();
   if (code == 0) {
     end_.outcome = Outcome::kDone;
+    work_.reset();
     return true;
   }
+  const std::string& refused = work_->refused_path();
+  const std::string file = refused.empty() ? "a file" : refused.substr(folder_.size() + 1);
   // Whatever could not be put back is put back now, or stays in the journal.
   if (RollBackJournal(journal_) != 0) {
     return Stop(Outcome::kUndecided,
                 "the files cannot be written; the next start of the program undoes what was done");
   }
-  const std::string& refused = work.refused_path();
-  const std::string file = refused.empty() ? "a file" : refused.substr(folder_.size() + 1);
   return code == ERR_OPEN
              ? Stop(Outcome::kInUse, "someone else has " + file + " open, or it may not be written")
              : Stop(Outcome::kFailed, "the files cannot be written");

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "data/backup_folder.h"
 #include "data/data_snapshot.h"
+#include "db/unit_of_work.h"
 #include "platform/folder.h"
 
 namespace brovanta {
@@ -47,7 +49,8 @@ class FolderChange {
   [[nodiscard]] bool TakeFolder();
   /// Reads the data files of a folder; `what` names it for the user.
   [[nodiscard]] bool Read(const std::string& from, DataSnapshot& snapshot, const std::string& what);
-  /// Reads those that stand there; the same ones as wanted end the change.
+  /// Reads those that stand there; the same ones as wanted end the change. From here on the journal
+  /// is held, without which nobody changes any of them: what is kept is what is replaced.
   [[nodiscard]] bool ReadCurrent(const DataSnapshot& wanted);
   [[nodiscard]] const DataSnapshot& current() const { return current_; }
   /// Keeps them as a copy, if there are any.
@@ -57,14 +60,18 @@ class FolderChange {
   /// start of the program begins.
   [[nodiscard]] bool Replace(const DataSnapshot& wanted);
 
-  /// Ends the change; always false.
+  /// Ends the change and lets the journal go; always false.
   bool Stop(Outcome outcome, std::string words);
 
  private:
+  [[nodiscard]] bool Accept(SnapshotResult result, const std::string& refused,
+                            const std::string& what);
+
   std::string folder_;
   std::string journal_;
   BackupFolder backups_;
   platform::FolderLock lock_;
+  std::optional<UnitOfWork> work_;
   DataSnapshot current_;
   FolderChangeEnd end_;
 };

@@ -5,6 +5,8 @@
 #include <filesystem>
 
 #include "db/file_names.h"
+#include "db/journal.h"
+#include "db/shopping_database.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temp_folder.h"
 
@@ -46,6 +48,38 @@ TEST_F(FolderChangeTest, WritesWhatIsOtherAndRemovesWhatIsNotWanted) {
   EXPECT_FALSE(fs::exists(data_ + "/product.dat"));
   EXPECT_EQ(folder_.ReadText("data/notes.txt"), "no data");
   EXPECT_EQ(folder_.ReadText("data.backups/2026-11-21.before-restore/product.dat"), "gone");
+}
+
+TEST_F(FolderChangeTest, NobodyChangesWhatIsReplacedAfterItWasKept) {
+  fs::create_directory(data_);
+  ShoppingDatabase other;  // a program that knows nothing of the lock on the folder
+  (void)other.Open(data_);
+  ProductFields fields;
+  fields.name = "Milk";
+  ASSERT_TRUE(other.products().Add(kProductKind, fields));
+  const auto product = folder_.Read("data/product.dat");
+  const DataSnapshot wanted{{"unit.lst", "new"}};
+  FolderChange change(data_);
+  ASSERT_TRUE(change.TakeFolder());
+  ASSERT_TRUE(change.ReadCurrent(wanted));
+  EXPECT_FALSE(other.products().Add(kProductKind, fields));
+  ASSERT_TRUE(change.KeepCurrent());
+  EXPECT_FALSE(other.products().Add(kProductKind, fields));
+  EXPECT_EQ(folder_.Read("data/product.dat"), product);
+  ASSERT_TRUE(change.Replace(wanted));
+  EXPECT_EQ(folder_.Read("data.backups/2026-11-21.before-restore/product.dat"), product);
+  EXPECT_FALSE(fs::exists(data_ + "/product.dat"));
+  EXPECT_TRUE(other.products().Add(kProductKind, fields)) << "the journal is free again";
+}
+
+TEST_F(FolderChangeTest, AChangeThatEndsEarlyLetsTheJournalGo) {
+  fs::create_directory(data_);
+  folder_.WriteText("data/unit.lst", "same");
+  FolderChange change(data_);
+  ASSERT_TRUE(change.TakeFolder());
+  EXPECT_FALSE(change.ReadCurrent({{"unit.lst", "same"}}));
+  Journal journal;
+  EXPECT_EQ(journal.Hold(data_ + "/backup.dat"), 0);
 }
 
 TEST_F(FolderChangeTest, AMissingFolderIsMadeAndNothingIsKept) {
