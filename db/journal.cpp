@@ -246,6 +246,8 @@ int Journal::Hold(const std::string& path) {
 int Journal::Write(std::span<const UndoRecord> records) {
   std::vector<std::byte> bytes = EncodeJournal(records);
   if (bytes.size() > static_cast<std::size_t>(platform::kLargestWholeFile)) return ERR_IO;
+  if (file_.PlaceAt(path_) != File::Place::kThere)
+    return ERR_OPEN;  // nobody would find the records
   // An empty file may be one whose name has not reached the storage device yet; after a power loss
   // nobody would find it. From now on it has its first words.
   if (is_new_ && !platform::SyncFolderOf(path_)) return ERR_IO;

@@ -49,7 +49,8 @@ class Journal {
   [[nodiscard]] int Hold(const std::string& path);
 
   /// Writes the records. When the result is 0 they have reached the storage device, and the files
-  /// may change; with ERR_IO the journal is as empty as before.
+  /// may change; with ERR_IO the journal is as empty as before, with ERR_OPEN it is gone: another
+  /// file stands in its place.
   [[nodiscard]] int Write(std::span<const UndoRecord> records);
 
   /// Writes once more what Write wrote, after an Empty that failed: whether it did empty the

@@ -97,9 +97,9 @@ struct UndoRecord {
 /// journal of `size` bytes: what does not is not worth being read whole.
 [[nodiscard]] bool IsJournalStart(std::span<const std::byte> first, std::uint64_t size);
 
-/// Whether the first bytes of a file, at least kFirstRecord of them or all that there are, are those
-/// of a journal that was emptied and is still to be cut: behind the version there are bytes, and
-/// zeros up to where the first record would stand.
+/// Whether the first bytes of a file, at least kFirstRecord of them or all that there are, are
+/// those of a journal that was emptied and is still to be cut: behind the version there are bytes,
+/// and zeros up to where the first record would stand.
 [[nodiscard]] bool IsEmptiedJournal(std::span<const std::byte> first);
 
 /// The records of a journal, none for an empty one; nothing unless every byte is as EncodeJournal

@@ -63,6 +63,7 @@ int UnitOfWork::Commit() {
   if (changes_.empty()) return 0;
   // Held even where nothing is written into it, so that no roll-back comes between.
   int code = Begin();
+  if (code == 0 && !FilesStand()) code = ERR_OPEN;
   for (std::size_t i = 0; i < changes_.size() && code == 0; ++i) code = NoteUndo(changes_[i]);
   if (code == 0 && NeedsJournal()) code = WriteJournal();
   if (code == 0) {
@@ -166,6 +167,7 @@ int UnitOfWork::CarryOutAll() {
     if (const int code = CarryOut(change); code != 0) return code;
   }
   if (!SyncFiles()) return ERR_IO;
+  if (!FilesStand()) return ERR_OPEN;  // nobody would find what was written
   const auto is_new = [](const OpenFile& open) { return open.is_new; };
   const bool has_new = std::any_of(files_.begin(), files_.end(), is_new);
   return !has_new || platform::SyncFolderOf(journal_path_) ? 0 : ERR_IO;
@@ -215,10 +217,19 @@ bool UnitOfWork::SyncFiles() {
                      [](OpenFile& open) { return !open.file.is_open() || open.file.Sync(); });
 }
 
+bool UnitOfWork::FilesStand() const {
+  return std::all_of(files_.begin(), files_.end(), [](const OpenFile& open) {
+    return !open.file.is_open() || open.file.PlaceAt(open.path) == platform::File::Place::kThere;
+  });
+}
+
 bool UnitOfWork::PutBackChange(const Change& change, const UndoRecord& undo) {
   if (IsWhole(change)) return PutBackWhole(change.path, undo) == 0;
   OpenFile& open = files_[change.file];
   if (!open.is_new) return PutBack(open.file, undo);
+  const bool is_gone =
+      open.file.is_open() && open.file.PlaceAt(open.path) == platform::File::Place::kElsewhere;
+  if (is_gone) return true;  // what stands there is somebody else's
   return change.kind != Kind::kMake || PutBackWhole(open.path, undo) == 0;
 }
 

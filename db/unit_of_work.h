@@ -52,8 +52,9 @@ class UnitOfWork {
   void Remove(std::string path);
 
   /// Carries the changes out in the order in which they were noted; after 0 they have reached the
-  /// storage device. ERR_OPEN when someone else holds the journal or a file to replace, or a file
-  /// cannot be made or is none that the journal may name, or ERR_IO; with an error everything is as
+  /// storage device. ERR_OPEN when someone else holds the journal or a file to replace, or has put
+  /// another file in the place of one that was taken over, or a file cannot be made or is none that
+  /// the journal may name, or ERR_IO; with an error everything is as
   /// before, or will be when the journal is rolled back.
   [[nodiscard]] int Commit();
 
@@ -89,6 +90,7 @@ class UnitOfWork {
   [[nodiscard]] int CarryOutWhole(const Change& change);
   [[nodiscard]] int Finish();
   [[nodiscard]] bool SyncFiles();
+  [[nodiscard]] bool FilesStand() const;
   [[nodiscard]] bool PutBackChange(const Change& change, const UndoRecord& undo);
   void RollBack();
 

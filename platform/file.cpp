@@ -160,6 +160,16 @@ std::optional<FileState> File::State() const {
                    .changed_nanoseconds = status.st_ctim.tv_nsec};
 }
 
+File::Place File::PlaceAt(const std::string& path) const {
+  struct stat ours {};
+  struct stat there {};
+  if (Calls().StatusOf(descriptor_, &ours) != 0) return Place::kUnknown;
+  if (Calls().Status(NativePath(path).c_str(), &there) != 0) {
+    return errno == ENOENT || errno == ENOTDIR ? Place::kElsewhere : Place::kUnknown;
+  }
+  return IsSameFile(ours, there) ? Place::kThere : Place::kElsewhere;
+}
+
 bool File::Truncate(std::int64_t size) {
   return Uninterrupted([&] { return Calls().Truncate(descriptor_, size); }) == 0;
 }

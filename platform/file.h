@@ -69,6 +69,16 @@ class File {
   /// The state of the file, nothing where the system does not tell.
   [[nodiscard]] std::optional<FileState> State() const;
 
+  enum class Place {
+    kThere,
+    kElsewhere,  ///< another file stands at the path, or none
+    kUnknown,    ///< the system does not tell
+  };
+
+  /// Whether this file is the one that stands at the documented path: a lock keeps nobody from
+  /// renaming another one over it, or it away.
+  [[nodiscard]] Place PlaceAt(const std::string& path) const;
+
   /// Cuts the file, or extends it by zeros, to the size in bytes.
   [[nodiscard]] bool Truncate(std::int64_t size);
 

@@ -51,6 +51,71 @@ TEST_F(UnitOfWorkTest, NothingChangesBeforeCommit) {
   EXPECT_FALSE(folder_.ReadText("b.lst"));
 }
 
+TEST_F(UnitOfWorkTest, AFileThatWasReplacedSinceItWasTakenOverIsNotWritten) {
+  folder_.WriteText("a.dat", "0123456789");
+  folder_.WriteText("theirs", "abcdefghij");
+  UnitOfWork work(Path("backup.dat"));
+  work.Write(Adopt(work, "a.dat"), 0, Hex("41"));
+  std::filesystem::rename(folder_.File("theirs"), folder_.File("a.dat"));
+  EXPECT_EQ(work.Commit(), ERR_OPEN);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "abcdefghij");
+  EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "abcdefghij");
+}
+
+/// Somebody renames a file over another one right behind a write of so many bytes.
+class RenamedOver : public platform::SystemCalls {
+ public:
+  RenamedOver(std::string from, std::string to, std::size_t behind)
+      : from_(std::move(from)), to_(std::move(to)), behind_(behind) {}
+  ssize_t WriteAt(int descriptor, const void* bytes, std::size_t size, off_t offset) override {
+    const ssize_t count = SystemCalls::WriteAt(descriptor, bytes, size, offset);
+    if (size == behind_ && !done_) std::filesystem::rename(from_, to_);
+    done_ = done_ || size == behind_;
+    return count;
+  }
+
+ private:
+  std::string from_;
+  std::string to_;
+  std::size_t behind_;
+  bool done_ = false;
+};
+
+TEST_F(UnitOfWorkTest, NothingIsConfirmedThatStandsInAFileReplacedMeanwhile) {
+  folder_.WriteText("a.dat", "0123456789");
+  folder_.WriteText("theirs", "abcdefghij");
+  UnitOfWork work(Path("backup.dat"));
+  work.Write(Adopt(work, "a.dat"), 0, Hex("41"));
+  RenamedOver calls(folder_.File("theirs"), folder_.File("a.dat"), 1);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_EQ(work.Commit(), ERR_OPEN);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "abcdefghij");
+  EXPECT_FALSE(MayHoldRecords(Path("backup.dat")));
+}
+
+TEST_F(UnitOfWorkTest, AFileRenamedOverANewOneStays) {
+  folder_.WriteText("theirs", "abcdefghij");
+  UnitOfWork work(Path("backup.dat"));
+  (void)work.Make(Path("a.dat"), Hex("41"));
+  RenamedOver calls(folder_.File("theirs"), folder_.File("a.dat"), 1);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_EQ(work.Commit(), ERR_OPEN);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "abcdefghij");
+}
+
+TEST_F(UnitOfWorkTest, RecordsAreNotWrittenIntoAJournalThatIsGone) {
+  folder_.WriteText("a.dat", "0123456789");
+  folder_.WriteText("theirs", "not a journal");
+  UnitOfWork work(Path("backup.dat"));
+  ASSERT_EQ(work.Begin(), 0);
+  work.Write(Adopt(work, "a.dat"), 0, Hex("41"));
+  std::filesystem::rename(folder_.File("theirs"), folder_.File("backup.dat"));
+  EXPECT_EQ(work.Commit(), ERR_OPEN);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "0123456789");
+  EXPECT_EQ(folder_.ReadText("backup.dat"), "not a journal");
+}
+
 TEST_F(UnitOfWorkTest, RemovesFilesAndReplacesResults) {
   folder_.WriteText("a.dat", "old");
   std::filesystem::create_directory(folder_.File("WebSearch"));

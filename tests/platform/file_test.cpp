@@ -144,6 +144,19 @@ TEST_F(FileTest, AFileWithoutAnyWritePermissionOpensForReadingOnly) {
   EXPECT_TRUE(Opens(Mode::kRead));
 }
 
+TEST_F(FileTest, AnOpenFileKnowsWhetherItStandsWhereItDid) {
+  folder_.WriteText("a.dat", "a");
+  folder_.WriteText("b.dat", "b");
+  File file;
+  EXPECT_EQ(file.PlaceAt(folder_.path() + "\\a.dat"), File::Place::kUnknown) << "not open";
+  ASSERT_TRUE(file.Open(folder_.File("a.dat"), File::Mode::kReadWrite));
+  EXPECT_EQ(file.PlaceAt(folder_.path() + "\\a.dat"), File::Place::kThere);
+  EXPECT_EQ(file.PlaceAt(folder_.File("b.dat")), File::Place::kElsewhere);
+  EXPECT_EQ(file.PlaceAt(folder_.File("none.dat")), File::Place::kElsewhere);
+  std::filesystem::rename(folder_.File("b.dat"), folder_.File("a.dat"));
+  EXPECT_EQ(file.PlaceAt(folder_.File("a.dat")), File::Place::kElsewhere);
+}
+
 TEST_F(FileTest, TheStateTellsTheFileItsSizeAndWhetherItWasWritten) {
   folder_.Write("data", Hex("01 02"));
   folder_.Write("other", Hex("01 02"));
