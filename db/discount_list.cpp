@@ -56,6 +56,7 @@ DiscountRecord BuildRecord(std::int32_t id, std::int16_t source, const DiscountF
 }  // namespace
 
 int DiscountList::Load(const DiscountFilter* filter) {
+  database_.FinishOpening();
   records_.Clear();
   if (filter != nullptr) filter_ = *filter;
   RecordScanner<DiscountFormat> scan;

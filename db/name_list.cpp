@@ -36,13 +36,15 @@ int NoteCopy(UnitOfWork& work, const std::string& path) {
 
 int NameList::Load(const std::string& path) {
   Clear();
-  const int code = Read(path, Winner::kFile);
+  std::set<std::int32_t> read;
+  const int code = Read(path, Winner::kFile, read);
   loaded_ = code == 0;
   return code;
 }
 
-// Adds the entries of the file; `winner` says which of two with one id stays.
-int NameList::Read(const std::string& path, Winner winner) {
+// Adds the entries of the file, whose ids it gives to `read`; `winner` says which of two with one
+// id stays.
+int NameList::Read(const std::string& path, Winner winner, std::set<std::int32_t>& read) {
   MarkedReader reader(list_layout::kSize);
   const int code = reader.Open(path, platform::File::Mode::kRead, kFirstListMark);
   if (code != 0) return code;
@@ -51,14 +53,15 @@ int NameList::Read(const std::string& path, Winner winner) {
     for (const auto& [id, item] : items_) held.insert(id);
   }
   int result = 0;
-  while (result == 0 && reader.Next()) {
+  while (reader.Next()) {
     const ListItem item = DecodeListItem(
         std::span<const std::byte, list_layout::kSize>(reader.record(), list_layout::kSize));
     if (item.Id < 1) {
       result = ERR_IO;
-    } else if (!held.contains(item.Id)) {
-      Insert(item);
+      break;
     }
+    read.insert(item.Id);
+    if (!held.contains(item.Id)) Insert(item);
   }
   return result != 0 ? result : reader.code();
 }
@@ -66,16 +69,19 @@ int NameList::Read(const std::string& path, Winner winner) {
 int NameList::EnsureLoaded(const std::string& path) {
   // A missing file is looked for again next time: its folder may only be out of reach.
   if (loaded_ || !platform::FileExists(path)) return 0;
-  const int code = Read(path, Winner::kHeld);
+  std::set<std::int32_t> read;
+  const int code = Read(path, Winner::kHeld, read);
   loaded_ = code == 0;
   return code == ERR_OPEN ? code : 0;
 }
 
 int NameList::Refresh(const std::string& path) {
   if (!loaded_ || !platform::FileExists(path)) return EnsureLoaded(path);
-  const int code = Read(path, Winner::kFile);
+  std::set<std::int32_t> read;
+  const int code = Read(path, Winner::kFile, read);
   if (code == ERR_OPEN || code == ERR_IO) return code;  // what is held is right, to all appearances
   loaded_ = code == 0;                                  // damaged since: to be kept aside
+  if (loaded_) std::erase_if(items_, [&](const auto& item) { return !read.contains(item.first); });
   return 0;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -42,10 +43,12 @@ class NameList {
   /// damaged one what can be read is taken. 0, or ERR_OPEN when there is a file that does not open.
   [[nodiscard]] int EnsureLoaded(const std::string& path);
 
-  /// Takes over what another program has written since: the file's entries win over those held
-  /// here. A list that was not loaded goes through EnsureLoaded instead. Whoever is about to add
-  /// and write calls this in a unit of work that has begun; so no program overwrites what another
-  /// one added. 0, ERR_OPEN when a file does not open, or ERR_IO when it is not read to its end.
+  /// Takes over what another program has written since, or a roll-back has undone: the file's
+  /// entries win over those held here, and those that it does not have go. A list that was not
+  /// loaded goes through EnsureLoaded instead. Whoever is about to add and write calls this in a
+  /// unit of work that has begun; so no program overwrites what another one added. 0, ERR_OPEN when
+  /// a file does not open, or ERR_IO when it is not read to its end. A list whose file is missing
+  /// stays as it is.
   [[nodiscard]] int Refresh(const std::string& path);
 
   /// Rewrites the file whole. A list that was not loaded goes through EnsureLoaded first, and the
@@ -85,7 +88,7 @@ class NameList {
 
  private:
   enum class Winner { kHeld, kFile };
-  [[nodiscard]] int Read(const std::string& path, Winner winner);
+  [[nodiscard]] int Read(const std::string& path, Winner winner, std::set<std::int32_t>& read);
 
   std::map<std::int32_t, ListItem> items_;
   std::int32_t cursor_ = 0;  // id of the entry handed out last

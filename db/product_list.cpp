@@ -93,6 +93,7 @@ bool IsElementOf(const ProductRecord& stored, ProductRecord element) {
 }  // namespace
 
 int ProductList::Load(const ProductFilter* filter) {
+  database_.FinishOpening();
   records_.Clear();
   if (filter != nullptr) filter_ = *filter;
   const std::string* path = PathOf(database_, filter_.kind);

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "db/error_codes.h"
 #include "db/file_names.h"
 #include "db/journal.h"
 #include "db/new_names.h"
@@ -55,14 +56,36 @@ int ShoppingDatabase::Open(const std::optional<std::string>& folder) {
   stores_.Clear();
   categories_.Clear();
   units_.Clear();
-  const int rolled_back = RollBack();
+  const int rolled_back = RollBackJournal(paths_.backup);
+  may_hold_undone_names_ = rolled_back != 0;
   int code = stores_.Load(paths_.store);
   if (code == 0) code = categories_.Load(paths_.category);
   if (code == 0) code = units_.Load(paths_.unit);
   return code != 0 ? code : rolled_back;
 }
 
-int ShoppingDatabase::RollBack() const { return RollBackJournal(paths_.backup); }
+int ShoppingDatabase::RollBack() {
+  const int code = RollBackJournal(paths_.backup);
+  if (code == 0 && may_hold_undone_names_) may_hold_undone_names_ = !ReadNamesAgain();
+  return code;
+}
+
+void ShoppingDatabase::FinishOpening() {
+  if (may_hold_undone_names_) (void)RollBack();  // what fails, reading the list will report
+}
+
+// False when a list is in use: to be tried again.
+bool ShoppingDatabase::ReadNamesAgain() {
+  const auto read = [](NameList& names, const std::string& path) {
+    const bool is_there = platform::FileExists(path);
+    const int code = names.loaded() && is_there ? names.Refresh(path) : names.Load(path);
+    return code != ERR_OPEN || !is_there;
+  };
+  const bool stores = read(stores_, paths_.store);
+  const bool categories = read(categories_, paths_.category);
+  const bool units = read(units_, paths_.unit);
+  return stores && categories && units;
+}
 
 int ShoppingDatabase::ResolveNames(NameRef* store, NameRef* category, NameRef* unit) {
   int code = RollBack();

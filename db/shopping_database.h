@@ -44,7 +44,13 @@ class ShoppingDatabase {
   [[nodiscard]] int ResolveNames(NameRef* store, NameRef* category, NameRef* unit);
 
   /// RollBackJournal with this folder's journal: what every change begins with, before it reads.
-  [[nodiscard]] int RollBack() const;
+  /// Where Open could not do it, the name lists are read again once it has been done: they may hold
+  /// names of a change that is undone now.
+  [[nodiscard]] int RollBack();
+
+  /// Does what Open could not do, if there is any such thing; what every list that is loaded begins
+  /// with.
+  void FinishOpening();
 
   [[nodiscard]] ProductList& products() { return products_; }
   [[nodiscard]] DiscountList& discounts() { return discounts_; }
@@ -54,7 +60,10 @@ class ShoppingDatabase {
   [[nodiscard]] const DatabasePaths& paths() const { return paths_; }
 
  private:
+  [[nodiscard]] bool ReadNamesAgain();
+
   DatabasePaths paths_;
+  bool may_hold_undone_names_ = false;
   NameList stores_;
   NameList categories_;
   NameList units_;

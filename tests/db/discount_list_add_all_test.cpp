@@ -191,6 +191,7 @@ TEST_F(DiscountAddAllTest, WithoutIdsLeftTheOthersAreAdded) {
   ListItem last;
   last.Id = std::numeric_limits<std::int32_t>::max();
   database_.categories().Insert(last);
+  ASSERT_EQ(database_.categories().Save(database_.paths().category), 0);
   EXPECT_EQ(AddAll({Coupon(1, 1, 7, 7), Coupon(2, 1, 0, 0), Coupon(3, 1, 7, 7)}), 2U);
   EXPECT_EQ(Shown(), (Ids{1, 3}));
   // As one by one: the store was named before the category failed.

@@ -224,9 +224,19 @@ TEST_F(NameListTest, RefreshTakesOverWhatAnotherProgramWrote) {
   const ListItem* const held = list_.Find(8);
   folder_.Write("store.lst", RawListFile({RawItem(8, "renamed"), RawItem(5000, "theirs")}));
   ASSERT_EQ(list_.Refresh(path_), 0);
-  EXPECT_EQ(Ids(list_), (IdList{7, 8, 5000}));
-  EXPECT_EQ(held->Name.view(), "renamed");
+  EXPECT_EQ(Ids(list_), (IdList{8, 5000})) << "7 is not in the file any more";
+  EXPECT_EQ(held->Name.view(), "renamed") << "entries that stay do not move";
   EXPECT_EQ(list_.NextOwnId(), 5001);
+}
+
+TEST_F(NameListTest, RefreshDropsNothingWhenTheFileIsDamaged) {
+  ASSERT_EQ(Load(RawListFile({RawItem(7, "a"), RawItem(8, "b")})), 0);
+  Bytes damaged = RawListFile({RawItem(8, "b")});
+  damaged.back() ^= std::byte{1};
+  folder_.Write("store.lst", damaged);
+  EXPECT_EQ(list_.Refresh(path_), 0);
+  EXPECT_EQ(Ids(list_), (IdList{7, 8}));
+  EXPECT_FALSE(list_.loaded());
 }
 
 TEST_F(NameListTest, RefreshOfAListThatWasNotLoadedKeepsWhatIsHeld) {

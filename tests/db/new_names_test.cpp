@@ -94,6 +94,7 @@ TEST_F(NewNamesTest, NoIdLeft) {
   ListItem last;
   last.Id = std::numeric_limits<std::int32_t>::max();
   list_.Insert(last);
+  ASSERT_EQ(list_.Save(path()), 0);
   NameRef reference{0, "Market"};
   NewNames names(list_, path());
   EXPECT_EQ(names.Resolve(reference), ERR_IO);
