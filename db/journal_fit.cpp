@@ -56,18 +56,20 @@ bool IsWrittenInPlace(const RecordsOfFile& records) {
 }
 
 // Whether somebody has added a record of his own where the change did: the mark of a record in the
-// place of the old end mark, in a new file in that of the first one, and an end mark at the very
-// end. Without both, the bytes behind the old end are what a device left there, which publishes a
-// size before its bytes.
+// place of the old end mark, and an end mark at the very end; in a new file, whether it begins and
+// ends as one of his own. Otherwise the bytes behind the old end are what a device left there,
+// which publishes a size before its bytes.
 Fit FitOfOtherBytes(const UndoRecord& record, const PresentFile& file) {
   constexpr auto kWord = static_cast<std::int64_t>(kWordSize);
   const bool is_made = record.kind == UndoKind::kMade;
   const std::int64_t mark_place =
       is_made ? static_cast<std::int64_t>(kFirstRecordMark) : record.old_size - kWord;
   if (mark_place < 0 || file.size < mark_place + kWord) return Fit::kFits;
+  const auto first = WordAt(file, 0);
   const auto mark = WordAt(file, mark_place);
   const auto end = WordAt(file, file.size - kWord);
-  if (!mark || !end) return Fit::kNotRead;
+  if (!first || !mark || !end) return Fit::kNotRead;
+  if (is_made && *first != FILE_MAGIC) return Fit::kFits;
   const bool is_empty = is_made && file.size == mark_place + kWord;  // a file of no records
   const bool has_end = (*mark == RECORD_MARK || is_empty) && *end == END_MARK;
   return has_end ? Fit::kOther : Fit::kFits;

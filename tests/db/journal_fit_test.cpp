@@ -164,6 +164,8 @@ TEST(JournalFitTest, AMadeFileMayHoldWhatTheDeviceHeldUnlessItIsWhole) {
   };
   Bytes other = Hex("81 38 01 00 00 00 00 00 82 38 01 00 6f 74 68 65 83 38 01 00");
   EXPECT_EQ(FitOf(change, FileOf(text(other))), Fit::kOther);
+  other = Hex("80 38 01 00 00 00 00 00 82 38 01 00 6f 74 68 65 83 38 01 00");
+  EXPECT_EQ(FitOf(change, FileOf(text(other))), Fit::kFits) << "no file begins like that";
   other = Hex("81 38 01 00 09 00 00 00 83 38 01 00");
   EXPECT_EQ(FitOf(change, FileOf(text(other))), Fit::kOther);
 }
