@@ -124,9 +124,13 @@ class Settled {
     keys_.insert(*key);
     return true;
   }
-  void Forget(const std::string& path) {
+  // Under whatever name it was settled; all of them when the file does not say which one it is.
+  void Forget(const File& file) {
+    const auto state = file.State();
     const std::lock_guard lock(mutex_);
-    std::erase_if(keys_, [&](const Key& key) { return std::get<0>(key) == path; });
+    std::erase_if(keys_, [&](const Key& key) {
+      return !state || (std::get<1>(key) == state->device && std::get<2>(key) == state->number);
+    });
   }
 
  private:
@@ -163,10 +167,10 @@ bool Wipe(File& file, std::int64_t offset) {
 
 // One sync for both: what comes through of the two before it leaves the records whole, of a change
 // that nobody has been told of yet, or none that could be followed.
-bool MakeEmpty(File& file, const std::string& path, std::size_t size = journal_layout::kEmptySize) {
+bool MakeEmpty(File& file, std::size_t size = journal_layout::kEmptySize) {
   const bool wiped = Wipe(file, journal_layout::kEmptySize);
   if (file.Truncate(static_cast<std::int64_t>(size)) && file.Sync() && wiped) return true;
-  SettledJournals().Forget(path);
+  SettledJournals().Forget(file);
   return false;
 }
 
@@ -189,12 +193,12 @@ int RollBackJournal(const std::string& path) {
   std::optional<std::vector<UndoRecord>> records;
   if (const int code = Read(journal, records); code != 0) return code;
   if (!records) return SetAside(path);
-  if (records->empty()) return IsCut(journal) || MakeEmpty(journal, path) ? 0 : ERR_IO;
+  if (records->empty()) return IsCut(journal) || MakeEmpty(journal) ? 0 : ERR_IO;
   bool fit = true;
   const std::string folder = path.substr(0, FolderLength(path));
   if (const int code = Follow(folder, *records, fit); code != 0) return code;
   if (!fit) return SetAside(path);
-  return MakeEmpty(journal, path) ? 0 : ERR_IO;
+  return MakeEmpty(journal) ? 0 : ERR_IO;
 }
 
 bool MayHoldRecords(const std::string& path) {
@@ -255,14 +259,14 @@ int Journal::Write(std::span<const UndoRecord> records) {
     written_ = std::move(bytes);
     return 0;
   }
-  (void)MakeEmpty(file_, path_, is_new_ ? 0 : journal_layout::kEmptySize);
+  (void)MakeEmpty(file_, is_new_ ? 0 : journal_layout::kEmptySize);
   return ERR_IO;
 }
 
 bool Journal::WriteAgain() { return file_.WriteAt(0, written_) && file_.Sync(); }
 
 int Journal::Empty() {
-  if (!MakeEmpty(file_, path_)) return ERR_IO;
+  if (!MakeEmpty(file_)) return ERR_IO;
   written_.clear();
   return 0;
 }

@@ -11,11 +11,13 @@
 namespace brovanta {
 namespace {
 
-// The name of a file as seen from the folder of the journal.
+// The name of a file as seen from the folder of the journal. That of a file outside it is its whole
+// path, which no record may have: a roll-back would look for it beside the journal.
 std::string NameOf(const std::string& path, const std::string& journal_path) {
-  const std::string folder = journal_path.substr(0, journal_path.find_last_of("\\/") + 1);
-  if (path.starts_with(folder)) return platform::NativePath(path.substr(folder.size()));
-  return path.substr(path.find_last_of("\\/") + 1);
+  const std::string native = platform::NativePath(path);
+  const std::string journal = platform::NativePath(journal_path);
+  const std::string folder = journal.substr(0, journal.rfind('/') + 1);
+  return native.starts_with(folder) ? native.substr(folder.size()) : native;
 }
 
 }  // namespace

@@ -291,6 +291,21 @@ TEST_F(JournalTest, AfterARollBackThatMayNotHaveReachedTheDeviceItIsSyncedAgain)
   EXPECT_EQ(calls.count, 2);
 }
 
+TEST_F(JournalTest, ThatIsTrueOfEveryNameOfTheFolder) {
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  CountedSyncs calls;
+  const SystemCallsInUse in_use(calls);
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  journal.Release();
+  WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
+  calls.fails = true;
+  EXPECT_EQ(RollBackJournal(folder_.path() + "/./backup.dat"), ERR_IO);
+  calls.count = 0;
+  EXPECT_EQ(journal.Hold(Path()), 0);
+  EXPECT_EQ(calls.count, 2);
+}
+
 TEST_F(JournalTest, AUnitPutBackKeepsItsRecordsWhenEmptyingThemFails) {
   folder_.WriteText("a.lst", "old");
   folder_.WriteText("b.lst", "old");

@@ -116,6 +116,28 @@ TEST_F(UnitOfWorkTest, RecordsAreNotWrittenIntoAJournalThatIsGone) {
   EXPECT_EQ(folder_.ReadText("backup.dat"), "not a journal");
 }
 
+TEST_F(UnitOfWorkTest, AFileOutsideTheFolderOfTheJournalIsRefused) {
+  std::filesystem::create_directory(folder_.File("data"));
+  folder_.WriteText("data/a.dat", "inside");
+  folder_.WriteText("a.dat", "outside");
+  UnitOfWork work(Path("data\\backup.dat"));
+  work.Write(Adopt(work, "a.dat"), 0, Hex("41"));
+  work.Replace(Path("data\\b.lst"), Hex("42"));
+  EXPECT_EQ(work.Commit(), ERR_OPEN);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "outside");
+  EXPECT_EQ(folder_.ReadText("data/a.dat"), "inside");
+  EXPECT_FALSE(folder_.ReadText("data/b.lst"));
+}
+
+TEST_F(UnitOfWorkTest, TheFolderMayBeWrittenInEitherWay) {
+  folder_.WriteText("a.dat", "old");
+  UnitOfWork work(Path("backup.dat"));
+  work.Replace(folder_.File("a.dat"), Hex("41"));
+  work.Replace(folder_.File("b.dat"), Hex("42"));
+  EXPECT_EQ(work.Commit(), 0);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "A");
+}
+
 TEST_F(UnitOfWorkTest, RemovesFilesAndReplacesResults) {
   folder_.WriteText("a.dat", "old");
   std::filesystem::create_directory(folder_.File("WebSearch"));
