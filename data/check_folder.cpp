@@ -165,6 +165,7 @@ class FolderCheck {
       if (!SearchNumber(name)) continue;
       With(std::string(kResultsFolder) + "/" + name, CheckResults);
     }
+    CheckResultLeftOvers(files, report_.findings);
     CheckWritable(kResultsFolder, folder);
     CompareWithIndex(index, files, report_.findings);
   }

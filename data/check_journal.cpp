@@ -6,15 +6,20 @@
 #include <span>
 #include <string_view>
 
+#include "data/check_searches.h"
 #include "data/data_files.h"
 #include "db/file_names.h"
 #include "db/journal_fit.h"
 #include "db/journal_format.h"
+#include "search/search_format.h"
 
 namespace brovanta::data_tool {
 namespace {
 
 constexpr std::size_t kTemporarySuffix = 7;  // ".XXXXXX"
+constexpr char kSetAside[] = "set aside by the program because it could not be read";
+constexpr char kLeftBehind[] =
+    "left behind by a program that ended while it wrote; nothing reads it";
 
 // One that cannot be read just now may fit.
 bool Fits(const std::string& name, const RecordsOfFile& records, const ReadByName& read) {
@@ -42,6 +47,10 @@ bool IsTemporaryOf(std::string_view name, std::string_view file) {
              name.begin() + static_cast<std::ptrdiff_t>(file.size()) + 1, name.end(), [](char c) {
                return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
              });
+}
+
+bool IsAsideOf(std::string_view name, std::string_view file) {
+  return name.starts_with(std::string(file) + ".bad");
 }
 
 }  // namespace
@@ -73,18 +82,31 @@ void CheckJournal(FileBytes bytes, const ReadByName& read, FileNotes& notes) {
 
 void CheckLeftOvers(const std::vector<std::string>& names, std::vector<Finding>& findings) {
   for (const std::string& name : names) {
-    const auto add = [&](const char* words) {
-      FileNotes(name, findings).Add(Severity::kNote, words);
-    };
-    const auto begins = [&](std::string_view file) {
-      return name.starts_with(std::string(file) + ".bad");
-    };
+    const auto is_aside = [&](std::string_view file) { return IsAsideOf(name, file); };
     const auto is_temporary = [&](std::string_view file) { return IsTemporaryOf(name, file); };
-    if (begins(kJournalFile) || std::any_of(kDataFiles.begin(), kDataFiles.end(), begins)) {
-      add("set aside by the program because it could not be read");
+    FileNotes notes(name, findings);
+    if (is_aside(kJournalFile)) {
+      notes.Add(Severity::kNote,
+                "a journal that the program did not follow: not written to its end, none of its "
+                "own, or of other files than those that stood there; it may hold what files held");
+    } else if (std::any_of(kDataFiles.begin(), kDataFiles.end(), is_aside)) {
+      notes.Add(Severity::kNote, kSetAside);
     } else if (std::any_of(kDataFiles.begin(), kDataFiles.end(), is_temporary)) {
-      add("left behind by a program that ended while it wrote; nothing reads it");
+      notes.Add(Severity::kNote, kLeftBehind);
     }
+  }
+}
+
+void CheckResultLeftOvers(const std::vector<std::string>& names, std::vector<Finding>& findings) {
+  const std::string_view suffix = kResultsSuffix;
+  for (const std::string& name : names) {
+    const std::size_t end = name.find(suffix);
+    if (end == std::string::npos) continue;
+    const std::string file = name.substr(0, end + suffix.size());
+    if (!SearchNumber(file)) continue;
+    FileNotes notes(std::string(kResultsFolder) + "/" + name, findings);
+    if (IsAsideOf(name, file)) notes.Add(Severity::kNote, kSetAside);
+    if (IsTemporaryOf(name, file)) notes.Add(Severity::kNote, kLeftBehind);
   }
 }
 

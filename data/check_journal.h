@@ -21,4 +21,7 @@ void CheckJournal(FileBytes bytes, const ReadByName& read, FileNotes& notes);
 /// Notes what of the names in the folder was set aside or left behind.
 void CheckLeftOvers(const std::vector<std::string>& names, std::vector<Finding>& findings);
 
+/// The same for the names in the folder of the results.
+void CheckResultLeftOvers(const std::vector<std::string>& names, std::vector<Finding>& findings);
+
 }  // namespace brovanta::data_tool

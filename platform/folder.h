@@ -30,7 +30,8 @@ namespace brovanta::platform {
 [[nodiscard]] bool RemoveWholeFolder(const std::string& path);
 
 /// A lock on the folder itself: no file in it, and nothing left when its holder ends, however that
-/// happens. Keeps out only who asks for it too. Movable.
+/// happens. Keeps out only who asks for it too. Asks through SystemCalls, as every file does.
+/// Movable.
 class FolderLock {
  public:
   enum class Outcome {

@@ -81,11 +81,26 @@ TEST(CheckLeftOversTest, NotesWhatWasSetAsideAndWhatWasLeftBehind) {
                  findings);
   EXPECT_THAT(
       test::Lines(findings),
-      ElementsAre("note backup.dat.bad - #-: set aside by the program because it could not be read",
-                  "note store.lst.aB3dE6 - #-: left behind by a program that ended while it wrote; "
-                  "nothing reads it",
-                  "note store.lst.bad2 - #-: set aside by the program because it could not be "
-                  "read"));
+      ElementsAre(
+          "note backup.dat.bad - #-: a journal that the program did not follow: not written "
+          "to its end, none of its own, or of other files than those that stood there; it "
+          "may hold what files held",
+          "note store.lst.aB3dE6 - #-: left behind by a program that ended while it wrote; "
+          "nothing reads it",
+          "note store.lst.bad2 - #-: set aside by the program because it could not be "
+          "read"));
+}
+
+TEST(CheckLeftOversTest, LooksIntoTheFolderOfTheResultsAsWell) {
+  std::vector<Finding> findings;
+  CheckResultLeftOvers({"2.dat", "2.dat.aB3dE6", "12.dat.bad", "02.dat.aB3dE6", "2.dat.longer-name",
+                        "mine.dat.aB3dE6", "mine.txt"},
+                       findings);
+  EXPECT_THAT(test::Lines(findings),
+              ElementsAre("note WebSearch/2.dat.aB3dE6 - #-: left behind by a program that ended "
+                          "while it wrote; nothing reads it",
+                          "note WebSearch/12.dat.bad - #-: set aside by the program because it "
+                          "could not be read"));
 }
 
 }  // namespace
