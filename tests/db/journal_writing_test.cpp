@@ -1,0 +1,203 @@
+// The journal as a unit of work writes and empties it.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include "db/error_codes.h"
+#include "db/unit_of_work.h"
+#include "tests/db/journal_fixture.h"
+#include "tests/support/faulty_calls.h"
+
+namespace brovanta {
+namespace {
+
+using platform::SystemCallsInUse;
+using test::Bytes;
+using test::Fault;
+using test::FaultyCalls;
+using test::Hex;
+using test::kJournal;
+using test::TempFolder;
+
+class JournalWritingTest : public test::JournalFixture {};
+
+TEST_F(JournalWritingTest, OneWriterHoldsIt) {
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  Journal other;
+  EXPECT_EQ(other.Hold(Path()), ERR_OPEN);
+  journal.Release();
+  EXPECT_EQ(other.Hold(Path()), 0);
+}
+
+/// Counts the syncs; those behind a truncation can fail.
+class CountedSyncs : public platform::SystemCalls {
+ public:
+  int Truncate(int descriptor, off_t size) override {
+    truncated = true;
+    return SystemCalls::Truncate(descriptor, size);
+  }
+  int Sync(int /*descriptor*/) override {
+    ++count;
+    if (!fails || !truncated) return 0;
+    fails = false;
+    errno = EIO;
+    return -1;
+  }
+  int count = 0;
+  bool fails = false;
+  bool truncated = false;
+};
+
+TEST_F(JournalWritingTest, ThatItIsEmptyReachesTheDeviceOnceForEachProgram) {
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  CountedSyncs calls;
+  const SystemCallsInUse in_use(calls);
+  for (int time = 0; time < 3; ++time) {
+    Journal journal;
+    ASSERT_EQ(journal.Hold(Path()), 0);
+    EXPECT_EQ(calls.count, 2) << "the journal and its folder, the first time only";
+  }
+}
+
+TEST_F(JournalWritingTest, OneThatMayBeFullOnTheDeviceIsNotHeld) {
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  CountedSyncs calls;
+  calls.fails = calls.truncated = true;
+  const SystemCallsInUse in_use(calls);
+  Journal journal;
+  EXPECT_EQ(journal.Hold(Path()), ERR_OPEN);
+  EXPECT_EQ(journal.Hold(Path()), 0);
+}
+
+TEST_F(JournalWritingTest, AfterARollBackThatMayNotHaveReachedTheDeviceItIsSyncedAgain) {
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  CountedSyncs calls;
+  const SystemCallsInUse in_use(calls);
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  journal.Release();
+  WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
+  calls.fails = true;
+  EXPECT_EQ(RollBackJournal(Path()), ERR_IO);
+  ExpectEmptyJournal();
+  calls.count = 0;
+  EXPECT_EQ(journal.Hold(Path()), 0);
+  EXPECT_EQ(calls.count, 2);
+}
+
+TEST_F(JournalWritingTest, ThatIsTrueOfEveryNameOfTheFolder) {
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  CountedSyncs calls;
+  const SystemCallsInUse in_use(calls);
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  journal.Release();
+  WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
+  calls.fails = true;
+  EXPECT_EQ(RollBackJournal(folder_.path() + "/./backup.dat"), ERR_IO);
+  calls.count = 0;
+  EXPECT_EQ(journal.Hold(Path()), 0);
+  EXPECT_EQ(calls.count, 2);
+}
+
+TEST_F(JournalWritingTest, AUnitPutBackKeepsItsRecordsWhenEmptyingThemFails) {
+  folder_.WriteText("a.lst", "old");
+  folder_.WriteText("b.lst", "old");
+  class SecondRenameFails : public CountedSyncs {
+   public:
+    int Rename(const char* from, const char* to) override {
+      if (++renames_ != 2) return SystemCalls::Rename(from, to);
+      errno = EIO;
+      return -1;
+    }
+
+   private:
+    int renames_ = 0;
+  };
+  SecondRenameFails calls;
+  calls.fails = true;
+  {
+    const SystemCallsInUse in_use(calls);
+    UnitOfWork work(Path());
+    work.Replace(Path("a.lst"), Hex("41"));
+    work.Replace(Path("b.lst"), Hex("41"));
+    EXPECT_EQ(work.Commit(), ERR_OPEN);
+  }
+  EXPECT_FALSE(calls.fails) << "it has struck";
+  EXPECT_TRUE(MayHoldRecords(Path()));
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("a.lst"), "old");
+}
+
+TEST_F(JournalWritingTest, WhatIsToBeRolledBackIsNotOverwritten) {
+  WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
+  const auto before = folder_.Read(kJournal);
+  Journal journal;
+  EXPECT_EQ(journal.Hold(Path()), ERR_OPEN);
+  EXPECT_EQ(folder_.Read(kJournal), before);
+}
+
+TEST_F(JournalWritingTest, RecordsStandInItUntilItIsEmptied) {
+  const std::vector<UndoRecord> records = {{UndoKind::kMade, "a.dat", 0, 0, {}}};
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  ASSERT_EQ(journal.Write(records), 0);
+  EXPECT_TRUE(journal.is_active());
+  EXPECT_EQ(folder_.Read(kJournal), EncodeJournal(records));
+  ASSERT_EQ(journal.Empty(), 0);
+  EXPECT_FALSE(journal.is_active());
+  ExpectEmptyJournal();
+}
+
+// What is only cut off may stand there again after a power loss.
+TEST_F(JournalWritingTest, ZerosStandInTheJournalWhenItIsCut) {
+  class Watch : public platform::SystemCalls {
+   public:
+    explicit Watch(const TempFolder& folder) : folder_(folder) {}
+    int Truncate(int descriptor, off_t size) override {
+      cut = folder_.Read(kJournal).value_or(Bytes());
+      return SystemCalls::Truncate(descriptor, size);
+    }
+    int Sync(int descriptor) override {
+      ++syncs;
+      return SystemCalls::Sync(descriptor);
+    }
+    Bytes cut;
+    int syncs = 0;
+
+   private:
+    const TempFolder& folder_;
+  };
+  // Longer than one piece of zeros.
+  const std::vector<UndoRecord> records = {
+      {UndoKind::kReplaced, "a.dat", 100000, 0, Bytes(100000, std::byte{'a'})}};
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  ASSERT_EQ(journal.Write(records), 0);
+  Watch calls(folder_);
+  const SystemCallsInUse in_use(calls);
+  ASSERT_EQ(journal.Empty(), 0);
+  const std::size_t size = EncodeJournal(records).size();
+  EXPECT_EQ(calls.cut, test::Join({EncodeEmptyJournal(), Bytes(size - 8)}));
+  EXPECT_EQ(calls.syncs, 1) << "both wait for the device together";
+  ExpectEmptyJournal();
+}
+
+TEST_F(JournalWritingTest, ARecordThatDoesNotFitOntoTheDiskLeavesItEmpty) {
+  const std::vector<UndoRecord> records = {{UndoKind::kMade, "a.dat", 0, 0, {}}};
+  Journal journal;
+  ASSERT_EQ(journal.Hold(Path()), 0);
+  {
+    // One call asks for the folder, one syncs it, one closes it; then the records are written.
+    FaultyCalls calls(Fault::kNoSpace, 4);
+    const SystemCallsInUse in_use(calls);
+    EXPECT_EQ(journal.Write(records), ERR_IO);
+    EXPECT_TRUE(calls.has_struck());
+  }
+  EXPECT_FALSE(journal.is_active());
+  EXPECT_EQ(folder_.Read(kJournal), Bytes());
+}
+
+}  // namespace
+}  // namespace brovanta
