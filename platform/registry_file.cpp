@@ -169,11 +169,12 @@ bool RegistryFile::HasDamagedValue(std::string_view key_path, std::string_view n
     if (entry.kind == Kind::kKey) {
       is_lost = entry.name.empty();
       inside = is_lost || SameRegistryName(entry.name, key);
-    } else if (inside && entry.kind == Kind::kOther && BeginsWithName(entry.raw, name)) {
-      return true;
-    } else if (is_lost && entry.kind == Kind::kValue && SameRegistryName(entry.name, name)) {
-      return true;
+      continue;
     }
+    const bool is_damaged = entry.kind == Kind::kOther && BeginsWithName(entry.raw, name);
+    const bool has_no_key =
+        is_lost && entry.kind == Kind::kValue && SameRegistryName(entry.name, name);
+    if (inside && (is_damaged || has_no_key)) return true;
   }
   return false;
 }
