@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <cstdio>
+#include <future>
 #include <optional>
 #include <utility>
 
@@ -40,8 +41,11 @@ int main(int argc, char** argv) {
   std::optional<brovanta::ReadyData> data = brovanta::GetDataReady(line);
   if (!data) return brovanta::kExitNoData;
   const brovanta::WarmUp warm_up;
-  brovanta::BeginFirstRows(*data, warm_up.done());
+  // Not while the window system is being connected to, which needs a processor as well.
+  std::promise<void> connected;
+  brovanta::BeginFirstRows(*data, connected.get_future().share());
   const QApplication application(toolkit_argc, argv);
+  connected.set_value();
   warm_up.Wait();
   brovanta::PrepareToolkit(line.language);
   return brovanta::RunProgram(std::move(*data));

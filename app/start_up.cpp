@@ -13,7 +13,6 @@
 #include "app/user_folders.h"
 #include "db/file_names.h"
 #include "db/journal.h"
-#include "ui/base/icons.h"
 #include "ui/base/language.h"
 #include "ui/base/theme.h"
 
@@ -22,7 +21,6 @@ namespace brovanta {
 namespace {
 
 constexpr const char* kRegistryInFolder = "/registry.reg";
-constexpr int kProgramIcon = 128;
 constexpr int kPatience = 5000;
 
 void Complain(const std::string& sentence) {
@@ -71,7 +69,6 @@ void PrepareToolkit(const std::string& language) {
   std::setlocale(LC_NUMERIC, "C");
   QCoreApplication::setApplicationName(QStringLiteral("brovanta"));
   QGuiApplication::setDesktopFileName(QStringLiteral("org.brovanta.Brovanta"));
-  QApplication::setWindowIcon(NumberedIcon(kProgramIcon));
   ApplyTheme(*qApp);
   if (language.empty()) return;
   if (const auto known = LanguageFor(QString::fromStdString(language))) SpeakLanguage(*known);

@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QTimer>
 #include <cstring>
+#include <future>
 #include <memory>
 
 #include "platform/app_options.h"
@@ -55,9 +56,11 @@ int main(int argc, char** argv) {
   }
   const std::string folder = argv[2];
   const WarmUp warm_up;
-  auto first_rows =
-      std::make_unique<FirstRows>(std::make_unique<ShoppingDatabase>(), folder, warm_up.done());
+  std::promise<void> connected;
+  auto first_rows = std::make_unique<FirstRows>(std::make_unique<ShoppingDatabase>(), folder,
+                                                connected.get_future().share());
   QApplication application(argc, argv);
+  connected.set_value();
   warm_up.Wait();
   ApplyTheme(application);
   platform::RegistryStore store(folder + "/registry.reg");

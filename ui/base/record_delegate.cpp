@@ -52,15 +52,12 @@ const RecordDelegate::Look& RecordDelegate::LookFor(const QFont& font) const {
   if (look_.row_height != 0 && look_.of == font) return look_;
   look_.of = font;
   look_.name = ScaledFont(font, kNameTextScale);
-  look_.heading = BoldFont(ScaledFont(font, kSideTextScale));
-  look_.store = ScaledFont(font, kSideTextScale);
-  look_.detail = ScaledFont(font, kDetailTextScale);
-  look_.overdue = BoldFont(look_.detail);
+  look_.bold = BoldFont(font);
   const int lines =
-      QFontMetrics(look_.name).height() + std::max(QFontMetrics(look_.overdue).height(), kMarkSize);
+      QFontMetrics(look_.name).height() + std::max(QFontMetrics(look_.bold).height(), kMarkSize);
   look_.row_height = std::max(theme::kRowHeight, lines + 2 * kRowPadding);
   look_.heading_height =
-      std::max(theme::kHeadingHeight, QFontMetrics(look_.heading).height() + 2 * kHeadingPadding);
+      std::max(theme::kHeadingHeight, QFontMetrics(look_.bold).height() + 2 * kHeadingPadding);
   return look_;
 }
 
@@ -91,7 +88,7 @@ void RecordDelegate::PaintHeading(QPainter& painter, const QStyleOptionViewItem&
   PaintChevron(painter, {rect.left() + kRowIndent / 2.0 + 2, rect.center().y()}, open);
   const QRect room = option.rect.adjusted(kRowIndent, 0, -kRowGap, 0);
   const QString words = row.Words();
-  PaintRowText(painter, Fitting(look.heading, words, room.width()), theme::kNavy, room, words,
+  PaintRowText(painter, Fitting(look.bold, words, room.width()), theme::kNavy, room, words,
                Qt::AlignLeft);
 }
 
@@ -103,13 +100,13 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
 
   const QRect inner = option.rect.adjusted(kRowIndent, kRowPadding, -kRowRightMargin, -kRowPadding);
   const int name_height = QFontMetrics(look.name).height();
-  const int detail_height = std::max(QFontMetrics(look.overdue).height(), kMarkSize);
+  const int detail_height = std::max(QFontMetrics(look.bold).height(), kMarkSize);
   const TreeItemInfo info = row.info();
   const DetailWords words = row.Words();
   RowLines lines = TwoLines(inner, name_height, detail_height);
   if (words.text.isEmpty() && !row.recurring()) lines.upper = inner;  // no second line
   QRect lower = lines.lower;
-  const QRect upper = PaintSideText(painter, look.store, theme::kQuietText, lines.upper,
+  const QRect upper = PaintSideText(painter, look.of, theme::kQuietText, lines.upper,
                                     option.rect.width(), info.storeName);
   PaintRowText(painter, look.name, theme::kText, upper, info.name, Qt::AlignLeft);
 
@@ -119,7 +116,7 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
         &painter, {right - kMarkSize, lower.center().y() - kMarkSize / 2, kMarkSize, kMarkSize});
     lower.setWidth(lower.width() - kMarkSize - kMarkSize / 3 - kRowGap);
   }
-  PaintRowText(painter, words.overdue ? look.overdue : look.detail,
+  PaintRowText(painter, words.overdue ? look.bold : look.of,
                words.overdue ? theme::kWarm : theme::kQuietText, lower, words.text, Qt::AlignLeft);
 }
 

@@ -32,12 +32,9 @@ class RecordDelegate : public QStyledItemDelegate {
  private:
   /// Fonts and heights that follow from the tree's font.
   struct Look {
-    QFont of;  ///< the tree's font, which the others are made of
-    QFont name;
-    QFont heading;
-    QFont store;
-    QFont detail;
-    QFont overdue;
+    QFont of;    ///< the tree's font, which the others are made of: stores and details
+    QFont name;  ///< what a row is about
+    QFont bold;  ///< headings and what is overdue
     int row_height = 0;
     int heading_height = 0;
   };

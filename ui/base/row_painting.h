@@ -15,8 +15,6 @@ inline constexpr int kRowPadding = 5;           ///< above the first line and be
 inline constexpr double kSideTextShare = 0.45;  ///< of the row's width, at most, for a right text
 // Of the text of the screens. What a list is read for is the largest, at arm's length.
 inline constexpr double kNameTextScale = 1.15;
-inline constexpr double kSideTextScale = 0.93;
-inline constexpr double kDetailTextScale = 0.93;
 
 [[nodiscard]] QFont ScaledFont(QFont font, double scale);
 [[nodiscard]] QFont BoldFont(QFont font);

@@ -3,14 +3,16 @@
 #include <fontconfig/fontconfig.h>
 
 #include "util/local_zone.h"
+#include "util/thread_priority.h"
 
 namespace brovanta {
 
 WarmUp::WarmUp()
     : done_(std::async(std::launch::async | std::launch::deferred, [] {
-              FcInit();
-              static_cast<void>(LocalZone::Current());
-            }).share()) {}
+        StepBehindOtherThreads();
+        FcInit();
+        static_cast<void>(LocalZone::Current());
+      })) {}
 
 WarmUp::~WarmUp() { Wait(); }
 

@@ -20,11 +20,8 @@ class WarmUp {
   /// Returns when both are in memory, where the toolkit and LocalZone then find them.
   void Wait() const;
 
-  /// For work that shall have a processor to itself afterwards.
-  [[nodiscard]] std::shared_future<void> done() const { return done_; }
-
  private:
-  std::shared_future<void> done_;
+  std::future<void> done_;
 };
 
 }  // namespace brovanta

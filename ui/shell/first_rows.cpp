@@ -5,6 +5,7 @@
 #include "ui/shell/record_filter.h"
 #include "ui/shell/tree_fillers.h"
 #include "util/calendar_period.h"
+#include "util/thread_priority.h"
 
 namespace brovanta {
 
@@ -15,6 +16,7 @@ FirstRows::FirstRows(std::unique_ptr<ShoppingDatabase> database, std::string dat
       code_(std::async(std::launch::async | std::launch::deferred, [this,
                                                                     folder = std::move(data_folder),
                                                                     begin = std::move(begin)] {
+              StepBehindOtherThreads();
               if (begin.valid()) begin.wait();
               return Read(folder);
             }).share()) {}

@@ -1,5 +1,6 @@
 #include "ui/shell/main_dialog.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShortcut>
@@ -25,6 +26,7 @@ namespace {
 
 constexpr QSize kWindowSize{360, 640};
 constexpr QSize kSmallestWindow{240, 280};
+constexpr int kProgramIcon = 128;
 constexpr int kUpdatePicture = 156;
 constexpr QSize kUpdatePictureSize{20, 20};
 constexpr QSize kThirdPictureSize{32, 32};
@@ -68,8 +70,6 @@ MainDialog::MainDialog(AppOptions& options, std::unique_ptr<FirstRows> first_row
   UpdatePeriod();
   RefreshList(true);
   form_->recordTree->setFocus();
-  // Drawn in every size for the window system, which can wait until the first picture stands.
-  QTimer::singleShot(0, this, [this] { setWindowIcon(NumberedIcon(128)); });
 }
 
 MainDialog::~MainDialog() { DestroyWindow(); }
@@ -245,6 +245,10 @@ void MainDialog::keyPressEvent(QKeyEvent* event) {
 bool MainDialog::event(QEvent* event) {
   if (event->type() == QEvent::LayoutRequest) ArrangeSelectors();
   if (event->type() == QEvent::ThemeChange) FollowDesktop();
+  if (event->type() == QEvent::Paint && QApplication::windowIcon().isNull()) {
+    // Drawn in every size for the window system, which can wait until the first picture stands.
+    QTimer::singleShot(0, this, [] { QApplication::setWindowIcon(NumberedIcon(kProgramIcon)); });
+  }
   return QDialog::event(event);
 }
 

@@ -15,10 +15,8 @@ ResultDelegate::ResultDelegate(ResultList& list) : QStyledItemDelegate(&list), l
 const ResultDelegate::Look& ResultDelegate::LookFor(const QFont& font) const {
   if (look_.row_height != 0 && look_.of == font) return look_;
   look_.of = font;
-  look_.title = BoldFont(font);
-  look_.price = BoldFont(font);
-  look_.site = ScaledFont(font, kDetailTextScale);
-  const int lines = QFontMetrics(look_.title).height() + QFontMetrics(look_.site).height();
+  look_.bold = BoldFont(font);
+  const int lines = QFontMetrics(look_.bold).height() + QFontMetrics(look_.of).height();
   look_.row_height = std::max(theme::kRowHeight, lines + 2 * kRowPadding);
   return look_;
 }
@@ -42,13 +40,13 @@ void ResultDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   const QRect inner =
       whole.rect.adjusted(theme::kMargin, kRowPadding, -kRowRightMargin, -kRowPadding);
   const RowLines lines =
-      TwoLines(inner, QFontMetrics(look.title).height(), QFontMetrics(look.site).height());
-  const QRect rest = PaintSideText(*painter, look.price, theme::kNavy, lines.upper,
+      TwoLines(inner, QFontMetrics(look.bold).height(), QFontMetrics(look.of).height());
+  const QRect rest = PaintSideText(*painter, look.bold, theme::kNavy, lines.upper,
                                    whole.rect.width(), row.subitem(kPriceSubitem).trimmed());
   // A line break or a run of blanks out of a web page has no place in a line.
-  PaintRowText(*painter, look.title, theme::kText, rest, row.subitem(kTitleSubitem).simplified(),
+  PaintRowText(*painter, look.bold, theme::kText, rest, row.subitem(kTitleSubitem).simplified(),
                Qt::AlignLeft);
-  PaintRowText(*painter, look.site, theme::kQuietText, lines.lower,
+  PaintRowText(*painter, look.of, theme::kQuietText, lines.lower,
                row.subitem(kWebSiteSubitem).simplified(), Qt::AlignLeft);
   painter->restore();
 }

@@ -21,10 +21,8 @@ class ResultDelegate : public QStyledItemDelegate {
  private:
   /// Fonts and height that follow from the list's font.
   struct Look {
-    QFont of;
-    QFont title;
-    QFont price;
-    QFont site;
+    QFont of;    ///< the list's font, which the other is made of: the site
+    QFont bold;  ///< title and price
     int row_height = 0;
   };
 

@@ -16,13 +16,6 @@ TEST(WarmUpTest, FontsAreInMemoryAfterTheWait) {
   EXPECT_GT(fonts->nfont, 0);
 }
 
-TEST(WarmUpTest, OthersCanWaitForItToo) {
-  const WarmUp warm_up;
-  const std::shared_future<void> done = warm_up.done();
-  done.wait();
-  EXPECT_NE(FcConfigGetFonts(FcConfigGetCurrent(), FcSetSystem), nullptr);
-}
-
 TEST(WarmUpTest, CanBeWaitedForTwice) {
   WarmUp warm_up;
   warm_up.Wait();

@@ -63,8 +63,17 @@ TEST_F(MainDialogTest, ButtonsStartWithTheirPicturesAndTexts) {
   EXPECT_EQ(Text("updateButton"), "Update");
   EXPECT_EQ(Text("storeFilterButton"), "All Stores");
   EXPECT_EQ(Text("categoryFilterButton"), "All Categories");
-  EXPECT_FALSE(screen().windowIcon().isNull());
   EXPECT_EQ(screen().findChild<QCalendarWidget*>(), nullptr);  // made when it is opened
+}
+
+TEST_F(MainDialogTest, TheProgramsIconFollowsTheFirstPicture) {
+  QApplication::setWindowIcon(QIcon());
+  Open();
+  EXPECT_TRUE(screen().windowIcon().isNull());
+  screen().grab();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(screen().windowIcon().isNull());
+  EXPECT_FALSE(QApplication::windowIcon().isNull());
 }
 
 TEST_F(MainDialogTest, FourTabsHavePicturesOnlyAndNamesForScreenReaders) {
