@@ -35,7 +35,8 @@ bool IsControl(const QWidget* widget) {
 }
 
 QString SizeComplaint(const QWidget* widget) {
-  const QSize need = widget->minimumSizeHint();
+  QSize need = widget->minimumSizeHint();
+  if (widget->minimumWidth() > 0) need.setWidth(widget->minimumWidth());  // was said so
   if (widget->width() < need.width()) {
     return QStringLiteral("%1: %2 wide, needs %3")
         .arg(NameOf(widget))

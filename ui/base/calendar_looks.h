@@ -9,4 +9,7 @@ namespace brovanta {
 /// Sunday, dates that a stamp can hold, weekends like other days, own arrows.
 void DressCalendar(QCalendarWidget& calendar);
 
+/// Gives a calendar of this width letters of a size with which it can name months and days.
+void FitCalendar(QCalendarWidget& calendar, int width);
+
 }  // namespace brovanta

@@ -66,6 +66,7 @@ void CalendarPopup::SetDate(QDate date) {
 void CalendarPopup::Place() {
   setGeometry(screen_.rect());
   const QSize room = size() - QSize(2 * kMargin, 2 * kMargin);
+  if (calendar_ != nullptr) FitCalendar(*calendar_, std::min(room.width(), kFingerSize.width()));
   const QSize taken = frame_->sizeHint().expandedTo(kFingerSize).boundedTo(room);
   const int left = (width() - taken.width()) / 2;
   const int top = std::min(anchor_bottom_ + kGap, height() - kMargin - taken.height());

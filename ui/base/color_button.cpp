@@ -2,8 +2,10 @@
 
 #include <QDesktopServices>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QStyle>
 #include <QUrl>
+#include <algorithm>
 
 #include "ui/base/color_button_accessible.h"
 #include "ui/base/icons.h"
@@ -128,7 +130,14 @@ void ColorButton::DropMenuDown() {
   update();
   // A tap beside the open menu only closes it; on this button it would open it again at once.
   menu_->setAttribute(Qt::WA_NoMouseReplay);
-  menu_->popup(mapToGlobal(QPoint(0, height())));
+  // Above the button where there is no room below it; the toolkit would cut the menu off.
+  const QRect room = screen()->availableGeometry();
+  const int high = menu_->sizeHint().height();
+  QPoint place = mapToGlobal(QPoint(0, height()));
+  if (place.y() + high > room.bottom()) {
+    place.setY(std::max(room.top(), mapToGlobal(QPoint(0, 0)).y() - high));
+  }
+  menu_->popup(place);
 }
 
 void ColorButton::SetPointerOver(bool over) {

@@ -3,6 +3,7 @@
 
 #include "ui/base/color_button.h"
 #include "ui/base/icons.h"
+#include "ui/base/row_painting.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
@@ -10,6 +11,7 @@ namespace brovanta {
 namespace {
 
 constexpr int kPadding = 8;
+constexpr int kPictureMargin = 6;  ///< of a picture alone
 constexpr int kGap = 6;
 constexpr int kMenuMark = 12;
 constexpr int kMenuMarkRoom = kMenuMark + 4;
@@ -57,7 +59,8 @@ QSize ColorButton::sizeHint() const {
   const int height =
       stacked ? picture.height() + label.height() : qMax(picture.height(), label.height());
   if (HasMenuMark()) width += kMenuMarkRoom;
-  return QSize(width + 2 * kPadding, height + kPadding)
+  const int padding = text().isEmpty() ? kPictureMargin : kPadding;
+  return QSize(width + 2 * padding, height + kPadding)
       .expandedTo(QSize(theme::kFingerHeight, theme::kFingerHeight));
 }
 
@@ -130,7 +133,9 @@ void ColorButton::PaintContent(QPainter& painter, const QRect& inner) const {
     picture->icon.paint(&painter, place, Qt::AlignCenter, mode);
   }
   if (text().isEmpty()) return;
-  const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, label.width());
+  const QFont fitting = FittingFont(font(), text(), label.width());
+  painter.setFont(fitting);
+  const QString shown = QFontMetrics(fitting).elidedText(text(), Qt::ElideRight, label.width());
   painter.drawText(label, align, shown);
 }
 

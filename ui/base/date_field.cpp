@@ -5,6 +5,7 @@
 #include <QDateEdit>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QStyleOptionComboBox>
 
 #include "ui/base/calendar_looks.h"
@@ -13,7 +14,8 @@
 
 namespace brovanta {
 namespace {
-constexpr QSize kFingerSize{300, 280};  // dates a finger wide, on the narrowest screen as well
+constexpr QSize kFingerSize{300, 280};  // dates a finger wide where there is room
+constexpr QSize kAroundCalendar{8, 8};
 
 /// Alt+Down and F4 drop the calendar down, as they do with a list; Escape closes it, and the date
 /// stays. The toolkit has no key for the one and takes the other for a choice.
@@ -79,7 +81,9 @@ void SetUpDateField(QDateEdit& field) {
   field.setDisplayFormat(QCoreApplication::translate("DateField", "MM/dd/yyyy"));
   field.setDate(TodayDate());
   DressCalendar(*field.calendarWidget());
-  field.calendarWidget()->setMinimumSize(kFingerSize);
+  const QSize room = field.screen()->size() - kAroundCalendar;
+  field.calendarWidget()->setFixedSize(kFingerSize.boundedTo(room));
+  FitCalendar(*field.calendarWidget(), field.calendarWidget()->width());
   new CalendarKeys(field);  // the field's from now on
 }
 

@@ -1,11 +1,16 @@
 #include "ui/base/message_box.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCoreApplication>
+#include <QDialogButtonBox>
 #include <QEvent>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
 
 #include "ui/base/theme.h"
 
@@ -15,6 +20,16 @@ namespace {
 
 constexpr int kWidestBox = 320;
 constexpr int kAroundText = 60;  ///< margins and gaps on both sides
+
+int LongestWord(const QLabel& label) {
+  int longest = 0;
+  for (const QString& line : label.text().split(QLatin1Char('\n'))) {
+    for (const QString& word : line.split(QLatin1Char(' '))) {
+      longest = std::max(longest, label.fontMetrics().horizontalAdvance(word));
+    }
+  }
+  return longest;
+}
 
 /// Measures itself for a narrow screen. The base class makes a box as wide as half the screen
 /// before it breaks the text, which is wider than the whole program on a desktop and ragged on a
@@ -36,16 +51,40 @@ class NarrowBox : public QMessageBox {
   void Fit() {
     auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     if (label == nullptr || !isVisible()) return;
-    const int icon = iconPixmap().isNull() ? 0 : theme::kMessageIconSize;
-    const int natural = label->fontMetrics().size(0, text()).width();
     PlaceText(label);
     NamePicture();
     label->setWordWrap(true);
-    label->setMinimumWidth(qMin(natural + 1, kWidestBox - kAroundText - icon));
-    layout()->activate();
-    const int width = layout()->totalMinimumSize().width();
-    setFixedSize(width, layout()->totalHeightForWidth(width));
+    const QSize room = screen()->size();
+    // Large print on a small screen: what is asked must be seen whole, with its buttons.
+    QFont font = QApplication::font();
+    int pixels = QFontInfo(font).pixelSize();
+    QSize size = Measure(label, room);
+    while ((size.height() > room.height() || LongestWord(*label) > label->minimumWidth()) &&
+           pixels > theme::kLeastTextPixels) {
+      pixels = std::max(theme::kLeastTextPixels, pixels - 2);
+      font.setPixelSize(pixels);
+      for (QWidget* part : findChildren<QWidget*>()) part->setFont(font);
+      size = Measure(label, room);
+    }
+    setFixedSize(size);
     QCoreApplication::removePostedEvents(this, QEvent::LayoutRequest);
+  }
+
+  /// Arranges text and buttons for a screen of this size.
+  QSize Measure(QLabel* label, const QSize& room) {
+    const int widest = qMin(kWidestBox, room.width());
+    const int icon = iconPixmap().isNull() ? 0 : theme::kMessageIconSize;
+    const int natural = label->fontMetrics().size(0, text()).width();
+    label->setMinimumWidth(qMin(natural + 1, widest - kAroundText - icon));
+    auto* const buttons = findChild<QDialogButtonBox*>();
+    if (buttons != nullptr) buttons->setOrientation(Qt::Horizontal);
+    layout()->activate();
+    if (buttons != nullptr && layout()->totalMinimumSize().width() > room.width()) {
+      buttons->setOrientation(Qt::Vertical);
+      layout()->activate();
+    }
+    const int width = qMin(layout()->totalMinimumSize().width(), room.width());
+    return {width, layout()->totalHeightForWidth(width)};
   }
 
   void NamePicture() {

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,13 +11,18 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScroller>
+#include <QStyle>
+
+#include "ui/base/theme.h"
 
 namespace brovanta {
 
 namespace {
 constexpr int kSmallScreenSide = 600;
 constexpr QSize kOrdinarySize{360, 640};
-constexpr QSize kLeastSize{200, 200};
+constexpr QSize kLeastSize{200, 120};  // half of the lowest screen, beside its keyboard
+constexpr int kLowestArea = 32;        // what is in it scrolls
+constexpr int kLeastLetters = 5;       // of a list; forms give it what its texts need
 }  // namespace
 
 bool IsSmallScreen(const QScreen* screen) {
@@ -60,7 +66,7 @@ void NameTypedParts(QWidget& form) {
 ModalDialog::ModalDialog(QWidget* parent, int cancel_result)
     : QDialog(parent), cancel_result_(cancel_result) {
   setModal(true);
-  connect(qApp, &QApplication::focusChanged, this, &ModalDialog::KeepFocusVisible);
+  connect(qApp, &QApplication::focusChanged, this, [this] { ShowFocus(*this); });
 }
 
 ModalDialog::~ModalDialog() {
@@ -83,7 +89,18 @@ void ModalDialog::Prepare() {
   NameTypedParts(*this);
   for (QScrollArea* area : findChildren<QScrollArea*>()) {
     area->setFocusPolicy(Qt::NoFocus);
+    if (area->minimumHeight() == 0) area->setMinimumHeight(kLowestArea);
     QScroller::grabGesture(area->viewport(), QScroller::TouchGesture);
+  }
+  for (QComboBox* list : findChildren<QComboBox*>()) {
+    if (list->isEditable()) continue;
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(kLeastLetters);
+  }
+  for (QGridLayout* grid : findChildren<QGridLayout*>()) {
+    const bool form = grid->objectName() == QLatin1String("contentLayout") ||
+                      grid->objectName() == QLatin1String("fieldLayout");
+    if (form) forms_.emplace_back(*grid);
   }
   if (minimumSize().isEmpty()) setMinimumSize(kLeastSize);
   if (IsSmallScreen(screen())) {
@@ -99,16 +116,16 @@ void ModalDialog::keyPressEvent(QKeyEvent* event) {
 
 void ModalDialog::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  KeepFocusVisible();  // the on-screen keyboard takes the lower half away
+  FitWidth();
+  // The on-screen keyboard takes the lower half away. Queued: the areas get their new size later.
+  QMetaObject::invokeMethod(
+      this, [this] { ShowFocus(*this); }, Qt::QueuedConnection);
 }
 
-void ModalDialog::KeepFocusVisible() {
-  QWidget* focus = focusWidget();
-  if (focus == nullptr || !isVisible()) return;
-  for (QWidget* parent = focus->parentWidget(); parent != nullptr && parent != this;
-       parent = parent->parentWidget()) {
-    if (auto* area = qobject_cast<QScrollArea*>(parent)) area->ensureWidgetVisible(focus, 0, 8);
-  }
+void ModalDialog::FitWidth() {
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  for (FormColumns& form : forms_) form.Fit(width() - bar);
+  FitButtonLines(*this);
 }
 
 }  // namespace brovanta

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QDialog>
+#include <vector>
+
+#include "ui/base/narrow_form.h"
 
 class QScreen;
 
@@ -36,8 +39,9 @@ class ModalDialog : public QDialog {
 
  private:
   void Prepare();
-  void KeepFocusVisible();
+  void FitWidth();
 
+  std::vector<FormColumns> forms_;
   int cancel_result_;
   bool prepared_ = false;
 };

@@ -8,8 +8,12 @@
 #include "ui/base/date_field.h"
 #include "ui/base/input_panel.h"
 #include "ui/base/period.h"
+#include "ui/base/row_painting.h"
 
 namespace brovanta {
+namespace {
+constexpr int kLeastWidth = 120;  // of the date
+}  // namespace
 
 OptionalDateEdit::OptionalDateEdit(QWidget* parent)
     : QWidget(parent), check_box_(new QCheckBox(this)), date_edit_(new QDateEdit(this)) {
@@ -17,6 +21,7 @@ OptionalDateEdit::OptionalDateEdit(QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(check_box_);
   layout->addWidget(date_edit_, 1);
+  date_edit_->setMinimumWidth(kLeastWidth);
   check_box_->setObjectName(QStringLiteral("hasDateBox"));
   date_edit_->setObjectName(QStringLiteral("dateEdit"));
   SetUpDateField(*date_edit_);
@@ -41,6 +46,15 @@ void OptionalDateEdit::SetName(const QString& name, const QString& check_name) {
   check_box_->setAccessibleName(check_name);
   check_box_->setToolTip(check_name);
   date_edit_->setAccessibleName(name);
+}
+
+// Large print gets smaller where the whole date would not be seen.
+void OptionalDateEdit::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  constexpr int kAround = 48;  // arrow and margins of the date, gap before it
+  const int room = width() - check_box_->sizeHint().width() - kAround;
+  const QFont fitting = FittingFont(font(), QStringLiteral("00/00/0000"), room);
+  if (date_edit_->font() != fitting) date_edit_->setFont(fitting);
 }
 
 // Presses on the greyed picker arrive here.

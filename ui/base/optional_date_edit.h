@@ -34,6 +34,7 @@ class OptionalDateEdit : public QWidget {
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void OnToggled(bool dated);

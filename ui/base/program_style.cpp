@@ -1,8 +1,11 @@
 // Measures and hints; the painting is in program_style_painting.cpp.
 #include "ui/base/program_style.h"
 
+#include <QAction>
+#include <QScreen>
 #include <QStyleOption>
 #include <QWidget>
+#include <algorithm>
 
 #include "ui/base/icons.h"
 #include "ui/base/theme.h"
@@ -26,6 +29,19 @@ bool IsDropDownList(const QWidget* widget) {
 /// Whether the widget is a field for several lines of text.
 bool IsTextArea(const QWidget* widget) {
   return widget != nullptr && widget->inherits("QPlainTextEdit");
+}
+
+/// What the screen leaves for the entries of a menu.
+int RoomForMenu(const QWidget* widget) {
+  const QScreen* const screen = widget == nullptr ? nullptr : widget->screen();
+  if (screen == nullptr) return QWIDGETSIZE_MAX;
+  constexpr int kFrames = 4;
+  int keys = 0;  // in a column of their own, which the toolkit adds
+  for (const QAction* action : widget->actions()) {
+    const QString key = action->shortcut().toString(QKeySequence::NativeText);
+    keys = std::max(keys, widget->fontMetrics().horizontalAdvance(key));
+  }
+  return screen->size().width() - kFrames - keys;
 }
 
 QRect SliderRect(const QStyleOptionSlider& bar) {
@@ -168,7 +184,8 @@ QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     case CT_MenuItem: {
       const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
       if (item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator) return result;
-      return result.expandedTo({0, theme::kFingerHeight});
+      return result.boundedTo({RoomForMenu(widget), result.height()})
+          .expandedTo({0, theme::kFingerHeight});
     }
     case CT_ItemViewItem:
       return IsDropDownList(widget) ? result.expandedTo({0, theme::kFingerHeight}) : result;

@@ -8,6 +8,7 @@
 
 #include "ui/base/icons.h"
 #include "ui/base/program_style.h"
+#include "ui/base/row_painting.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
@@ -129,6 +130,18 @@ void PaintTab(QPainter& painter, const QStyleOption& option) {
   PaintBox(painter, rect.adjusted(2, 2, -2, -kUnderline - 1), Qt::transparent, true, theme::kNavy);
 }
 
+/// The text of a menu's entry, without its key where both are wider than the screen,
+/// and cut where a name alone is.
+QString FittingEntry(const QStyleOptionMenuItem& item) {
+  constexpr int kAround = 44;  ///< the column with the check marks, margins
+  const QStringList parts = item.text.split(QLatin1Char('\t'));
+  const QFontMetrics metrics(item.font);
+  const int room = item.rect.width() - kAround;
+  const int text = metrics.horizontalAdvance(parts[0]);
+  if (text + item.reservedShortcutWidth + kAround / 4 <= room) return item.text;
+  return metrics.elidedText(parts[0], Qt::ElideRight, room, Qt::TextShowMnemonic);
+}
+
 }  // namespace
 
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -173,7 +186,10 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
       QStyleOptionButton copy = *button;
       const QColor ink = IsDefault(copy) ? theme::kGround : theme::kNavy;
       if (IsEnabled(copy)) copy.palette.setColor(QPalette::ButtonText, ink);
+      painter->save();
+      painter->setFont(FittingFont(painter->font(), copy.text, copy.rect.width()));
       QProxyStyle::drawControl(element, &copy, painter, widget);
+      painter->restore();
       return;
     }
     case CE_ComboBoxLabel: {
@@ -182,6 +198,18 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
       if (combo == nullptr) return;
       QStyleOptionComboBox copy = *combo;
       copy.palette.setColor(QPalette::ButtonText, copy.palette.color(QPalette::Text));
+      painter->save();
+      const QRect room = subControlRect(CC_ComboBox, &copy, SC_ComboBoxEditField, widget);
+      painter->setFont(FittingFont(painter->font(), copy.currentText, room.width()));
+      QProxyStyle::drawControl(element, &copy, painter, widget);
+      painter->restore();
+      return;
+    }
+    case CE_MenuItem: {
+      const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+      if (item == nullptr) return;
+      QStyleOptionMenuItem copy = *item;
+      copy.text = FittingEntry(*item);
       QProxyStyle::drawControl(element, &copy, painter, widget);
       return;
     }

@@ -1,5 +1,6 @@
 #include "ui/base/row_painting.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
 #include <algorithm>
@@ -18,6 +19,15 @@ QFont ScaledFont(QFont font, double scale) {
     font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * scale)));
   }
   return font;
+}
+
+QFont FittingFont(const QFont& font, const QString& text, int room) {
+  const int wanted = QFontMetrics(font).horizontalAdvance(text) + 1;
+  const int pixels = QFontInfo(font).pixelSize();
+  if (wanted <= room || pixels <= theme::kLeastTextPixels) return font;
+  QFont smaller = font;
+  smaller.setPixelSize(std::max(theme::kLeastTextPixels, pixels * room / wanted));
+  return smaller;
 }
 
 QFont BoldFont(QFont font) {

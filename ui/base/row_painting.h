@@ -19,6 +19,9 @@ inline constexpr double kNameTextScale = 1.15;
 [[nodiscard]] QFont ScaledFont(QFont font, double scale);
 [[nodiscard]] QFont BoldFont(QFont font);
 
+/// The font, smaller where large print would cut a text that must be read whole, but never small.
+[[nodiscard]] QFont FittingFont(const QFont& font, const QString& text, int room);
+
 /// The ground of a row, which shows whether the row is selected.
 void PaintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QColor& ground);
 

@@ -39,7 +39,7 @@ inline constexpr ThemeColor kSelection{0xffe2e6fd, 0xff2c3262};
 inline constexpr ThemeColor kWarm{0xffac4600, 0xffffb070};  ///< the one warm accent: overdue
 inline constexpr ThemeColor kVeil{0x48000040, 0x90000000};  ///< over a screen that must wait
 inline constexpr int kRowHeight = 48;
-inline constexpr int kHeadingHeight = 28;
+inline constexpr int kHeadingHeight = 40;
 inline constexpr int kFingerHeight = 40;  ///< least height of what is tapped
 inline constexpr int kMargin = 12;        ///< a form's distance from the screen's edge
 inline constexpr int kRadius = 6;         ///< corners of fields and buttons

@@ -4,10 +4,12 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QToolButton>
+#include <algorithm>
 #include <array>
 
 #include "ui/base/color_button.h"
 #include "ui/base/icons.h"
+#include "ui/base/row_layout.h"
 #include "ui/base/theme.h"
 #include "ui/base/tool_tip.h"
 
@@ -54,10 +56,10 @@ CommandBar::CommandBar(QWidget* parent)
       tools_button_(new ColorButton(this)),
       menu_(new QMenu(this)) {
   setObjectName(QStringLiteral("commandBar"));
-  auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(3, 3, 3, 3);
-  layout->setSpacing(0);
-  layout->addWidget(tools_button_);
+  lines_ = new QBoxLayout(QBoxLayout::LeftToRight, this);
+  lines_->setContentsMargins(3, 3, 3, 3);
+  lines_->setSpacing(0);
+  lines_->addWidget(tools_button_);
   BuildMenu();
   BuildToolBar();
 }
@@ -97,7 +99,8 @@ void CommandBar::BuildMenu() {
 }
 
 void CommandBar::BuildToolBar() {
-  auto* layout = static_cast<QHBoxLayout*>(QWidget::layout());
+  auto* layout = new QHBoxLayout;
+  layout->setSpacing(0);
   for (const ToolEntry& entry : kToolEntries) {
     const QString name = tr(entry.name);
     QAction* action = MakeAction(entry.command, name);
@@ -113,6 +116,21 @@ void CommandBar::BuildToolBar() {
     layout->addWidget(button);
     buttons_.insert(entry.command, button);
   }
+  lines_->addLayout(layout, 1);
+}
+
+QSize CommandBar::minimumSizeHint() const {
+  int widest = 0;
+  for (int i = 0; i < lines_->count(); ++i) {
+    widest = std::max(widest, lines_->itemAt(i)->minimumSize().width());
+  }
+  const QMargins margins = lines_->contentsMargins();
+  return {widest + margins.left() + margins.right(), LinedFrame::minimumSizeHint().height()};
+}
+
+void CommandBar::resizeEvent(QResizeEvent* event) {
+  LinedFrame::resizeEvent(event);
+  SetInARow(*lines_, WidthInARow(*lines_) <= width());
 }
 
 void CommandBar::Enable(int command, bool enabled) {

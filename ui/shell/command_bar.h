@@ -6,6 +6,7 @@
 
 #include "ui/base/lined_frame.h"
 
+class QBoxLayout;
 class QMenu;
 class QToolButton;
 
@@ -44,8 +45,14 @@ class CommandBar : public LinedFrame {
   /// Marks the find button while a find text narrows the list; empty = none.
   void ShowFindText(const QString& text);
 
+  /// As wide as the wider of its two lines.
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
  Q_SIGNALS:
   void CommandChosen(int command);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void BuildMenu();
@@ -53,6 +60,7 @@ class CommandBar : public LinedFrame {
   QAction* MakeAction(int command, const QString& text);
   [[nodiscard]] QString TipFor(const QString& name, int menu_command) const;
 
+  QBoxLayout* lines_ = nullptr;  // one below the other where both do not fit
   ColorButton* tools_button_;
   QMenu* menu_;
   QHash<int, QAction*> actions_;

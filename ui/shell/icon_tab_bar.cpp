@@ -1,5 +1,6 @@
 #include "ui/shell/icon_tab_bar.h"
 
+#include <QMouseEvent>
 #include <QStyleOptionTab>
 #include <QStylePainter>
 
@@ -15,6 +16,20 @@ IconTabBar::IconTabBar(QWidget* parent) : QTabBar(parent) {
   setUsesScrollButtons(false);
   const QSize inner = kTabSize.shrunkBy(kInnerMargin);
   setIconSize({inner.height(), inner.height()});
+}
+
+void IconTabBar::TakeTapsOf(QWidget& strip) { strip.installEventFilter(this); }
+
+bool IconTabBar::eventFilter(QObject* watched, QEvent* event) {
+  const bool press = event->type() == QEvent::MouseButtonPress && watched->isWidgetType();
+  if (!press || static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
+    return QTabBar::eventFilter(watched, event);
+  }
+  const QPoint point = static_cast<QMouseEvent*>(event)->position().toPoint();
+  const int x = mapFrom(static_cast<QWidget*>(watched), point).x();
+  const int index = tabAt({x, rect().center().y()});
+  if (index >= 0) setCurrentIndex(index);
+  return index >= 0;
 }
 
 QSize IconTabBar::tabSizeHint(int) const { return kTabSize; }

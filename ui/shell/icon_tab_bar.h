@@ -12,7 +12,11 @@ class IconTabBar : public QTabBar {
  public:
   explicit IconTabBar(QWidget* parent = nullptr);
 
+  /// A tap into the strip above or below a tab counts as one on the tab: fingers are higher.
+  void TakeTapsOf(QWidget& strip);
+
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   [[nodiscard]] QSize tabSizeHint(int index) const override;
   [[nodiscard]] QSize minimumTabSizeHint(int index) const override;
   void paintEvent(QPaintEvent* event) override;

@@ -10,6 +10,7 @@
 #include "ui/base/icons.h"
 #include "ui/base/message_box.h"
 #include "ui/base/modal_dialog.h"
+#include "ui/base/narrow_form.h"
 #include "ui/base/period_selector.h"
 #include "ui/base/row_layout.h"
 #include "ui/base/theme.h"
@@ -27,6 +28,7 @@ namespace {
 constexpr QSize kWindowSize{360, 640};
 constexpr QSize kSmallestWindow{240, 280};
 constexpr int kProgramIcon = 128;
+constexpr int kLowestList = 96;  // two rows
 constexpr int kUpdatePicture = 156;
 constexpr QSize kUpdatePictureSize{20, 20};
 constexpr QSize kThirdPictureSize{32, 32};
@@ -69,10 +71,14 @@ MainDialog::MainDialog(AppOptions& options, std::unique_ptr<FirstRows> first_row
   AddShortcuts();
   UpdatePeriod();
   RefreshList(true);
+  ScrollWhole(*this);
   form_->recordTree->setFocus();
 }
 
-MainDialog::~MainDialog() { DestroyWindow(); }
+MainDialog::~MainDialog() {
+  disconnect(qApp, nullptr, this, nullptr);  // the focus still moves while the parts go
+  DestroyWindow();
+}
 
 void MainDialog::SetUpWindow() {
   form_->headingFrame->SetLines(LinedFrame::Lines::kAround);
@@ -80,8 +86,9 @@ void MainDialog::SetUpWindow() {
   setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                  Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint |
                  Qt::WindowCloseButtonHint);
-  // The line that controls share on a wide screen must not keep the window from getting narrow.
-  layout()->setSizeConstraint(QLayout::SetNoConstraint);
+  form_->tabBar->TakeTapsOf(*form_->tabStrip);
+  form_->recordTree->setMinimumHeight(kLowestList);
+  connect(qApp, &QApplication::focusChanged, this, [this] { ShowFocus(*this); });
   setMinimumSize(kSmallestWindow);
   resize(kWindowSize);
   if (IsSmallScreen(screen())) setWindowState(Qt::WindowFullScreen);

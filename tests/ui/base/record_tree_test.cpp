@@ -67,7 +67,7 @@ TEST_F(RecordTreeTest, AllHeadingsAreOpenAndNothingIsSelected) {
 TEST_F(RecordTreeTest, RowsAreFingerHighAndHeadingsBands) {
   EXPECT_GE(tree_.visualRect(Record(0, 0)).height(), 40);
   EXPECT_EQ(tree_.visualRect(Record(0, 0)).height(), 48);
-  EXPECT_EQ(tree_.visualRect(Heading(0)).height(), 28);
+  EXPECT_EQ(tree_.visualRect(Heading(0)).height(), 40);
   EXPECT_EQ(tree_.visualRect(Record(0, 0)).width(), tree_.viewport()->width());
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QTest>
 
 #include "ui/base/icons.h"
 #include "ui/base/theme.h"
@@ -59,6 +60,22 @@ TEST_F(IconTabBarTest, SelectedTabIsWhiteWithANavyUnderline) {
   const QImage other = tabs_.grab(tabs_.tabRect(1)).toImage();
   EXPECT_EQ(other.pixelColor(10, 14), theme::kBar);
   EXPECT_EQ(other.pixelColor(28, 27), theme::kBar);
+}
+
+TEST(IconTabBarStripTest, ATapAboveATabIsOneOnIt) {
+  QWidget strip;
+  strip.resize(300, 40);
+  IconTabBar tabs(&strip);
+  for (int i = 0; i < 4; ++i) tabs.addTab(TabIcon(i), QString());
+  tabs.setGeometry(8, 11, 224, 28);
+  tabs.TakeTapsOf(strip);
+  strip.show();
+  QTest::mouseClick(&strip, Qt::LeftButton, {}, QPoint(8 + 2 * 56 + 20, 3));
+  EXPECT_EQ(tabs.currentIndex(), 2);
+  QTest::mouseClick(&strip, Qt::LeftButton, {}, QPoint(280, 3));
+  EXPECT_EQ(tabs.currentIndex(), 2) << "beside the tabs";
+  QTest::mouseClick(&strip, Qt::RightButton, {}, QPoint(20, 3));
+  EXPECT_EQ(tabs.currentIndex(), 2);
 }
 
 }  // namespace

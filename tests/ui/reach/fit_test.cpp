@@ -1,0 +1,130 @@
+// Every screen where there is little room: on small screens, at every scale, in large print.
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QTest>
+#include <QVBoxLayout>
+#include <tuple>
+
+#include "tests/support/form_check.h"
+#include "tests/support/small_screen.h"
+#include "tests/ui/reach/fit_check.h"
+#include "tests/ui/reach/large_print.h"
+#include "tests/ui/reach/screens.h"
+#include "ui/base/color_button.h"
+
+namespace brovanta::test {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::vector<std::string> Lines(const QStringList& texts) {
+  std::vector<std::string> lines;
+  for (const QString& text : texts) lines.push_back(text.toStdString());
+  return lines;
+}
+
+void ExpectAllFits(const char* print) {
+  Screens screens;
+  screens.ForEach([print](const OpenScreen& open) {
+    EXPECT_THAT(Lines(FitComplaints(*open.screen)), IsEmpty()) << open.name << ", " << print;
+    const QSize whole = QApplication::primaryScreen()->size();
+    EXPECT_EQ(open.screen->window()->size().boundedTo(whole), open.screen->window()->size())
+        << open.name << ", " << print << ": " << open.screen->window()->width() << " x "
+        << open.screen->window()->height();
+    SavePicture(open.screen, QString::fromStdString(open.name + ", " + print));
+  });
+}
+
+/// The whole program runs on a screen of this size: a process of its own for each.
+class FitTest : public testing::TestWithParam<std::tuple<QSize, int>> {};
+
+TEST_P(FitTest, NothingIsCutOrOutOfReach) {
+  if (!OnSmallScreen()) {
+    const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
+    const std::string name = std::string(test->test_suite_name()) + "." + test->name();
+    EXPECT_EQ(RunOnSmallScreen(name.c_str(), std::get<0>(GetParam()), std::get<1>(GetParam())), 0);
+    return;
+  }
+  ASSERT_EQ(QApplication::primaryScreen()->geometry().size(), std::get<0>(GetParam()));
+  ASSERT_EQ(qApp->devicePixelRatio(), std::get<1>(GetParam()) / 100.0);
+  ExpectAllFits("usual print");
+  const LargePrint large;
+  ExpectAllFits("large print");
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, FitTest,
+                         testing::Combine(testing::Values(QSize(360, 640), QSize(640, 360),
+                                                          QSize(320, 480), QSize(240, 320)),
+                                          testing::Values(100, 150, 200, 300)),
+                         [](const testing::TestParamInfo<FitTest::ParamType>& tested) {
+                           const QSize size = std::get<0>(tested.param);
+                           return std::to_string(size.width()) + "x" +
+                                  std::to_string(size.height()) + "at" +
+                                  std::to_string(std::get<1>(tested.param));
+                         });
+
+/// A small form that fits until somebody spoils it.
+class SpoiledFitTest : public testing::Test {
+ protected:
+  SpoiledFitTest() {
+    auto* layout = new QVBoxLayout(&form_);
+    layout->addWidget(label_);
+    layout->addWidget(button_);
+    label_->setObjectName(QStringLiteral("label"));
+    button_->setObjectName(QStringLiteral("button"));
+    button_->setText(QStringLiteral("All Stores"));
+    form_.show();
+  }
+
+  std::vector<std::string> Complaints() { return Lines(FitComplaints(form_)); }
+
+  QDialog form_;
+  QLabel* label_ = new QLabel(QStringLiteral("Stores"));
+  ColorButton* button_ = new ColorButton;
+};
+
+TEST_F(SpoiledFitTest, FitsBeforeThat) { EXPECT_THAT(Complaints(), IsEmpty()); }
+
+TEST_F(SpoiledFitTest, ACutTextIsSeen) {
+  label_->setFixedWidth(10);
+  EXPECT_THAT(Complaints(), Contains(HasSubstr("label: \"Stores\" needs")));
+}
+
+TEST_F(SpoiledFitTest, AButtonThatCutsItsTextIsSeen) {
+  button_->setFixedWidth(60);
+  EXPECT_THAT(Complaints(), Contains(HasSubstr("button: \"All Stores\" needs")));
+}
+
+TEST_F(SpoiledFitTest, SomethingLowerThanAFingerIsSeen) {
+  button_->setFixedHeight(30);
+  EXPECT_THAT(Complaints(), Contains("button: lower than a finger: 30"));
+}
+
+TEST_F(SpoiledFitTest, AControlOutsideIsSeen) {
+  form_.layout()->removeWidget(button_);
+  button_->move(form_.width() - 20, 0);
+  EXPECT_THAT(Complaints(), Contains(HasSubstr("button: outside")));
+}
+
+TEST_F(SpoiledFitTest, WhatCanBeScrolledToIsNotOutside) {
+  auto* area = new QScrollArea;
+  area->setWidgetResizable(true);
+  auto* content = new QWidget;
+  auto* fields = new QVBoxLayout(content);
+  for (int i = 0; i < 20; ++i) fields->addWidget(new QPushButton(QStringLiteral("OK")));
+  area->setWidget(content);
+  form_.layout()->addWidget(area);
+  form_.resize(300, 300);
+  EXPECT_THAT(Complaints(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace brovanta::test
