@@ -80,7 +80,7 @@ std::string Clipped(QWidget* form) {
     }
   }
   for (const QScrollArea* area : form->findChildren<QScrollArea*>()) {
-    if (area->isVisibleTo(form) && area->widget()->minimumSizeHint().width() > area->width()) {
+    if (area->isVisibleTo(form) && area->widget()->width() > area->viewport()->width()) {
       complaints.append(NameOf(area) + QStringLiteral(": scrolls sideways"));
     }
   }

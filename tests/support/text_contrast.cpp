@@ -1,91 +1,19 @@
 #include "tests/support/text_contrast.h"
 
 #include <QAction>
-#include <QFontInfo>
 #include <QHash>
 #include <QImage>
 #include <QMenu>
-#include <QPaintDevice>
-#include <QPaintEngine>
-#include <QPainter>
 #include <QWidget>
 #include <cmath>
+
+#include "tests/support/painted_texts.h"
 
 namespace brovanta::test {
 namespace {
 
 constexpr int kScale = 2;                 // strokes are then wide enough to show their colour
 constexpr double kRareShare = 1.0 / 200;  // of the pixels: what is rarer is an edge's mixture
-
-/// Notes where texts are painted, and paints nothing.
-class TextEngine : public QPaintEngine {
- public:
-  TextEngine() : QPaintEngine(AllFeatures) {}
-
-  bool begin(QPaintDevice* /*device*/) override { return true; }
-  bool end() override { return true; }
-  void updateState(const QPaintEngineState& now) override {
-    // The painter's own does not tell where a widget lies in its screen.
-    if (now.state().testFlag(DirtyTransform)) transform_ = now.transform();
-  }
-  void drawPixmap(const QRectF& /*to*/, const QPixmap& /*pixmap*/,
-                  const QRectF& /*from*/) override {}
-  void drawPath(const QPainterPath& /*path*/) override {}
-  void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
-  [[nodiscard]] Type type() const override { return User; }
-
-  void drawTextItem(const QPointF& position, const QTextItem& item) override {
-    if (item.text().trimmed().isEmpty()) return;
-    const QRectF rect(position.x(), position.y() - item.ascent(), item.width(),
-                      item.ascent() + item.descent());
-    QRectF shown = transform_.mapRect(rect);
-    if (painter()->hasClipping()) {
-      shown &= transform_.mapRect(painter()->clipBoundingRect());
-    }
-    texts.append({item.text(), shown.toAlignedRect(), QFontInfo(item.font()).pixelSize(), {}, {}});
-  }
-
-  QList<ShownText> texts;
-
- private:
-  QTransform transform_;
-};
-
-class TextDevice : public QPaintDevice {
- public:
-  explicit TextDevice(QSize size) : size_(size) {}
-
-  [[nodiscard]] QPaintEngine* paintEngine() const override { return &engine_; }
-  [[nodiscard]] const QList<ShownText>& texts() const { return engine_.texts; }
-
- protected:
-  [[nodiscard]] int metric(PaintDeviceMetric metric) const override {
-    constexpr int kDotsPerInch = 96;
-    switch (metric) {
-      case PdmWidth:
-        return size_.width();
-      case PdmHeight:
-        return size_.height();
-      case PdmDpiX:
-      case PdmDpiY:
-      case PdmPhysicalDpiX:
-      case PdmPhysicalDpiY:
-        return kDotsPerInch;
-      case PdmDepth:
-        return 32;
-      case PdmDevicePixelRatio:
-        return 1;
-      case PdmDevicePixelRatioScaled:
-        return static_cast<int>(devicePixelRatioFScale());
-      default:
-        return 0;
-    }
-  }
-
- private:
-  QSize size_;
-  mutable TextEngine engine_;
-};
 
 bool IsDisabled(QWidget& screen, QPoint place) {
   QWidget* const child = screen.childAt(place);
@@ -147,12 +75,11 @@ double Contrast(const QColor& one, const QColor& other) {
 }
 
 QList<ShownText> ShownTexts(QWidget& screen) {
-  TextDevice device(screen.size());
-  screen.render(&device);
   const QImage picture = PictureOf(screen);
   QList<ShownText> texts;
-  for (ShownText text : device.texts()) {
-    text.rect &= screen.rect();
+  for (const PaintedText& painted : PaintedTexts(screen)) {
+    ShownText text{
+        painted.text, painted.shown.toAlignedRect() & screen.rect(), painted.pixel_size, {}, {}};
     if (text.rect.width() < 2 || text.rect.height() < 2) continue;
     if (IsDisabled(screen, text.rect.center())) continue;
     LookAtPixels(picture, text);

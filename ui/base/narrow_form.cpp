@@ -2,38 +2,80 @@
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QFontInfo>
 #include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <algorithm>
 
 #include "ui/base/row_layout.h"
 #include "ui/base/theme.h"
+#include "ui/base/wrapped_label.h"
 
 namespace brovanta {
 namespace {
 
-constexpr int kBelowFocus = 8;
+constexpr int kAroundFocus = 8;
 
 /// What a list takes to show each of its texts.
 int WidestItem(const QComboBox& list) {
   constexpr int kAround = 48;  // arrow and margins
+  constexpr int kLetters = 14;
   int widest = 0;
   for (int i = 0; i < list.count(); ++i) {
     widest = std::max(widest, list.fontMetrics().horizontalAdvance(list.itemText(i)));
   }
+  // Names that people have typed are as long as they like.
+  if (list.isEditable())
+    widest = std::min(widest, kLetters * list.fontMetrics().averageCharWidth());
   return std::max(widest + kAround, list.minimumSizeHint().width());
+}
+
+/// Follows its content in what that asks for at once; the toolkit's leaves out what is asked for
+/// while the window is about to be shown or in the middle of an arrangement.
+class WholeArea : public QScrollArea {
+ public:
+  using QScrollArea::QScrollArea;
+
+ protected:
+  void showEvent(QShowEvent* event) override {
+    QScrollArea::showEvent(event);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+      QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+    }
+    return QScrollArea::eventFilter(watched, event);
+  }
+};
+
+/// What a text takes that is broken between words; a very long one is broken as well.
+int LongestWord(const QLabel& label) {
+  constexpr int kLongest = 160;
+  int longest = 0;
+  for (const QString& word : label.text().split(QLatin1Char(' '))) {
+    longest = std::max(longest, label.fontMetrics().horizontalAdvance(word) + 1);
+  }
+  return std::min(longest, kLongest);
 }
 
 /// What an item takes at least, whether it is shown at the moment or not.
 int LeastWidth(const QLayoutItem& item) {
   if (const QWidget* const widget = item.widget()) {
     const auto* const list = qobject_cast<const QComboBox*>(widget);
-    if (list != nullptr && !list->isEditable()) return WidestItem(*list);
+    if (list != nullptr) return WidestItem(*list);
     const bool date = qobject_cast<const QAbstractSpinBox*>(widget) != nullptr ||
                       widget->findChild<QAbstractSpinBox*>() != nullptr;
     if (date) return widget->sizeHint().width();
+    const auto* const words = qobject_cast<const WrappedLabel*>(widget);
+    if (words != nullptr) return LongestWord(*words);
     return widget->minimumSizeHint().expandedTo(widget->minimumSize()).width();
   }
   const QLayout* const line = const_cast<QLayoutItem&>(item).layout();
@@ -41,6 +83,38 @@ int LeastWidth(const QLayoutItem& item) {
   int widest = 0;
   for (int i = 0; i < line->count(); ++i) widest = std::max(widest, LeastWidth(*line->itemAt(i)));
   return widest;
+}
+
+/// What an item of a line of buttons takes: a button gets along with its text, and with one in
+/// smaller letters in large print.
+int ButtonWidth(QLayoutItem& item) {
+  const auto* const button = qobject_cast<const QPushButton*>(item.widget());
+  if (button == nullptr) return item.sizeHint().width();
+  constexpr int kAround = 12;
+  constexpr int kEasyPixels = 18;
+  const int pixels = QFontInfo(button->font()).pixelSize();
+  const int text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+  return text * std::min(pixels, kEasyPixels) / pixels + kAround;
+}
+
+/// Buttons in a row that is narrower than they would like are no wider than their texts need.
+void KeepButtonsNarrow(QBoxLayout& line, bool narrow) {
+  for (int i = 0; i < line.count(); ++i) {
+    auto* const button = qobject_cast<QPushButton*>(line.itemAt(i)->widget());
+    if (button != nullptr) button->setMinimumWidth(narrow ? ButtonWidth(*line.itemAt(i)) : 0);
+  }
+}
+
+/// The field with the focus in its area, with the label that says what it is where it stands above.
+QRect PlaceOfField(const QWidget& field, const QScrollArea& area) {
+  const QRect place(field.mapTo(area.widget(), QPoint(0, 0)), field.size());
+  for (const QLabel* label : area.widget()->findChildren<QLabel*>()) {
+    if (label->buddy() == nullptr || !label->isVisible()) continue;
+    if (label->buddy() != &field && label->buddy()->focusProxy() != &field) continue;
+    const QRect both = place | QRect(label->mapTo(area.widget(), QPoint(0, 0)), label->size());
+    return both.height() <= area.viewport()->height() ? both : place;
+  }
+  return place;
 }
 
 }  // namespace
@@ -81,6 +155,8 @@ void FormColumns::Fit(int width) {
   above_ = above;
   while (grid_.count() > 0) static_cast<void>(grid_.takeAt(0));  // they stay ours
   for (const Place& place : places_) {
+    auto* const label = qobject_cast<QLabel*>(place.item->widget());
+    if (label != nullptr && place.columns == 1) label->setWordWrap(above);
     if (!above) {
       Put(place, place.row, place.column, place.columns);
     } else {
@@ -92,21 +168,24 @@ void FormColumns::Fit(int width) {
 }
 
 void FitButtonLines(QWidget& window) {
+  const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &window);
   for (QBoxLayout* line : window.findChildren<QBoxLayout*>()) {
     const QString name = line->objectName();
     if (name != QLatin1String("buttonLayout") && name != QLatin1String("couponLayout")) continue;
     const bool own_margins = line->parentWidget()->layout() == line;
-    const int room = window.width() - (own_margins ? 0 : 2 * theme::kMargin);
+    const int room = window.width() - (own_margins ? 0 : 2 * theme::kMargin + bar);
     const int spaces = line->spacing() * std::max(0, line->count() - 1);
     int wanted = spaces;
-    for (int i = 0; i < line->count(); ++i) wanted += line->itemAt(i)->sizeHint().width();
+    for (int i = 0; i < line->count(); ++i) wanted += ButtonWidth(*line->itemAt(i));
     const QMargins margins = own_margins ? line->contentsMargins() : QMargins();
-    SetInARow(*line, wanted + margins.left() + margins.right() <= room);
+    wanted += margins.left() + margins.right();
+    SetInARow(*line, wanted <= room);
+    KeepButtonsNarrow(*line, wanted <= room && WidthInARow(*line) > room);
   }
 }
 
 void ScrollWhole(QWidget& window) {
-  auto* const area = new QScrollArea(&window);
+  auto* const area = new WholeArea(&window);
   auto* const content = new QWidget(&window);
   content->setLayout(window.layout());  // which takes along what it holds
   content->setObjectName(QStringLiteral("wholeContent"));
@@ -129,9 +208,16 @@ void ShowFocus(QWidget& window) {
     auto* const area = qobject_cast<QScrollArea*>(parent);
     if (area == nullptr || area->widget() == nullptr) continue;
     // Not only the part of a field in which the cursor stands.
-    const QRect place(focus->mapTo(area->widget(), QPoint(0, 0)), focus->size());
-    const int around = std::min(place.height() / 2 + kBelowFocus, area->viewport()->height() / 2);
-    area->ensureVisible(place.center().x(), place.center().y(), 0, around);
+    const QRect place = PlaceOfField(*focus, *area);
+    const int high = area->viewport()->height();
+    const int around = std::clamp((high - place.height()) / 2, 0, kAroundFocus);
+    QScrollBar& bar = *area->verticalScrollBar();
+    const int least = place.bottom() + 1 + around - high;
+    if (least <= 0) {
+      bar.setValue(0);  // the form from its beginning, as long as that shows the field
+    } else {
+      bar.setValue(std::clamp(bar.value(), least, std::max(least, place.top() - around)));
+    }
   }
 }
 

@@ -19,6 +19,7 @@ constexpr int kTextAreaFrame = 4;
 constexpr int kArrowRoom = 32;
 constexpr int kScrollBar = 10;
 constexpr int kShortestSlider = 32;
+constexpr int kMarkColumn = 14;    ///< of a menu, which is wider in rows that are a finger high
 constexpr QSize kTabSize{56, 28};  ///< of a tab that shows a picture only
 
 /// Whether the view is the drop-down list of a combo box.
@@ -184,7 +185,8 @@ QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     case CT_MenuItem: {
       const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
       if (item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator) return result;
-      return result.boundedTo({RoomForMenu(widget), result.height()})
+      return result.grownBy({0, 0, kMarkColumn, 0})
+          .boundedTo({RoomForMenu(widget), result.height()})
           .expandedTo({0, theme::kFingerHeight});
     }
     case CT_ItemViewItem:

@@ -1,10 +1,12 @@
 // The painting of standard widgets; the measures are in program_style.cpp.
 #include <QAbstractSpinBox>
+#include <QAction>
 #include <QComboBox>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "ui/base/icons.h"
 #include "ui/base/program_style.h"
@@ -130,16 +132,41 @@ void PaintTab(QPainter& painter, const QStyleOption& option) {
   PaintBox(painter, rect.adjusted(2, 2, -2, -kUnderline - 1), Qt::transparent, true, theme::kNavy);
 }
 
-/// The text of a menu's entry, without its key where both are wider than the screen,
-/// and cut where a name alone is.
-QString FittingEntry(const QStyleOptionMenuItem& item) {
-  constexpr int kAround = 44;  ///< the column with the check marks, margins
-  const QStringList parts = item.text.split(QLatin1Char('\t'));
+/// What stands beside the text of a menu's entry: the column with the marks, margins.
+constexpr int kBesideEntry = 56;
+
+/// The widest text of a menu's entries, without their keys.
+int WidestEntry(const QWidget* menu, const QFontMetrics& metrics) {
+  int widest = 0;
+  if (menu == nullptr) return widest;
+  for (const QAction* action : menu->actions()) {
+    widest = std::max(widest, metrics.size(Qt::TextShowMnemonic, action->text()).width());
+  }
+  return widest;
+}
+
+/// Large print gets smaller where a menu as wide as the screen would cut it: together in a menu
+/// that names keys, by itself elsewhere. A name that is too long even so is cut at its end.
+void FitEntry(QStyleOptionMenuItem& item, const QWidget* menu) {
+  const int room = item.rect.width() - kBesideEntry;
+  QStringList parts = item.text.split(QLatin1Char('\t'));
+  const QFontMetrics usual(item.font);
+  const int keys = item.reservedShortcutWidth;
+  const int wanted = keys > 0 ? WidestEntry(menu, usual) + keys
+                              : usual.size(Qt::TextShowMnemonic, parts[0]).width() + 1;
+  item.font = FittingFont(item.font, wanted, room);
   const QFontMetrics metrics(item.font);
-  const int room = item.rect.width() - kAround;
-  const int text = metrics.horizontalAdvance(parts[0]);
-  if (text + item.reservedShortcutWidth + kAround / 4 <= room) return item.text;
-  return metrics.elidedText(parts[0], Qt::ElideRight, room, Qt::TextShowMnemonic);
+  item.reservedShortcutWidth = keys * metrics.height() / usual.height();
+  parts[0] = metrics.elidedText(parts[0], Qt::ElideRight, room - item.reservedShortcutWidth,
+                                Qt::TextShowMnemonic);
+  item.text = parts.join(QLatin1Char('\t'));
+}
+
+/// The row of a list that drops down from a field.
+void FitRow(QStyleOptionViewItem& row) {
+  constexpr int kAround = 14;
+  row.font = FittingFont(row.font, row.text, row.rect.width() - kAround);
+  row.textElideMode = Qt::ElideRight;
 }
 
 }  // namespace
@@ -209,7 +236,18 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
       const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
       if (item == nullptr) return;
       QStyleOptionMenuItem copy = *item;
-      copy.text = FittingEntry(*item);
+      FitEntry(copy, widget);
+      painter->save();
+      painter->setFont(copy.font);
+      QProxyStyle::drawControl(element, &copy, painter, widget);
+      painter->restore();
+      return;
+    }
+    case CE_ItemViewItem: {
+      const auto* row = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+      if (row == nullptr) return;
+      QStyleOptionViewItem copy = *row;
+      FitRow(copy);
       QProxyStyle::drawControl(element, &copy, painter, widget);
       return;
     }

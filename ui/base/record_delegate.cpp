@@ -16,7 +16,7 @@ namespace {
 constexpr int kHeadingPadding = 4;
 constexpr int kMarkSize = 12;
 
-/// The font, smaller where large print would cut a date's end off.
+/// The font, smaller where large print would cut a heading's end off.
 QFont Fitting(const QFont& font, const QString& text, int width) {
   constexpr double kSmallest = 0.6;
   const int wanted = QFontMetrics(font).horizontalAdvance(text) + 1;
@@ -117,6 +117,8 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
     lower.setWidth(lower.width() - kMarkSize - kMarkSize / 3 - kRowGap);
   }
   PaintRowText(painter, words.overdue ? look.bold : look.of,
+  const QFont& detail = words.overdue ? look.overdue : look.detail;
+  PaintRowText(painter, FittingFont(detail, words.text, lower.width()),
                words.overdue ? theme::kWarm : theme::kQuietText, lower, words.text, Qt::AlignLeft);
 }
 

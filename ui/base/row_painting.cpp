@@ -22,7 +22,10 @@ QFont ScaledFont(QFont font, double scale) {
 }
 
 QFont FittingFont(const QFont& font, const QString& text, int room) {
-  const int wanted = QFontMetrics(font).horizontalAdvance(text) + 1;
+  return FittingFont(font, QFontMetrics(font).horizontalAdvance(text) + 1, room);
+}
+
+QFont FittingFont(const QFont& font, int wanted, int room) {
   const int pixels = QFontInfo(font).pixelSize();
   if (wanted <= room || pixels <= theme::kLeastTextPixels) return font;
   QFont smaller = font;

@@ -21,6 +21,8 @@ inline constexpr double kNameTextScale = 1.15;
 
 /// The font, smaller where large print would cut a text that must be read whole, but never small.
 [[nodiscard]] QFont FittingFont(const QFont& font, const QString& text, int room);
+/// The same for what takes `wanted` pixels in this font.
+[[nodiscard]] QFont FittingFont(const QFont& font, int wanted, int room);
 
 /// The ground of a row, which shows whether the row is selected.
 void PaintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QColor& ground);

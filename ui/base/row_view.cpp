@@ -1,5 +1,7 @@
 #include "ui/base/row_view.h"
 
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QPainter>
 #include <QScroller>
@@ -12,21 +14,50 @@ namespace brovanta {
 
 namespace {
 
-/// The first line says how the list is, what follows what can be done about it.
+constexpr int kAroundWords = 24;
+constexpr int kLeastAroundWords = 6;  // on a ground with little room
+constexpr int kLineGap = 6;
+constexpr int kHow = static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap;
+
+/// What an empty list says: how it is, and what can be done about it.
+struct EmptyWords {
+  QString head;
+  QString rest;
+  QFont font;
+  int around = kAroundWords;
+
+  [[nodiscard]] QRect Room(const QRect& ground) const {
+    return ground.adjusted(around, around, -around, -around);
+  }
+  [[nodiscard]] int HeadHeight(const QRect& room) const {
+    return QFontMetrics(BoldFont(font)).boundingRect(room, kHow, head).height();
+  }
+  [[nodiscard]] bool Fit(const QRect& ground) const {
+    const QRect room = Room(ground);
+    const QRect below = QFontMetrics(font).boundingRect(room, kHow, rest);
+    const int high = HeadHeight(room) + (rest.isEmpty() ? 0 : kLineGap + below.height());
+    return high <= room.height() && below.width() <= room.width();
+  }
+  /// With less ground around them where there is little, and then in smaller letters.
+  void MakeFit(const QRect& ground) {
+    if (Fit(ground)) return;
+    around = kLeastAroundWords;
+    int pixels = QFontInfo(font).pixelSize();
+    while (pixels > theme::kLeastTextPixels && !Fit(ground)) font.setPixelSize(--pixels);
+  }
+};
+
 void PaintEmptyText(QPainter& painter, const QRect& ground, const QString& text) {
-  constexpr int kMargin = 24;
-  constexpr int kLineGap = 6;
-  constexpr int kHow = static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap;
-  const QRect room = ground.adjusted(kMargin, kMargin, -kMargin, -kMargin);
-  const QFont font = painter.font();
-  QRect head;
-  painter.setFont(BoldFont(font));
+  EmptyWords words{text.section(QLatin1Char('\n'), 0, 0), text.section(QLatin1Char('\n'), 1),
+                   painter.font()};
+  words.MakeFit(ground);
+  const QRect room = words.Room(ground);
+  painter.setFont(BoldFont(words.font));
   painter.setPen(theme::kText);
-  painter.drawText(room, kHow, text.section(QLatin1Char('\n'), 0, 0), &head);
-  painter.setFont(font);
+  painter.drawText(room, kHow, words.head);
+  painter.setFont(words.font);
   painter.setPen(theme::kQuietText);
-  painter.drawText(room.adjusted(0, head.height() + kLineGap, 0, 0), kHow,
-                   text.section(QLatin1Char('\n'), 1));
+  painter.drawText(room.adjusted(0, words.HeadHeight(room) + kLineGap, 0, 0), kHow, words.rest);
 }
 
 }  // namespace

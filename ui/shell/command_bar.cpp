@@ -48,6 +48,7 @@ constexpr std::array kToolEntries{
     ToolEntry{kToolFind, kMenuFind, QT_TRANSLATE_NOOP("brovanta::CommandBar", "Find")}};
 
 constexpr int kToolPicture = 22;
+constexpr int kLeastToolWidth = 30;  // on the narrowest screen; a finger high they are anywhere
 
 }  // namespace
 
@@ -113,6 +114,7 @@ void CommandBar::BuildToolBar() {
     button->setIconSize({kToolPicture, kToolPicture});
     button->setFocusPolicy(Qt::TabFocus);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    button->setMinimumWidth(kLeastToolWidth);
     layout->addWidget(button);
     buttons_.insert(entry.command, button);
   }
@@ -128,9 +130,15 @@ QSize CommandBar::minimumSizeHint() const {
   return {widest + margins.left() + margins.right(), LinedFrame::minimumSizeHint().height()};
 }
 
+int CommandBar::LeastWidthInARow() const {
+  const QMargins margins = lines_->contentsMargins();
+  return margins.left() + tools_button_->sizeHint().width() +
+         static_cast<int>(buttons_.size()) * kLeastToolWidth + margins.right();
+}
+
 void CommandBar::resizeEvent(QResizeEvent* event) {
   LinedFrame::resizeEvent(event);
-  SetInARow(*lines_, WidthInARow(*lines_) <= width());
+  SetInARow(*lines_, LeastWidthInARow() <= width());
 }
 
 void CommandBar::Enable(int command, bool enabled) {

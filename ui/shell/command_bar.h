@@ -55,6 +55,7 @@ class CommandBar : public LinedFrame {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  [[nodiscard]] int LeastWidthInARow() const;
   void BuildMenu();
   void BuildToolBar();
   QAction* MakeAction(int command, const QString& text);

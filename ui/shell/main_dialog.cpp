@@ -4,7 +4,9 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QStyle>
 #include <QTimer>
+#include <algorithm>
 #include <utility>
 
 #include "ui/base/icons.h"
@@ -29,10 +31,20 @@ constexpr QSize kWindowSize{360, 640};
 constexpr QSize kSmallestWindow{240, 280};
 constexpr int kProgramIcon = 128;
 constexpr int kLowestList = 96;  // two rows
+constexpr int kLeastLines = 5;   // of large print in the list
+constexpr int kTabSide = 8;      // the form's margins, which a narrow screen has no room for
+constexpr int kSelectorSide = 5;
+constexpr int kSelectorGap = 6;
+constexpr int kLeastSide = 2;
 constexpr int kUpdatePicture = 156;
 constexpr QSize kUpdatePictureSize{20, 20};
 constexpr QSize kThirdPictureSize{32, 32};
 constexpr int kCalendarId = 1040;
+
+void SetSides(QLayout& line, int side) {
+  const QMargins before = line.contentsMargins();
+  line.setContentsMargins(side, before.top(), side, before.bottom());
+}
 
 }  // namespace
 
@@ -72,6 +84,7 @@ MainDialog::MainDialog(AppOptions& options, std::unique_ptr<FirstRows> first_row
   UpdatePeriod();
   RefreshList(true);
   ScrollWhole(*this);
+  form_->recordTree->parentWidget()->installEventFilter(this);
   form_->recordTree->setFocus();
 }
 
@@ -87,7 +100,6 @@ void MainDialog::SetUpWindow() {
                  Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint |
                  Qt::WindowCloseButtonHint);
   form_->tabBar->TakeTapsOf(*form_->tabStrip);
-  form_->recordTree->setMinimumHeight(kLowestList);
   connect(qApp, &QApplication::focusChanged, this, [this] { ShowFocus(*this); });
   setMinimumSize(kSmallestWindow);
   resize(kWindowSize);
@@ -250,7 +262,6 @@ void MainDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 bool MainDialog::event(QEvent* event) {
-  if (event->type() == QEvent::LayoutRequest) ArrangeSelectors();
   if (event->type() == QEvent::ThemeChange) FollowDesktop();
   if (event->type() == QEvent::Paint && QApplication::windowIcon().isNull()) {
     // Drawn in every size for the window system, which can wait until the first picture stands.
@@ -264,13 +275,37 @@ void MainDialog::resizeEvent(QResizeEvent* event) {
   ArrangeSelectors();
 }
 
+bool MainDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) ArrangeSelectors();
+  return QDialog::eventFilter(watched, event);
+}
+
+int MainDialog::RoomForSelectors() const {
+  // As if the filters stood side by side: below each other they could bring the bar themselves.
+  const int saved =
+      form_->filterRow->sizeHint().height() - form_->storeFilterButton->sizeHint().height();
+  const int wanted = form_->recordTree->parentWidget()->minimumSizeHint().height() - saved;
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  return wanted > height() ? width() - bar : width();
+}
+
 void MainDialog::ArrangeSelectors() {
+  const int room = RoomForSelectors();
+  const int tabs = form_->tabBar->sizeHint().width();
+  SetSides(*form_->tabLayout, tabs + 2 * kTabSide <= room ? kTabSide : kLeastSide);
+  form_->recordTree->setMinimumHeight(std::max(kLowestList, kLeastLines * fontMetrics().height()));
+
   const int period = WidthInARow(*form_->periodLayout);
-  const int filters = WidthInARow(*form_->filterLayout);
-  PlaceHeading(period <= width());
-  SetInARow(*form_->filterLayout, filters <= width());
+  PlaceHeading(period <= room);
+  const int buttons = form_->storeFilterButton->sizeHint().width() +
+                      form_->categoryFilterButton->sizeHint().width();
+  const int filters = buttons + kSelectorGap + 2 * kSelectorSide;
+  const bool close = filters > room && buttons + 2 * kLeastSide <= room;
+  SetSides(*form_->filterLayout, close ? kLeastSide : kSelectorSide);
+  form_->filterLayout->setSpacing(close ? 0 : kSelectorGap);
+  SetInARow(*form_->filterLayout, close || filters <= room);
   // On a wide and low screen both share one line, so that the list gets the height.
-  SetInARow(*form_->selectorLayout, period + filters <= width() && height() < width());
+  SetInARow(*form_->selectorLayout, period + filters <= room && height() < width());
 }
 
 void MainDialog::PlaceHeading(bool between_the_buttons) {

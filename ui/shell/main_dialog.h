@@ -65,11 +65,14 @@ class MainDialog : public QDialog {
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool event(QEvent* event) override;
+  /// What the scrolled screen holds asks for other room.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
   void SetUpWindow();
+  [[nodiscard]] int RoomForSelectors() const;
   void ArrangeSelectors();
   void PlaceHeading(bool between_the_buttons);
   void InsertTabs();

@@ -27,16 +27,22 @@ void AgentDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         .paint(painter, QRect(text.topLeft(), QSize(picture.width(), text.height())));
     text.setLeft(text.left() + picture.width() + kRowGap);
   }
-  PaintRowText(*painter, option.font, is_name ? theme::kText : theme::kQuietText, text,
-               index.data().toString(), is_name ? Qt::AlignLeft : Qt::AlignRight);
+  const QString words = index.data().toString();
+  if (is_name) {
+    PaintRowText(*painter, option.font, theme::kText, text, words, Qt::AlignLeft);
+  } else {
+    PaintRowText(*painter, FittingFont(option.font, words, text.width()), theme::kQuietText, text,
+                 words, Qt::AlignRight);
+  }
   PaintRowLine(*painter, option.rect, 0);
   painter->restore();
 }
 
 QSize AgentDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const QFontMetrics metrics(option.font);
-  const int width = metrics.horizontalAdvance(index.data().toString()) + 1 + kRowRightMargin;
-  return {width, std::max(theme::kFingerHeight, metrics.height() + 2 * kRowPadding)};
+  const int wanted = metrics.horizontalAdvance(index.data().toString()) + 1 + kRowRightMargin;
+  return {std::min(wanted, widest_),
+          std::max(theme::kFingerHeight, metrics.height() + 2 * kRowPadding)};
 }
 
 }  // namespace brovanta

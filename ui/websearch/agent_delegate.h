@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStyledItemDelegate>
+#include <QWidget>
 
 namespace brovanta {
 
@@ -13,9 +14,15 @@ class AgentDelegate : public QStyledItemDelegate {
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;
-  /// What the column takes to show the whole text.
+  /// What the column takes to show the whole text; large print gets smaller to take less.
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                const QModelIndex& index) const override;
+
+  /// No column asks for more than this.
+  void SetWidest(int width) { widest_ = width; }
+
+ private:
+  int widest_ = QWIDGETSIZE_MAX;
 };
 
 }  // namespace brovanta

@@ -1,6 +1,7 @@
 #include "ui/websearch/agent_list.h"
 
 #include <QHeaderView>
+#include <QResizeEvent>
 #include <algorithm>
 
 #include "ui/base/icons.h"
@@ -31,7 +32,7 @@ QString OneLine(QString text) {
 
 }  // namespace
 
-AgentList::AgentList(QWidget* parent) : RowTree(parent) {
+AgentList::AgentList(QWidget* parent) : RowTree(parent), delegate_(new AgentDelegate(this)) {
   setColumnCount(2);
   setHeaderLabels({tr("Agent"), tr("Status")});
   header()->setStretchLastSection(false);
@@ -41,7 +42,7 @@ AgentList::AgentList(QWidget* parent) : RowTree(parent) {
   setUniformRowHeights(true);
   setIconSize(kPictureSize);
   setSelectionMode(QAbstractItemView::NoSelection);
-  setItemDelegate(new AgentDelegate(this));
+  setItemDelegate(delegate_);
 }
 
 void AgentList::AddAgent(std::int32_t id, const QString& name) {
@@ -60,6 +61,11 @@ void AgentList::SetState(std::int32_t id, const QString& state) {
   row->setText(kStatusColumn, state);
   row->setData(kAgentColumn, Qt::AccessibleTextRole,
                QStringLiteral("%1, %2").arg(row->text(kAgentColumn), state));
+}
+
+void AgentList::resizeEvent(QResizeEvent* event) {
+  delegate_->SetWidest(std::max(kLeastWidth, event->size().width() - kLeastWidth));
+  RowTree::resizeEvent(event);
 }
 
 QTreeWidgetItem* AgentList::RowOf(std::int32_t id) const {

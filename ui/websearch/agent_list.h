@@ -7,6 +7,8 @@
 
 namespace brovanta {
 
+class AgentDelegate;
+
 /// A row for each agent, the latest on top: its name on the left, its state in words on the right.
 /// Both columns are at least 100 wide; what the screen has more goes to the name, or to a state
 /// that needs it.
@@ -24,8 +26,13 @@ class AgentList : public RowTree {
   /// one id the row nearer to the top is meant.
   void SetState(std::int32_t id, const QString& state);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   [[nodiscard]] QTreeWidgetItem* RowOf(std::int32_t id) const;
+
+  AgentDelegate* delegate_;
 };
 
 }  // namespace brovanta

@@ -96,6 +96,7 @@ class Inspection {
       const int needed = label->wordWrap() ? LongestWord(widget, text) : TextWidth(widget, text);
       NeedWidth(widget, label->contentsRect().width(), needed, text);
     } else if (const auto* colored = qobject_cast<const ColorButton*>(&widget)) {
+      if (colored->text().isEmpty()) return;
       const int around = colored->sizeHint().width() - TextWidth(widget, colored->text());
       const int least = LeastWidth(widget, colored->text());
       NeedWidth(widget, widget.width(), around + least, colored->text());

@@ -13,9 +13,11 @@
 
 #include "tests/support/form_check.h"
 #include "tests/support/small_screen.h"
+#include "tests/ui/reach/cut_text.h"
 #include "tests/ui/reach/fit_check.h"
 #include "tests/ui/reach/large_print.h"
 #include "tests/ui/reach/screens.h"
+#include "tests/ui/reach/text_lines.h"
 #include "ui/base/color_button.h"
 
 namespace brovanta::test {
@@ -25,16 +27,11 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-std::vector<std::string> Lines(const QStringList& texts) {
-  std::vector<std::string> lines;
-  for (const QString& text : texts) lines.push_back(text.toStdString());
-  return lines;
-}
-
 void ExpectAllFits(const char* print) {
   Screens screens;
   screens.ForEach([print](const OpenScreen& open) {
     EXPECT_THAT(Lines(FitComplaints(*open.screen)), IsEmpty()) << open.name << ", " << print;
+    EXPECT_THAT(Lines(CutTexts(*open.screen)), IsEmpty()) << open.name << ", " << print;
     const QSize whole = QApplication::primaryScreen()->size();
     EXPECT_EQ(open.screen->window()->size().boundedTo(whole), open.screen->window()->size())
         << open.name << ", " << print << ": " << open.screen->window()->width() << " x "
