@@ -3,7 +3,8 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QCoreApplication>
-#include <QFontInfo>
+#include <QFontMetrics>
+#include <QHeaderView>
 #include <QPalette>
 #include <QTextCharFormat>
 #include <QToolButton>
@@ -11,6 +12,7 @@
 
 #include "ui/base/language.h"
 #include "ui/base/period.h"
+#include "ui/base/row_painting.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
@@ -30,40 +32,50 @@ void NameArrow(QCalendarWidget& calendar, const char* part, const QString& name)
   if (arrow != nullptr) arrow->setToolTip(name);
 }
 
-/// Font pixels with which names of months and days fit a calendar of this width.
-int FittingPixels(const QCalendarWidget& calendar, int width) {
+/// The usual font, smaller where what takes so many pixels in it has less room.
+QFont FontFor(int taken, int room) {
+  return FittingFont(QApplication::font(), taken, room, kLeastPixels);
+}
+
+/// For the name of any month beside its year, between the arrows.
+QFont TitleFont(const QLocale& locale, int width) {
   constexpr int kArrows = 2 * theme::kFingerHeight;
   constexpr int kAroundMonth = 60;  ///< margins of month and year, mark of the menu
-  constexpr int kAroundDay = 6;
-  const QFont usual = QApplication::font();
-  const QFontMetrics metrics(usual);
-  const QLocale locale = calendar.locale();
+  const QFontMetrics metrics(QApplication::font());
   int months = 0;
   for (int month = 1; month <= 12; ++month) {
     months = std::max(months, metrics.horizontalAdvance(locale.standaloneMonthName(month)));
   }
-  int days = metrics.horizontalAdvance(QStringLiteral("30"));
+  return FontFor(months + metrics.horizontalAdvance(QStringLiteral("2026")),
+                 width - kArrows - kAroundMonth);
+}
+
+QFont WeekdayFont(const QLocale& locale, int column) {
+  const QFontMetrics metrics(QApplication::font());
+  int days = 0;
   for (int day = 1; day <= 7; ++day) {
     days = std::max(days, metrics.horizontalAdvance(locale.dayName(day, QLocale::ShortFormat)));
   }
-  const int title = months + metrics.horizontalAdvance(QStringLiteral("2026"));
-  const int pixels = QFontInfo(usual).pixelSize();
-  const int by_title = pixels * (width - kArrows - kAroundMonth) / std::max(1, title);
-  const int by_days = pixels * (width / 7 - kAroundDay) / std::max(1, days);
-  return std::max(kLeastPixels, std::min({pixels, by_title, by_days}));
+  return FontFor(days, column);
 }
 
 }  // namespace
 
 void FitCalendar(QCalendarWidget& calendar, int width) {
-  QFont font = QApplication::font();
-  const int pixels = FittingPixels(calendar, width);
-  if (QFontInfo(font).pixelSize() == pixels) {
-    calendar.setFont(font);
-    return;
+  constexpr int kAroundDay = 9;
+  const int column = width / 7 - kAroundDay;
+  const QFontMetrics metrics(QApplication::font());
+  calendar.setFont(FontFor(metrics.horizontalAdvance(QStringLiteral("30")), column));
+  QTextCharFormat weekdays = calendar.headerTextFormat();
+  weekdays.setFont(WeekdayFont(calendar.locale(), column));
+  calendar.setHeaderTextFormat(weekdays);
+  // The toolkit's least column is as wide as the widest letter of any script.
+  for (auto* header : calendar.findChildren<QHeaderView*>()) header->setMinimumSectionSize(1);
+  const QFont title = TitleFont(calendar.locale(), width);
+  for (const char* part :
+       {"qt_calendar_monthbutton", "qt_calendar_yearbutton", "qt_calendar_yearedit"}) {
+    if (auto* widget = calendar.findChild<QWidget*>(QLatin1String(part))) widget->setFont(title);
   }
-  font.setPixelSize(pixels);
-  calendar.setFont(font);
 }
 
 void DressCalendar(QCalendarWidget& calendar) {

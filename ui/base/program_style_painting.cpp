@@ -21,6 +21,7 @@ constexpr int kChevron = 14;
 constexpr int kUnderline = 3;
 constexpr int kPressed = 120;  // percent of the usual darkness
 constexpr int kProgressGroove = 12;
+constexpr int kBesideLabel = 4;  ///< of a push button, within its frame
 
 bool IsEnabled(const QStyleOption& option) { return option.state.testFlag(QStyle::State_Enabled); }
 bool HasFocus(const QStyleOption& option) { return option.state.testFlag(QStyle::State_HasFocus); }
@@ -214,7 +215,7 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
       const QColor ink = IsDefault(copy) ? theme::kGround : theme::kNavy;
       if (IsEnabled(copy)) copy.palette.setColor(QPalette::ButtonText, ink);
       painter->save();
-      painter->setFont(FittingFont(painter->font(), copy.text, copy.rect.width()));
+      painter->setFont(FittingFont(painter->font(), copy.text, copy.rect.width() - kBesideLabel));
       QProxyStyle::drawControl(element, &copy, painter, widget);
       painter->restore();
       return;

@@ -24,6 +24,12 @@ QFont Fitting(const QFont& font, const QString& text, int width) {
   return ScaledFont(font, std::max(kSmallest, 0.98 * width / wanted));
 }
 
+/// A name that large print would cut gets smaller, but not as small as the rest of its row.
+QFont NameFont(const QFont& font, const QString& name, int width) {
+  constexpr int kLeastName = 20;
+  return FittingFont(font, name, width, kLeastName);
+}
+
 void PaintChevron(QPainter& painter, QPointF center, bool open) {
   constexpr double kReach = 3.0;
   QPainterPath path;
@@ -108,7 +114,8 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
   QRect lower = lines.lower;
   const QRect upper = PaintSideText(painter, look.of, theme::kQuietText, lines.upper,
                                     option.rect.width(), info.storeName);
-  PaintRowText(painter, look.name, theme::kText, upper, info.name, Qt::AlignLeft);
+  PaintRowText(painter, NameFont(look.name, info.name, upper.width()), theme::kText, upper,
+               info.name, Qt::AlignLeft);
 
   if (row.recurring()) {
     const int right = lower.right() + 1 - kMarkSize / 3;

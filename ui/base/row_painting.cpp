@@ -21,15 +21,16 @@ QFont ScaledFont(QFont font, double scale) {
   return font;
 }
 
-QFont FittingFont(const QFont& font, const QString& text, int room) {
-  return FittingFont(font, QFontMetrics(font).horizontalAdvance(text) + 1, room);
+QFont FittingFont(const QFont& font, const QString& text, int room, int least) {
+  return FittingFont(font, QFontMetrics(font).horizontalAdvance(text) + 1, room, least);
 }
 
-QFont FittingFont(const QFont& font, int wanted, int room) {
+QFont FittingFont(const QFont& font, int wanted, int room, int least) {
+  if (wanted <= room) return font;
   const int pixels = QFontInfo(font).pixelSize();
-  if (wanted <= room || pixels <= theme::kLeastTextPixels) return font;
+  if (pixels <= least) return font;
   QFont smaller = font;
-  smaller.setPixelSize(std::max(theme::kLeastTextPixels, pixels * room / wanted));
+  smaller.setPixelSize(std::max(least, pixels * room / wanted));
   return smaller;
 }
 
@@ -73,10 +74,12 @@ RowLines TwoLines(const QRect& inner, int upper_height, int lower_height) {
 QRect PaintSideText(QPainter& painter, const QFont& font, const QColor& color, const QRect& line,
                     int row_width, const QString& text) {
   if (text.isEmpty()) return line;
-  const int wanted = QFontMetrics(font).horizontalAdvance(text) + 1;
-  const int width = std::min(wanted, static_cast<int>(row_width * kSideTextShare));
-  PaintRowText(painter, font, color, {line.right() + 1 - width, line.top(), width, line.height()},
-               text, Qt::AlignRight);
+  const int most = static_cast<int>(row_width * kSideTextShare);
+  const QFont fitting = FittingFont(font, text, most);
+  const int wanted = QFontMetrics(fitting).horizontalAdvance(text) + 1;
+  const int width = std::min(wanted, most);
+  PaintRowText(painter, fitting, color,
+               {line.right() + 1 - width, line.top(), width, line.height()}, text, Qt::AlignRight);
   return line.adjusted(0, 0, -width - kRowGap, 0);
 }
 

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStyleOptionViewItem>
 
+#include "ui/base/theme.h"
+
 class QPainter;
 
 namespace brovanta {
@@ -20,9 +22,11 @@ inline constexpr double kNameTextScale = 1.15;
 [[nodiscard]] QFont BoldFont(QFont font);
 
 /// The font, smaller where large print would cut a text that must be read whole, but never small.
-[[nodiscard]] QFont FittingFont(const QFont& font, const QString& text, int room);
+[[nodiscard]] QFont FittingFont(const QFont& font, const QString& text, int room,
+                                int least = theme::kLeastTextPixels);
 /// The same for what takes `wanted` pixels in this font.
-[[nodiscard]] QFont FittingFont(const QFont& font, int wanted, int room);
+[[nodiscard]] QFont FittingFont(const QFont& font, int wanted, int room,
+                                int least = theme::kLeastTextPixels);
 
 /// The ground of a row, which shows whether the row is selected.
 void PaintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QColor& ground);

@@ -228,10 +228,10 @@ void CouponPickerDialog::Select() {
 
 void CouponPickerDialog::resizeEvent(QResizeEvent* event) {
   ModalDialog::resizeEvent(event);
-  const int selectors = WidthInARow(*form_->periodLayout) + WidthInARow(*form_->filterLayout);
+  const int selectors =
+      WidthInARow(*form_->periodLayout) + ArrangeFilters(*form_->filterLayout, width());
   const bool low = height() < width();  // the list gets the height
   SetInARow(*form_->selectorLayout, low && selectors <= width());
-  SetInARow(*form_->filterLayout, WidthInARow(*form_->filterLayout) <= width());
   SetInARow(*form_->bottomLayout, low);
 }
 

@@ -32,19 +32,12 @@ constexpr QSize kSmallestWindow{240, 280};
 constexpr int kProgramIcon = 128;
 constexpr int kLowestList = 96;  // two rows
 constexpr int kLeastLines = 5;   // of large print in the list
-constexpr int kTabSide = 8;      // the form's margins, which a narrow screen has no room for
-constexpr int kSelectorSide = 5;
-constexpr int kSelectorGap = 6;
-constexpr int kLeastSide = 2;
+constexpr int kTabSide = 8;      // the form's margin, which a narrow screen has no room for
+constexpr int kLeastTabSide = 2;
 constexpr int kUpdatePicture = 156;
 constexpr QSize kUpdatePictureSize{20, 20};
 constexpr QSize kThirdPictureSize{32, 32};
 constexpr int kCalendarId = 1040;
-
-void SetSides(QLayout& line, int side) {
-  const QMargins before = line.contentsMargins();
-  line.setContentsMargins(side, before.top(), side, before.bottom());
-}
 
 }  // namespace
 
@@ -292,18 +285,12 @@ int MainDialog::RoomForSelectors() const {
 void MainDialog::ArrangeSelectors() {
   const int room = RoomForSelectors();
   const int tabs = form_->tabBar->sizeHint().width();
-  SetSides(*form_->tabLayout, tabs + 2 * kTabSide <= room ? kTabSide : kLeastSide);
+  SetSides(*form_->tabLayout, tabs + 2 * kTabSide <= room ? kTabSide : kLeastTabSide);
   form_->recordTree->setMinimumHeight(std::max(kLowestList, kLeastLines * fontMetrics().height()));
 
   const int period = WidthInARow(*form_->periodLayout);
   PlaceHeading(period <= room);
-  const int buttons = form_->storeFilterButton->sizeHint().width() +
-                      form_->categoryFilterButton->sizeHint().width();
-  const int filters = buttons + kSelectorGap + 2 * kSelectorSide;
-  const bool close = filters > room && buttons + 2 * kLeastSide <= room;
-  SetSides(*form_->filterLayout, close ? kLeastSide : kSelectorSide);
-  form_->filterLayout->setSpacing(close ? 0 : kSelectorGap);
-  SetInARow(*form_->filterLayout, close || filters <= room);
+  const int filters = ArrangeFilters(*form_->filterLayout, room);
   // On a wide and low screen both share one line, so that the list gets the height.
   SetInARow(*form_->selectorLayout, period + filters <= room && height() < width());
 }

@@ -28,12 +28,9 @@ void AgentDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     text.setLeft(text.left() + picture.width() + kRowGap);
   }
   const QString words = index.data().toString();
-  if (is_name) {
-    PaintRowText(*painter, option.font, theme::kText, text, words, Qt::AlignLeft);
-  } else {
-    PaintRowText(*painter, FittingFont(option.font, words, text.width()), theme::kQuietText, text,
-                 words, Qt::AlignRight);
-  }
+  PaintRowText(*painter, FittingFont(option.font, words, text.width()),
+               is_name ? theme::kText : theme::kQuietText, text, words,
+               is_name ? Qt::AlignLeft : Qt::AlignRight);
   PaintRowLine(*painter, option.rect, 0);
   painter->restore();
 }
