@@ -40,7 +40,7 @@ QFont FontFor(int taken, int room) {
 /// For the name of any month beside its year, between the arrows.
 QFont TitleFont(const QLocale& locale, int width) {
   constexpr int kArrows = 2 * theme::kFingerHeight;
-  constexpr int kAroundMonth = 60;  ///< margins of month and year, mark of the menu
+  constexpr int kAroundMonth = 40;  ///< margins of month and year, mark of the menu
   const QFontMetrics metrics(QApplication::font());
   int months = 0;
   for (int month = 1; month <= 12; ++month) {

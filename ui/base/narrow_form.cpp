@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "ui/base/row_layout.h"
+#include "ui/base/row_painting.h"
 #include "ui/base/theme.h"
 #include "ui/base/wrapped_label.h"
 
@@ -76,6 +77,9 @@ int LeastWidth(const QLayoutItem& item) {
     if (date) return widget->sizeHint().width();
     const auto* const words = qobject_cast<const WrappedLabel*>(widget);
     if (words != nullptr) return LongestWord(*words);
+    // On one line, which it takes beside its field only.
+    const auto* const label = qobject_cast<const QLabel*>(widget);
+    if (label != nullptr) return label->fontMetrics().size(0, label->text()).width();
     return widget->minimumSizeHint().expandedTo(widget->minimumSize()).width();
   }
   const QLayout* const line = const_cast<QLayoutItem&>(item).layout();
@@ -85,23 +89,33 @@ int LeastWidth(const QLayoutItem& item) {
   return widest;
 }
 
+constexpr int kBesideButtonText = 12;
+
 /// What an item of a line of buttons takes: a button gets along with its text, and with one in
 /// smaller letters in large print.
-int ButtonWidth(QLayoutItem& item) {
+int ButtonWidth(QLayoutItem& item, const QFont& font) {
   const auto* const button = qobject_cast<const QPushButton*>(item.widget());
   if (button == nullptr) return item.sizeHint().width();
-  constexpr int kAround = 12;
   constexpr int kEasyPixels = 18;
-  const int pixels = QFontInfo(button->font()).pixelSize();
-  const int text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
-  return text * std::min(pixels, kEasyPixels) / pixels + kAround;
+  const int pixels = QFontInfo(font).pixelSize();
+  const int text = QFontMetrics(font).size(Qt::TextShowMnemonic, button->text()).width();
+  return text * std::min(pixels, kEasyPixels) / pixels + kBesideButtonText;
 }
 
-/// Buttons in a row that is narrower than they would like are no wider than their texts need.
-void KeepButtonsNarrow(QBoxLayout& line, bool narrow) {
+/// The buttons of a row write in one size, which each can with its share of the room.
+void FitButtonTexts(QBoxLayout& line, const QFont& font, int share) {
+  QFont fitting = font;
+  for (int i = 0; i < line.count(); ++i) {
+    const auto* const button = qobject_cast<QPushButton*>(line.itemAt(i)->widget());
+    if (button == nullptr) continue;
+    const QFont own = FittingFont(font, button->text(), share - kBesideButtonText);
+    if (QFontInfo(own).pixelSize() < QFontInfo(fitting).pixelSize()) fitting = own;
+  }
   for (int i = 0; i < line.count(); ++i) {
     auto* const button = qobject_cast<QPushButton*>(line.itemAt(i)->widget());
-    if (button != nullptr) button->setMinimumWidth(narrow ? ButtonWidth(*line.itemAt(i)) : 0);
+    if (button == nullptr) continue;
+    button->setMinimumWidth(ButtonWidth(*line.itemAt(i), font));
+    if (button->font() != fitting) button->setFont(fitting == font ? QFont() : fitting);
   }
 }
 
@@ -176,11 +190,12 @@ void FitButtonLines(QWidget& window) {
     const int room = window.width() - (own_margins ? 0 : 2 * theme::kMargin + bar);
     const int spaces = line->spacing() * std::max(0, line->count() - 1);
     int wanted = spaces;
-    for (int i = 0; i < line->count(); ++i) wanted += ButtonWidth(*line->itemAt(i));
+    for (int i = 0; i < line->count(); ++i) wanted += ButtonWidth(*line->itemAt(i), window.font());
     const QMargins margins = own_margins ? line->contentsMargins() : QMargins();
-    wanted += margins.left() + margins.right();
-    SetInARow(*line, wanted <= room);
-    KeepButtonsNarrow(*line, wanted <= room && WidthInARow(*line) > room);
+    const int free = room - margins.left() - margins.right();
+    SetInARow(*line, wanted <= free);
+    const int share = wanted <= free ? (free - spaces) / std::max(1, line->count()) : free;
+    FitButtonTexts(*line, window.font(), share);
   }
 }
 

@@ -22,11 +22,6 @@ constexpr int kShortestSlider = 32;
 constexpr int kMarkColumn = 14;    ///< of a menu, which is wider in rows that are a finger high
 constexpr QSize kTabSize{56, 28};  ///< of a tab that shows a picture only
 
-/// Whether the view is the drop-down list of a combo box.
-bool IsDropDownList(const QWidget* widget) {
-  return widget != nullptr && widget->inherits("QComboBoxListView");
-}
-
 /// Whether the widget is a field for several lines of text.
 bool IsTextArea(const QWidget* widget) {
   return widget != nullptr && widget->inherits("QPlainTextEdit");
@@ -87,6 +82,10 @@ QRect ScrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
 }
 
 }  // namespace
+
+bool ProgramStyle::IsDropDownList(const QWidget* widget) {
+  return widget != nullptr && widget->inherits("QComboBoxListView");
+}
 
 ProgramStyle::ProgramStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 

@@ -30,6 +30,10 @@ class ProgramStyle : public QProxyStyle {
                    const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget) const override;
+
+ private:
+  /// Whether the view is the list that drops down from a field.
+  [[nodiscard]] static bool IsDropDownList(const QWidget* widget);
 };
 
 }  // namespace brovanta

@@ -163,10 +163,16 @@ void FitEntry(QStyleOptionMenuItem& item, const QWidget* menu) {
   item.text = parts.join(QLatin1Char('\t'));
 }
 
-/// The row of a list that drops down from a field.
-void FitRow(QStyleOptionViewItem& row) {
+/// The row of a list that drops down from a field. What one can only choose from is written in one
+/// size; of names that people have typed each gets as large as it can.
+void FitRow(QStyleOptionViewItem& row, const QWidget& list) {
   constexpr int kAround = 14;
-  row.font = FittingFont(row.font, row.text, row.rect.width() - kAround);
+  const auto* const field = qobject_cast<const QComboBox*>(list.window()->parentWidget());
+  int wanted = row.fontMetrics.horizontalAdvance(row.text) + 1;
+  for (int i = 0; field != nullptr && !field->isEditable() && i < field->count(); ++i) {
+    wanted = std::max(wanted, row.fontMetrics.horizontalAdvance(field->itemText(i)) + 1);
+  }
+  row.font = FittingFont(row.font, wanted, row.rect.width() - kAround);
   row.textElideMode = Qt::ElideRight;
 }
 
@@ -246,9 +252,9 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
     }
     case CE_ItemViewItem: {
       const auto* row = qstyleoption_cast<const QStyleOptionViewItem*>(option);
-      if (row == nullptr) return;
+      if (row == nullptr || !IsDropDownList(widget)) break;
       QStyleOptionViewItem copy = *row;
-      FitRow(copy);
+      FitRow(copy, *widget);
       QProxyStyle::drawControl(element, &copy, painter, widget);
       return;
     }
@@ -272,8 +278,9 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
                         theme::kLine);
       return;
     default:
-      QProxyStyle::drawControl(element, option, painter, widget);
+      break;
   }
+  QProxyStyle::drawControl(element, option, painter, widget);
 }
 
 void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

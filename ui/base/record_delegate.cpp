@@ -123,8 +123,7 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
         &painter, {right - kMarkSize, lower.center().y() - kMarkSize / 2, kMarkSize, kMarkSize});
     lower.setWidth(lower.width() - kMarkSize - kMarkSize / 3 - kRowGap);
   }
-  PaintRowText(painter, words.overdue ? look.bold : look.of,
-  const QFont& detail = words.overdue ? look.overdue : look.detail;
+  const QFont& detail = words.overdue ? look.bold : look.of;
   PaintRowText(painter, FittingFont(detail, words.text, lower.width()),
                words.overdue ? theme::kWarm : theme::kQuietText, lower, words.text, Qt::AlignLeft);
 }
