@@ -2,7 +2,6 @@
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QFontInfo>
 #include <QGridLayout>
 #include <QLabel>
@@ -37,25 +36,6 @@ int WidestItem(const QComboBox& list) {
     widest = std::min(widest, kLetters * list.fontMetrics().averageCharWidth());
   return std::max(widest + kAround, list.minimumSizeHint().width());
 }
-
-/// Follows its content in what that asks for at once; the toolkit's leaves out what is asked for
-/// while the window is about to be shown or in the middle of an arrangement.
-class WholeArea : public QScrollArea {
- public:
-  using QScrollArea::QScrollArea;
-
- protected:
-  void showEvent(QShowEvent* event) override {
-    QScrollArea::showEvent(event);
-    QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
-  }
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
-      QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
-    }
-    return QScrollArea::eventFilter(watched, event);
-  }
-};
 
 /// What a text takes that is broken between words; a very long one is broken as well.
 int LongestWord(const QLabel& label) {
@@ -200,7 +180,7 @@ void FitButtonLines(QWidget& window) {
 }
 
 void ScrollWhole(QWidget& window) {
-  auto* const area = new WholeArea(&window);
+  auto* const area = new QScrollArea(&window);
   auto* const content = new QWidget(&window);
   content->setLayout(window.layout());  // which takes along what it holds
   content->setObjectName(QStringLiteral("wholeContent"));

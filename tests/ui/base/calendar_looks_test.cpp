@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCalendarWidget>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QLocale>
 #include <QTextCharFormat>
 #include <QToolButton>
@@ -52,6 +55,30 @@ TEST(CalendarLooksTest, ArrowsHaveNamesAndPictures) {
   EXPECT_EQ(after->toolTip().toStdString(), "Month after");
   EXPECT_FALSE(before->icon().isNull());
   EXPECT_NE(before->icon().pixmap(16, 16).toImage(), after->icon().pixmap(16, 16).toImage());
+}
+
+int PixelsOf(const QCalendarWidget& calendar, const char* part) {
+  return QFontInfo(calendar.findChild<QWidget*>(QLatin1String(part))->font()).pixelSize();
+}
+
+TEST(CalendarLooksTest, TheDaysOfANarrowCalendarAreLargerThanItsMonthInLargePrint) {
+  const QFont before = QApplication::font();
+  QFont large = before;
+  large.setPixelSize(28);
+  QApplication::setFont(large);
+  QCalendarWidget calendar;
+  DressCalendar(calendar);
+  FitCalendar(calendar, 224);
+  EXPECT_LT(PixelsOf(calendar, "qt_calendar_monthbutton"), 16);
+  EXPECT_GT(PixelsOf(calendar, "qt_calendar_calendarview"), 16);
+  EXPECT_LT(PixelsOf(calendar, "qt_calendar_calendarview"), 28);
+  EXPECT_LE(
+      7 * QFontMetrics(calendar.headerTextFormat().font()).horizontalAdvance(QStringLiteral("Wed")),
+      224);
+  FitCalendar(calendar, 900);
+  EXPECT_EQ(PixelsOf(calendar, "qt_calendar_monthbutton"), 28);
+  EXPECT_EQ(PixelsOf(calendar, "qt_calendar_calendarview"), 28);
+  QApplication::setFont(before);
 }
 
 }  // namespace

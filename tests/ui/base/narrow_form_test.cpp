@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "ui/base/theme.h"
+
 namespace brovanta {
 namespace {
 
@@ -81,6 +83,59 @@ TEST(NarrowFormTest, AWholeWindowScrollsToWhatHasTheFocus) {
   buttons.first()->setFocus();
   ShowFocus(window);
   EXPECT_EQ(buttons.first()->visibleRegion().boundingRect(), buttons.first()->rect());
+}
+
+TEST(NarrowFormTest, ButtonsOfARowWriteInOneSizeThatFits) {
+  QWidget window;
+  auto* line = new QHBoxLayout(&window);
+  line->setObjectName(QStringLiteral("buttonLayout"));
+  QFont large = window.font();
+  large.setPixelSize(28);
+  window.setFont(large);
+  QList<QPushButton*> buttons;
+  for (const char* text : {"Open", "Close", "Delete"}) {
+    buttons << new QPushButton(QString::fromLatin1(text));
+    line->addWidget(buttons.last());
+  }
+  line->setSizeConstraint(QLayout::SetNoConstraint);
+  window.resize(250, 60);
+  FitButtonLines(window);
+  EXPECT_EQ(line->direction(), QBoxLayout::LeftToRight);
+  EXPECT_LT(buttons[0]->font().pixelSize(), 28);
+  EXPECT_GE(buttons[0]->font().pixelSize(), theme::kLeastTextPixels);
+  EXPECT_EQ(buttons[0]->font(), buttons[1]->font());
+  EXPECT_EQ(buttons[0]->font(), buttons[2]->font());
+  line->activate();
+  EXPECT_LE(buttons[2]->geometry().right(), 250);
+  EXPECT_LE(buttons[2]->fontMetrics().horizontalAdvance(buttons[2]->text()), buttons[2]->width());
+  window.resize(600, 60);
+  FitButtonLines(window);
+  EXPECT_EQ(buttons[0]->font().pixelSize(), 28);
+}
+
+TEST(NarrowFormTest, ALabelAboveItsFieldIsSeenWithIt) {
+  QWidget window;
+  auto* layout = new QVBoxLayout(&window);
+  QList<QLabel*> labels;
+  QList<QLineEdit*> fields;
+  for (int i = 0; i < 8; ++i) {
+    labels << new QLabel(QStringLiteral("Label"));
+    fields << new QLineEdit;
+    labels.last()->setBuddy(fields.last());
+    layout->addWidget(labels.last());
+    layout->addWidget(fields.last());
+  }
+  ScrollWhole(window);
+  window.resize(200, 120);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  for (const int i : {4, 7, 2, 0}) {
+    fields[i]->setFocus();
+    ShowFocus(window);
+    EXPECT_EQ(fields[i]->visibleRegion().boundingRect(), fields[i]->rect()) << i;
+    EXPECT_EQ(labels[i]->visibleRegion().boundingRect(), labels[i]->rect()) << i;
+  }
+  EXPECT_EQ(window.findChild<QScrollArea*>()->verticalScrollBar()->value(), 0);
 }
 
 }  // namespace

@@ -10,12 +10,15 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyleOptionMenuItem>
 #include <QTabBar>
 #include <QTest>
 #include <QToolButton>
 
+#include "tests/support/painted_texts.h"
 #include "tests/support/text_contrast.h"
 #include "ui/base/theme.h"
 
@@ -130,6 +133,56 @@ TEST(ProgramStyleTest, TabsWithATextAreAFingerHighAndThoseWithAPictureAreNot) {
   QTabBar texts;
   texts.addTab(QStringLiteral("Notes"));
   EXPECT_GE(texts.sizeHint().height(), theme::kFingerHeight);
+}
+
+/// A menu's entry as the style paints it.
+class EntryPainter : public QWidget {
+ public:
+  QStyleOptionMenuItem option;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    style()->drawControl(QStyle::CE_MenuItem, &option, &painter, this);
+  }
+};
+
+TEST(ProgramStyleTest, AMenusEntryInLargePrintGetsSmallerWithItsKey) {
+  EntryPainter entry;
+  entry.resize(236, 41);
+  entry.addAction(QStringLiteral("Purchase"));  // the widest one sets the size of all
+  entry.option.rect = entry.rect();
+  entry.option.font = entry.font();
+  entry.option.font.setPixelSize(28);
+  entry.option.text = QStringLiteral("Add\tCtrl+P");
+  entry.option.reservedShortcutWidth =
+      QFontMetrics(entry.option.font).horizontalAdvance(QStringLiteral("Ctrl+P"));
+  const QList<test::PaintedText> texts = test::PaintedTexts(entry);
+  ASSERT_EQ(texts.size(), 2);
+  for (const test::PaintedText& text : texts) {
+    EXPECT_LT(text.pixel_size, 28) << text.text.toStdString();
+    EXPECT_GE(text.pixel_size, theme::kLeastTextPixels) << text.text.toStdString();
+    EXPECT_LE(text.whole.right(), entry.width()) << text.text.toStdString();
+    EXPECT_FALSE(text.text.contains(QChar(0x2026))) << text.text.toStdString();
+  }
+}
+
+TEST(ProgramStyleTest, RowsThatOneChoosesFromAreWrittenInOneSize) {
+  QComboBox combo;
+  QFont large = combo.font();
+  large.setPixelSize(28);
+  combo.setFont(large);
+  combo.addItems({QStringLiteral("Once"), QStringLiteral("Every few weeks")});
+  combo.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combo.resize(180, combo.sizeHint().height());
+  combo.show();
+  combo.showPopup();
+  const QList<test::PaintedText> texts = test::PaintedTexts(*combo.view()->viewport(), false);
+  ASSERT_EQ(texts.size(), 2);
+  EXPECT_EQ(texts[0].pixel_size, texts[1].pixel_size);
+  EXPECT_LT(texts[0].pixel_size, 28);
+  EXPECT_EQ(texts[1].text.toStdString(), "Every few weeks");
+  combo.hidePopup();
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "db/schedule.h"
 #include "tests/support/fixed_clock.h"
+#include "tests/support/painted_texts.h"
 #include "tests/support/zone_guard.h"
 #include "ui/base/date_headings.h"
 #include "ui/base/record_tree.h"
@@ -141,6 +142,22 @@ TEST_F(RecordDelegateTest, HeadingIsABandWithAChevronThatTurns) {
   EXPECT_TRUE(LowerHalfHas(open, theme::kNavy));
   tree_.collapse(heading);
   EXPECT_NE(PictureOf(heading).copy(0, 0, kRowIndent, 28), open.copy(0, 0, kRowIndent, 28));
+}
+
+TEST_F(RecordDelegateTest, LargePrintOnANarrowScreenCutsNoWordOfTheRows) {
+  QFont large = tree_.font();
+  large.setPixelSize(28);
+  tree_.setFont(large);
+  tree_.resize(230, 200);
+  Row({.name = "Milk", .storeName = QStringLiteral("Corner Shop")},
+      {.shows_due = true, .due = kNoon - 12 * 86400});
+  QStringList said;
+  for (const test::PaintedText& text : test::PaintedTexts(*tree_.viewport(), false)) {
+    said << text.text;
+    EXPECT_GE(text.pixel_size, 13) << text.text.toStdString();
+  }
+  EXPECT_TRUE(said.contains(QStringLiteral("12 days overdue"))) << said.join(u'|').toStdString();
+  EXPECT_TRUE(said.contains(QStringLiteral("Corner Shop"))) << said.join(u'|').toStdString();
 }
 
 }  // namespace

@@ -30,5 +30,23 @@ TEST(RowLayoutTest, ALineIsARowOrAColumn) {
   EXPECT_EQ(line.direction(), QBoxLayout::TopToBottom);
 }
 
+TEST(RowLayoutTest, FiltersMoveTogetherBeforeTheyGoBelowEachOther) {
+  QWidget window;
+  QHBoxLayout line(&window);
+  line.addWidget(new Block);
+  line.addStretch();
+  line.addWidget(new Block);
+  EXPECT_EQ(ArrangeFilters(line, 76), 30 + 30 + 6 + 2 * 5);
+  EXPECT_EQ(line.direction(), QBoxLayout::LeftToRight);
+  EXPECT_EQ(line.contentsMargins().left(), 5);
+  EXPECT_EQ(ArrangeFilters(line, 64), 76);
+  EXPECT_EQ(line.direction(), QBoxLayout::LeftToRight);
+  EXPECT_EQ(line.contentsMargins().left(), 2);
+  EXPECT_EQ(line.spacing(), 0);
+  EXPECT_EQ(ArrangeFilters(line, 63), 76);
+  EXPECT_EQ(line.direction(), QBoxLayout::TopToBottom);
+  EXPECT_EQ(line.contentsMargins().left(), 5);
+}
+
 }  // namespace
 }  // namespace brovanta

@@ -101,5 +101,22 @@ TEST_F(RowPaintingTest, WithoutASideTextTheLineIsWhole) {
   EXPECT_TRUE(Ink().isEmpty());
 }
 
+TEST_F(RowPaintingTest, LettersGetSmallerWhereATextWouldBeCutButNotSmall) {
+  const QString words = QStringLiteral("2 days overdue");
+  font_.setPixelSize(32);
+  const int wanted = QFontMetrics(font_).horizontalAdvance(words) + 1;
+  EXPECT_EQ(FittingFont(font_, words, wanted), font_);
+  const QFont fitting = FittingFont(font_, words, wanted * 3 / 4);
+  EXPECT_LE(QFontMetrics(fitting).horizontalAdvance(words), wanted * 3 / 4);
+  EXPECT_GT(fitting.pixelSize(), 20);
+  EXPECT_EQ(FittingFont(font_, words, 10).pixelSize(), theme::kLeastTextPixels);
+  EXPECT_EQ(FittingFont(font_, words, 10, 20).pixelSize(), 20);
+}
+
+TEST_F(RowPaintingTest, SmallLettersStayAsTheyAre) {
+  font_.setPixelSize(theme::kLeastTextPixels - 2);
+  EXPECT_EQ(FittingFont(font_, QStringLiteral("until 12/21/2026"), 10), font_);
+}
+
 }  // namespace
 }  // namespace brovanta

@@ -1,12 +1,13 @@
 #include "ui/base/row_view.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QHeaderView>
 #include <QStandardItemModel>
 #include <QTest>
 #include <QTreeView>
 
+#include "tests/support/painted_texts.h"
 #include "ui/base/theme.h"
 
 namespace brovanta {
@@ -88,6 +89,25 @@ TEST_F(RowViewTest, AViewWithoutRowsIsDescribedByWhatItSays) {
   model_.appendRow(new QStandardItem(QStringLiteral("Milk")));
   DescribeEmptyView(view_, words);
   EXPECT_TRUE(view_.accessibleDescription().isEmpty());
+}
+
+TEST_F(RowViewTest, TheWordsOfALowListAreShownWhole) {
+  view_.empty_text = QStringLiteral("Nothing to buy on this day\nAdd a product with +.");
+  QFont large = view_.font();
+  large.setPixelSize(28);
+  view_.setFont(large);
+  view_.resize(240, 96);
+  const QRectF ground(view_.viewport()->rect());
+  int smallest = 28;
+  QString said;
+  for (const test::PaintedText& text : test::PaintedTexts(*view_.viewport(), false)) {
+    EXPECT_TRUE(ground.contains(text.whole)) << text.text.toStdString();
+    smallest = std::min(smallest, text.pixel_size);
+    said += text.text;
+  }
+  EXPECT_THAT(said.toStdString(), testing::HasSubstr("product with +."));
+  EXPECT_LT(smallest, 28);
+  EXPECT_GE(smallest, theme::kLeastTextPixels);
 }
 
 }  // namespace

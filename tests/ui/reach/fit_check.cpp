@@ -218,7 +218,7 @@ class Inspection {
 
 QStringList FitComplaints(QWidget& screen) {
   // What has found its place may give another control a new one.
-  for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+  for (int i = 0; i < 8; ++i) QCoreApplication::processEvents();
   return Inspection(screen).Complaints();
 }
 

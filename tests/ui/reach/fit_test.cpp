@@ -82,13 +82,40 @@ class SpoiledFitTest : public testing::Test {
   }
 
   std::vector<std::string> Complaints() { return Lines(FitComplaints(form_)); }
+  std::vector<std::string> Cut() {
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    form_.resize(form_.sizeHint());
+    return Lines(CutTexts(form_));
+  }
 
   QDialog form_;
   QLabel* label_ = new QLabel(QStringLiteral("Stores"));
   ColorButton* button_ = new ColorButton;
 };
 
-TEST_F(SpoiledFitTest, FitsBeforeThat) { EXPECT_THAT(Complaints(), IsEmpty()); }
+TEST_F(SpoiledFitTest, FitsBeforeThat) {
+  EXPECT_THAT(Complaints(), IsEmpty());
+  EXPECT_THAT(Cut(), IsEmpty());
+}
+
+TEST_F(SpoiledFitTest, ATextThatStandsOutOfItsControlIsSeen) {
+  label_->setFixedWidth(30);
+  EXPECT_THAT(Cut(), Contains(HasSubstr("label: \"Stores\" takes")));
+}
+
+TEST_F(SpoiledFitTest, DotsInTheProgramsOwnWordsAreSeenAndInTypedOnesAllowed) {
+  label_->setText(QStringLiteral("2 days ov\u2026"));
+  EXPECT_THAT(Cut(), Contains("label: \"2 days ov\u2026\" is cut"));
+  label_->setText(QStringLiteral("Extra virgin\u2026"));
+  EXPECT_THAT(Cut(), IsEmpty());
+}
+
+TEST_F(SpoiledFitTest, SmallPrintIsSeen) {
+  QFont font = label_->font();
+  font.setPixelSize(9);
+  label_->setFont(font);
+  EXPECT_THAT(Cut(), Contains("label: \"Stores\" is only 9 high"));
+}
 
 TEST_F(SpoiledFitTest, ACutTextIsSeen) {
   label_->setFixedWidth(10);

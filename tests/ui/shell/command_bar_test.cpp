@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
@@ -135,6 +136,20 @@ TEST_F(CommandBarTest, FitsANarrowScreenInLargePrint) {
   bar_.setFont(font);
   bar_.findChild<ColorButton*>(QStringLiteral("toolsButton"))->setFont(font);
   EXPECT_LE(bar_.minimumSizeHint().width(), 320);
+}
+
+TEST_F(CommandBarTest, StaysInOneLineOnTheNarrowestScreen) {
+  bar_.resize(240, 48);
+  QApplication::processEvents();
+  const auto* menu = bar_.findChild<ColorButton*>(QStringLiteral("toolsButton"));
+  int right = menu->geometry().right();
+  for (const QToolButton* tool : Tools()) {
+    EXPECT_GT(tool->x(), right);
+    EXPECT_LT(tool->y(), menu->geometry().bottom());
+    EXPECT_GE(tool->height(), 40);
+    right = tool->geometry().right();
+  }
+  EXPECT_LT(right, 240);
 }
 
 }  // namespace

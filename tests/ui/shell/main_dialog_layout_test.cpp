@@ -15,6 +15,11 @@ using testing::ElementsAre;
 
 using MainDialogLayoutTest = MainScreenTest;
 
+/// What has found its place may give another control a new one.
+void Settle() {
+  for (int i = 0; i < 8; ++i) QApplication::processEvents();
+}
+
 TEST_F(MainDialogLayoutTest, WindowCanBeMinimizedAndMaximizedAndStartsAtItsSize) {
   Open();
   EXPECT_TRUE(screen().windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
@@ -110,6 +115,37 @@ TEST_F(MainDialogLayoutTest, LowWideScreenPutsPeriodAndFiltersInOneLine) {
   screen().resize(360, 640);
   QApplication::processEvents();
   EXPECT_GT(y("storeFilterButton"), y("updateButton"));
+}
+
+TEST_F(MainDialogLayoutTest, TheSmallestScreenShowsEverythingWithoutScrolling) {
+  Open();
+  screen().resize(240, 320);
+  Settle();
+  for (const char* name : {"tabBar", "viewModeButton", "periodHeadingButton", "updateButton",
+                           "storeFilterButton", "categoryFilterButton", "toolsButton"}) {
+    const QWidget& control = Find<QWidget>(name);
+    EXPECT_EQ(control.visibleRegion().boundingRect(), control.rect()) << name;
+  }
+  const QWidget& list = *Find<RecordTree>("recordTree").viewport();
+  EXPECT_EQ(list.visibleRegion().boundingRect(), list.rect());
+  EXPECT_GE(list.height(), 2 * 48);
+}
+
+TEST_F(MainDialogLayoutTest, AFilterWithALongNameGoesBelowTheOther) {
+  AddProduct("Whole milk, 1 l", kToday, "Electro Hall at the old harbour and station");
+  Open();
+  screen().resize(240, 400);
+  Settle();
+  const auto y = [this](const char* name) {
+    return Find<QWidget>(name).mapTo(&screen(), QPoint(0, 0)).y();
+  };
+  EXPECT_EQ(y("storeFilterButton"), y("categoryFilterButton"));
+  auto& stores = Find<ColorButton>("storeFilterButton");
+  QTest::mouseClick(&stores, Qt::LeftButton);
+  stores.menu()->actions().last()->trigger();
+  stores.menu()->close();
+  Settle();
+  EXPECT_LT(y("storeFilterButton"), y("categoryFilterButton"));
 }
 
 }  // namespace

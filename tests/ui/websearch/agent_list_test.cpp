@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QTest>
 
+#include "tests/support/painted_texts.h"
 #include "ui/base/icons.h"
 #include "ui/base/theme.h"
 
@@ -131,6 +132,23 @@ TEST_F(AgentListTest, NoRowIsTakenByATap) {
   QTest::mouseClick(list_.viewport(), Qt::LeftButton, {},
                     list_.visualItemRect(list_.topLevelItem(0)).center());
   EXPECT_TRUE(list_.selectedItems().isEmpty());
+}
+
+TEST_F(AgentListTest, StatesInLargePrintStayWithinTheNarrowestScreen) {
+  QFont font = list_.font();
+  font.setPixelSize(28);
+  list_.setFont(font);
+  list_.AddAgent(1, QStringLiteral("Shop"));
+  list_.SetState(1, QStringLiteral("12345 results"));
+  list_.resize(230, 300);
+  list_.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&list_));
+  EXPECT_GE(list_.visualRect(list_.model()->index(0, 0)).width(), 100);
+  EXPECT_EQ(list_.visualRect(list_.model()->index(0, 1)).right(), list_.viewport()->rect().right());
+  QString said;
+  for (const test::PaintedText& text : test::PaintedTexts(*list_.viewport(), false))
+    said += text.text + u'|';
+  EXPECT_EQ(said.toStdString(), "Shop|12345 results|");
 }
 
 }  // namespace
