@@ -190,6 +190,9 @@ void ScrollWhole(QWidget& window) {
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area->setFocusPolicy(Qt::NoFocus);
   area->setWidget(content);
+  // The window paints the ground, once.
+  area->viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
   auto* const layout = new QVBoxLayout(&window);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(area);

@@ -18,7 +18,8 @@ int WidthInARow(const QLayout& line) {
 
 void SetSides(QLayout& line, int side) {
   const QMargins before = line.contentsMargins();
-  line.setContentsMargins(side, before.top(), side, before.bottom());
+  const QMargins sides(side, before.top(), side, before.bottom());
+  if (sides != before) line.setContentsMargins(sides);
 }
 
 int ArrangeFilters(QBoxLayout& line, int room) {
@@ -27,7 +28,9 @@ int ArrangeFilters(QBoxLayout& line, int room) {
   const int wanted = buttons + kFilterGap + 2 * kFilterSide;
   const bool close = wanted > room && buttons + 2 * kLeastSide <= room;
   SetSides(line, close ? kLeastSide : kFilterSide);
-  line.setSpacing(close ? 0 : kFilterGap);
+  const int gap = close ? 0 : kFilterGap;
+  // A line that is told what it has asks for an arrangement all the same, which brings us here.
+  if (line.spacing() != gap) line.setSpacing(gap);
   SetInARow(line, close || wanted <= room);
   return wanted;
 }

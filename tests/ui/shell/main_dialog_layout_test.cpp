@@ -131,6 +131,41 @@ TEST_F(MainDialogLayoutTest, TheSmallestScreenShowsEverythingWithoutScrolling) {
   EXPECT_GE(list.height(), 2 * 48);
 }
 
+/// Counts what a window or a part of it is told.
+class EventCount : public QObject {
+ public:
+  EventCount(QObject& watched, QEvent::Type type) : type_(type) {
+    watched.installEventFilter(this);
+  }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == type_) ++count;
+    return false;
+  }
+  int count = 0;
+
+ private:
+  QEvent::Type type_;
+};
+
+TEST_F(MainDialogLayoutTest, TheArrangementComesToRest) {
+  Open();
+  for (const QSize size : {QSize(360, 640), QSize(640, 360), QSize(240, 320), QSize(240, 300)}) {
+    screen().resize(size);
+    Settle();
+    const EventCount requests(*Find<QWidget>("recordTree").parentWidget(), QEvent::LayoutRequest);
+    Settle();
+    EXPECT_EQ(requests.count, 0) << size.width() << " x " << size.height();
+  }
+}
+
+TEST_F(MainDialogLayoutTest, TheWindowItselfIsPainted) {
+  Open();
+  const EventCount paints(screen(), QEvent::Paint);
+  screen().repaint();
+  Settle();
+  EXPECT_GT(paints.count, 0) << "nothing that covers it hides it from who waits for that";
+}
+
 TEST_F(MainDialogLayoutTest, AFilterWithALongNameGoesBelowTheOther) {
   AddProduct("Whole milk, 1 l", kToday, "Electro Hall at the old harbour and station");
   Open();
