@@ -18,7 +18,7 @@ constexpr int kMarkSize = 12;
 
 /// The font, smaller where large print would cut a heading's end off.
 QFont Fitting(const QFont& font, const QString& text, int width) {
-  constexpr double kSmallest = 0.6;
+  constexpr double kSmallest = 0.5;
   const int wanted = QFontMetrics(font).horizontalAdvance(text) + 1;
   if (wanted <= width) return font;
   return ScaledFont(font, std::max(kSmallest, 0.98 * width / wanted));
