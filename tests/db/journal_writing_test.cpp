@@ -19,7 +19,12 @@ using test::Hex;
 using test::kJournal;
 using test::TempFolder;
 
-class JournalWritingTest : public test::JournalFixture {};
+class CountedSyncs;
+
+class JournalWritingTest : public test::JournalFixture {
+ protected:
+  void RollBackInVain(Journal& journal, CountedSyncs& calls, const std::string& path);
+};
 
 TEST_F(JournalWritingTest, OneWriterHoldsIt) {
   Journal journal;
@@ -70,16 +75,22 @@ TEST_F(JournalWritingTest, OneThatMayBeFullOnTheDeviceIsNotHeld) {
   EXPECT_EQ(journal.Hold(Path()), 0);
 }
 
-TEST_F(JournalWritingTest, AfterARollBackThatMayNotHaveReachedTheDeviceItIsSyncedAgain) {
+// The journal was known to be empty on the device; a roll-back through this path fails then.
+void JournalWritingTest::RollBackInVain(Journal& journal, CountedSyncs& calls,
+                                        const std::string& path) {
   folder_.Write(kJournal, EncodeEmptyJournal());
-  CountedSyncs calls;
-  const SystemCallsInUse in_use(calls);
-  Journal journal;
   ASSERT_EQ(journal.Hold(Path()), 0);
   journal.Release();
   WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
   calls.fails = true;
-  EXPECT_EQ(RollBackJournal(Path()), ERR_IO);
+  EXPECT_EQ(RollBackJournal(path), ERR_IO);
+}
+
+TEST_F(JournalWritingTest, AfterARollBackThatMayNotHaveReachedTheDeviceItIsSyncedAgain) {
+  CountedSyncs calls;
+  const SystemCallsInUse in_use(calls);
+  Journal journal;
+  RollBackInVain(journal, calls, Path());
   ExpectEmptyJournal();
   calls.count = 0;
   EXPECT_EQ(journal.Hold(Path()), 0);
@@ -87,15 +98,10 @@ TEST_F(JournalWritingTest, AfterARollBackThatMayNotHaveReachedTheDeviceItIsSynce
 }
 
 TEST_F(JournalWritingTest, ThatIsTrueOfEveryNameOfTheFolder) {
-  folder_.Write(kJournal, EncodeEmptyJournal());
   CountedSyncs calls;
   const SystemCallsInUse in_use(calls);
   Journal journal;
-  ASSERT_EQ(journal.Hold(Path()), 0);
-  journal.Release();
-  WriteJournal({{UndoKind::kMade, "a.dat", 0, 0, {}}});
-  calls.fails = true;
-  EXPECT_EQ(RollBackJournal(folder_.path() + "/./backup.dat"), ERR_IO);
+  RollBackInVain(journal, calls, folder_.path() + "/./backup.dat");
   calls.count = 0;
   EXPECT_EQ(journal.Hold(Path()), 0);
   EXPECT_EQ(calls.count, 2);

@@ -8,6 +8,7 @@
 #include "db/journal.h"
 #include "db/unit_of_work.h"
 #include "platform/system_calls.h"
+#include "tests/db/unit_of_work_fixture.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta {
@@ -16,20 +17,8 @@ namespace {
 using platform::File;
 using platform::SystemCallsInUse;
 using test::Hex;
-using test::TempFolder;
 
-class UnitOfWorkPlacesTest : public testing::Test {
- protected:
-  std::string Path(const char* name) const { return folder_.path() + "\\" + name; }
-
-  UnitOfWork::FileIndex Adopt(UnitOfWork& work, const char* name) const {
-    File file;
-    EXPECT_TRUE(file.Open(Path(name), File::Mode::kReadWrite));
-    return work.Adopt(std::move(file), Path(name));
-  }
-
-  TempFolder folder_;
-};
+class UnitOfWorkPlacesTest : public test::UnitOfWorkFixture {};
 
 TEST_F(UnitOfWorkPlacesTest, AFileThatWasReplacedSinceItWasTakenOverIsNotWritten) {
   folder_.WriteText("a.dat", "0123456789");

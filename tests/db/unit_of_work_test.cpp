@@ -10,6 +10,7 @@
 #include "db/error_codes.h"
 #include "db/journal.h"
 #include "platform/text_file.h"
+#include "tests/db/unit_of_work_fixture.h"
 #include "tests/support/faulty_calls.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/write_limit.h"
@@ -26,18 +27,7 @@ using test::Hex;
 using test::TempFolder;
 using test::WriteLimit;
 
-class UnitOfWorkTest : public testing::Test {
- protected:
-  std::string Path(const char* name) const { return folder_.path() + "\\" + name; }
-
-  UnitOfWork::FileIndex Adopt(UnitOfWork& work, const char* name) const {
-    File file;
-    EXPECT_TRUE(file.Open(Path(name), File::Mode::kReadWrite));
-    return work.Adopt(std::move(file), Path(name));
-  }
-
-  TempFolder folder_;
-};
+class UnitOfWorkTest : public test::UnitOfWorkFixture {};
 
 TEST_F(UnitOfWorkTest, NothingChangesBeforeCommit) {
   folder_.WriteText("a.dat", "0123456789");
