@@ -32,6 +32,8 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME brovanta)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION utils)
+# Loaded when something is fetched, which is not seen in the programs.
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "libcurl4 | libcurl4t64")
 # Phones show it by Wayland; links open in the browser; shops are asked by https; in another language
 # the toolkit has words of its own.
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS

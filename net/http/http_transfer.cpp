@@ -12,11 +12,6 @@ namespace {
 constexpr int kPollMilliseconds = 50;  // how late a set cancel flag is noticed at most
 constexpr std::size_t kMaxHeaderBytes = std::size_t{256} * 1024;
 
-bool LibraryReady() {
-  static const bool ready = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
-  return ready;
-}
-
 bool IsBlankLine(std::string_view line) { return line == "\r\n" || line == "\n"; }
 
 }  // namespace
@@ -44,16 +39,16 @@ HttpTransfer::HttpTransfer(const HttpSession& session, HttpReceiver& receiver)
     : session_(session), receiver_(receiver) {}
 
 HttpTransfer::~HttpTransfer() {
-  if (added_) curl_multi_remove_handle(multi_.get(), easy_.get());
+  if (added_) curl_->multi_remove_handle(multi_.get(), easy_.get());
 }
 
 std::int32_t HttpTransfer::Prepare(const HttpUrl& url) {
-  if (!LibraryReady()) return kInternetInternalError;
-  easy_.reset(curl_easy_init());
-  multi_.reset(curl_multi_init());
+  if (curl_ == nullptr) return kInternetInternalError;
+  easy_.reset(curl_->easy_init());
+  multi_.reset(curl_->multi_init());
   if (easy_ == nullptr || multi_ == nullptr || !MakeHeaderList()) return kHttpNoMemory;
   if (!SetOptions(url)) return kInternetInternalError;
-  added_ = curl_multi_add_handle(multi_.get(), easy_.get()) == CURLM_OK;
+  added_ = curl_->multi_add_handle(multi_.get(), easy_.get()) == CURLM_OK;
   return added_ ? 0 : kInternetInternalError;
 }
 
@@ -63,7 +58,7 @@ bool HttpTransfer::MakeHeaderList() {
                                std::string("User-Agent: ") + session_.headers().user_agent,
                                "Proxy-Connection:"};
   for (const std::string& line : lines) {
-    curl_slist* const longer = curl_slist_append(header_list_.get(), line.c_str());
+    curl_slist* const longer = curl_->slist_append(header_list_.get(), line.c_str());
     if (longer == nullptr) return false;
     (void)header_list_.release();
     header_list_.reset(longer);
@@ -74,7 +69,7 @@ bool HttpTransfer::MakeHeaderList() {
 bool HttpTransfer::SetOptions(const HttpUrl& url) {
   bool set = true;
   const auto option = [&](CURLoption which, auto value) {
-    set = set && curl_easy_setopt(easy_.get(), which, value) == CURLE_OK;
+    set = set && curl_->easy_setopt(easy_.get(), which, value) == CURLE_OK;
   };
   option(CURLOPT_URL, url.Address().c_str());
   option(CURLOPT_PROTOCOLS_STR, "http");
@@ -103,11 +98,11 @@ std::int32_t HttpTransfer::Run() {
   for (;;) {
     if (session_.cancelled()) return HTTP_ERR_CANCELLED;
     int running = 0;
-    if (curl_multi_perform(multi_.get(), &running) != CURLM_OK) return kInternetInternalError;
+    if (curl_->multi_perform(multi_.get(), &running) != CURLM_OK) return kInternetInternalError;
     if (verdict_) return *verdict_;
     if (running == 0) return Result();
     if (SilentTooLong()) return kInternetTimedOut;
-    if (curl_multi_poll(multi_.get(), nullptr, 0, kPollMilliseconds, nullptr) != CURLM_OK) {
+    if (curl_->multi_poll(multi_.get(), nullptr, 0, kPollMilliseconds, nullptr) != CURLM_OK) {
       return kInternetInternalError;
     }
   }
@@ -115,7 +110,7 @@ std::int32_t HttpTransfer::Run() {
 
 std::int32_t HttpTransfer::Result() {
   int left = 0;
-  const CURLMsg* const message = curl_multi_info_read(multi_.get(), &left);
+  const CURLMsg* const message = curl_->multi_info_read(multi_.get(), &left);
   if (message == nullptr || message->msg != CURLMSG_DONE) return kInternetInternalError;
   const CURLcode code = message->data.result;
   // Headers that do not end are no answer. A single line beyond libcurl's own bound is reported as
@@ -173,7 +168,7 @@ void HttpTransfer::TakeHeaderLine(std::string_view line) {
 
 void HttpTransfer::TakeEndOfHeaders() {
   long status = 0;
-  curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
+  curl_->easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
   if (status >= 100 && status < 200) {
     headers_.clear();  // only announces the answer
     return;

@@ -1,14 +1,13 @@
 // The one place that speaks to libcurl: a single request from its first byte to its last.
 #pragma once
 
-#include <curl/curl.h>
-
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 
+#include "net/http/curl_library.h"
 #include "net/http/http_session.h"
 
 namespace brovanta {
@@ -24,7 +23,7 @@ class HttpTransfer {
   HttpTransfer& operator=(const HttpTransfer&) = delete;
   ~HttpTransfer();
 
-  /// 0, kHttpNoMemory or kInternetInternalError.
+  /// 0, kHttpNoMemory, or kInternetInternalError, also where the machine has no libcurl.
   [[nodiscard]] std::int32_t Prepare(const HttpUrl& url);
 
   /// 0 or a code of http_codes.h, as HttpSession::Get.
@@ -32,13 +31,13 @@ class HttpTransfer {
 
  private:
   struct EasyDeleter {
-    void operator()(CURL* easy) const { curl_easy_cleanup(easy); }
+    void operator()(CURL* easy) const { LoadCurl()->easy_cleanup(easy); }
   };
   struct MultiDeleter {
-    void operator()(CURLM* multi) const { curl_multi_cleanup(multi); }
+    void operator()(CURLM* multi) const { LoadCurl()->multi_cleanup(multi); }
   };
   struct ListDeleter {
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+    void operator()(curl_slist* list) const { LoadCurl()->slist_free_all(list); }
   };
   using Clock = std::chrono::steady_clock;
 
@@ -55,6 +54,7 @@ class HttpTransfer {
   void TakeHeaderLine(std::string_view line);
   void TakeEndOfHeaders();
 
+  const CurlLibrary* const curl_ = LoadCurl();  // null where there is none
   const HttpSession& session_;
   HttpReceiver& receiver_;
   std::unique_ptr<curl_slist, ListDeleter> header_list_;

@@ -1,11 +1,13 @@
 #include "net/http/http_url.h"
 
-#include <curl/curl.h>
+#include <strings.h>
 
 #include <algorithm>
 #include <charconv>
 #include <memory>
 #include <utility>
+
+#include "net/http/curl_library.h"
 
 namespace brovanta {
 namespace {
@@ -13,7 +15,7 @@ namespace {
 constexpr std::uint16_t kHttpPort = 80;
 
 struct UrlDeleter {
-  void operator()(CURLU* url) const { curl_url_cleanup(url); }
+  void operator()(CURLU* url) const { LoadCurl()->url_cleanup(url); }
 };
 using UrlHandle = std::unique_ptr<CURLU, UrlDeleter>;
 
@@ -48,8 +50,9 @@ std::string WithEncodedBlanks(std::string_view text) {
 // A part of the address, or nothing when it has none.
 std::optional<std::string> Part(CURLU* url, CURLUPart which, unsigned int flags) {
   char* text = nullptr;
-  if (curl_url_get(url, which, &text, flags) != CURLUE_OK) return std::nullopt;
-  const std::unique_ptr<char, decltype(&curl_free)> owned(text, &curl_free);
+  const CurlLibrary& curl = *LoadCurl();
+  if (curl.url_get(url, which, &text, flags) != CURLUE_OK) return std::nullopt;
+  const std::unique_ptr<char, decltype(curl.free)> owned(text, curl.free);
   return std::string(text);
 }
 
@@ -58,7 +61,7 @@ std::optional<std::string> Part(CURLU* url, CURLUPart which, unsigned int flags)
 bool HttpUrl::is_this_machine() const {
   const bool digits_and_points = server.find_first_not_of("0123456789.") == std::string::npos;
   return (digits_and_points && server.starts_with("127.")) || server == "[::1]" ||
-         curl_strequal(server.c_str(), "localhost") != 0;
+         strcasecmp(server.c_str(), "localhost") == 0;
 }
 
 std::string HttpUrl::Address() const {
@@ -71,9 +74,11 @@ namespace {
 
 std::optional<HttpUrl> SplitOnce(std::string_view address) {
   address = WithoutBlanksAround(address.substr(0, address.find('\0')));
-  const UrlHandle url(curl_url());
-  if (url == nullptr || curl_url_set(url.get(), CURLUPART_URL, WithEncodedBlanks(address).c_str(),
-                                     CURLU_NON_SUPPORT_SCHEME | CURLU_PATH_AS_IS) != CURLUE_OK) {
+  const CurlLibrary* const curl = LoadCurl();
+  if (curl == nullptr) return std::nullopt;
+  const UrlHandle url(curl->url());
+  if (url == nullptr || curl->url_set(url.get(), CURLUPART_URL, WithEncodedBlanks(address).c_str(),
+                                      CURLU_NON_SUPPORT_SCHEME | CURLU_PATH_AS_IS) != CURLUE_OK) {
     return std::nullopt;
   }
   const auto service = Part(url.get(), CURLUPART_SCHEME, 0);
