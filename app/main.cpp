@@ -1,12 +1,9 @@
-#include <QApplication>
 #include <cstdio>
-#include <future>
-#include <optional>
-#include <utility>
+#include <string>
+#include <vector>
 
 #include "app/command_line.h"
 #include "app/start_up.h"
-#include "ui/base/warm_up.h"
 
 int main(int argc, char** argv) {
   using brovanta::CommandLine;
@@ -36,17 +33,5 @@ int main(int argc, char** argv) {
     std::fputs("brovanta: there is no screen to show a window on\n", stderr);
     return brovanta::kExitNoData;
   }
-  // The arguments are all our own; the toolkit's go by its environment variables.
-  int toolkit_argc = argc > 0 ? 1 : 0;
-  std::optional<brovanta::ReadyData> data = brovanta::GetDataReady(line);
-  if (!data) return brovanta::kExitNoData;
-  const brovanta::WarmUp warm_up;
-  // Not while the window system is being connected to, which needs a processor as well.
-  std::promise<void> connected;
-  brovanta::BeginFirstRows(*data, connected.get_future().share());
-  const QApplication application(toolkit_argc, argv);
-  connected.set_value();
-  warm_up.Wait();
-  brovanta::PrepareToolkit(line.language);
-  return brovanta::RunProgram(std::move(*data));
+  return brovanta::RunOnScreen(line, argc, argv);
 }
