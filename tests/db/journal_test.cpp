@@ -8,6 +8,7 @@
 #include "tests/db/journal_fixture.h"
 #include "tests/support/faulty_calls.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/truncation_watch.h"
 
 namespace brovanta {
 namespace {
@@ -19,7 +20,7 @@ using test::Fault;
 using test::FaultyCalls;
 using test::Hex;
 using test::kJournal;
-using test::TempFolder;
+using test::TruncationWatch;
 
 class JournalTest : public test::JournalFixture {};
 
@@ -232,24 +233,12 @@ TEST_F(JournalTest, AnEmptiedJournalIsCutAndNoFileChanges) {
 }
 
 TEST_F(JournalTest, WhatIsPutBackIsWipedBehindItsEnd) {
-  class Watch : public platform::SystemCalls {
-   public:
-    explicit Watch(const TempFolder& folder) : folder_(folder) {}
-    int Truncate(int descriptor, off_t size) override {
-      if (size == 2) cut = folder_.ReadText("a.dat").value_or("");
-      return SystemCalls::Truncate(descriptor, size);
-    }
-    std::string cut;
-
-   private:
-    const TempFolder& folder_;
-  };
   folder_.WriteText("a.dat", "abcd");
   WriteJournal({{UndoKind::kOverwritten, "a.dat", 2, 2, {}}});
-  Watch calls(folder_);
+  TruncationWatch calls(folder_, "a.dat", off_t{2});
   const SystemCallsInUse in_use(calls);
   EXPECT_EQ(RollBackJournal(Path()), 0);
-  EXPECT_EQ(calls.cut, std::string("ab\0\0", 4));
+  EXPECT_EQ(calls.cut, Hex("61 62 00 00"));
   EXPECT_EQ(folder_.ReadText("a.dat"), "ab");
 }
 

@@ -7,6 +7,7 @@
 #include "db/unit_of_work.h"
 #include "tests/db/journal_fixture.h"
 #include "tests/support/faulty_calls.h"
+#include "tests/support/truncation_watch.h"
 
 namespace brovanta {
 namespace {
@@ -17,7 +18,7 @@ using test::Fault;
 using test::FaultyCalls;
 using test::Hex;
 using test::kJournal;
-using test::TempFolder;
+using test::TruncationWatch;
 
 class CountedSyncs;
 
@@ -158,30 +159,13 @@ TEST_F(JournalWritingTest, RecordsStandInItUntilItIsEmptied) {
 
 // What is only cut off may stand there again after a power loss.
 TEST_F(JournalWritingTest, ZerosStandInTheJournalWhenItIsCut) {
-  class Watch : public platform::SystemCalls {
-   public:
-    explicit Watch(const TempFolder& folder) : folder_(folder) {}
-    int Truncate(int descriptor, off_t size) override {
-      cut = folder_.Read(kJournal).value_or(Bytes());
-      return SystemCalls::Truncate(descriptor, size);
-    }
-    int Sync(int descriptor) override {
-      ++syncs;
-      return SystemCalls::Sync(descriptor);
-    }
-    Bytes cut;
-    int syncs = 0;
-
-   private:
-    const TempFolder& folder_;
-  };
   // Longer than one piece of zeros.
   const std::vector<UndoRecord> records = {
       {UndoKind::kReplaced, "a.dat", 100000, 0, Bytes(100000, std::byte{'a'})}};
   Journal journal;
   ASSERT_EQ(journal.Hold(Path()), 0);
   ASSERT_EQ(journal.Write(records), 0);
-  Watch calls(folder_);
+  TruncationWatch calls(folder_, kJournal, off_t{8});
   const SystemCallsInUse in_use(calls);
   ASSERT_EQ(journal.Empty(), 0);
   const std::size_t size = EncodeJournal(records).size();
