@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -92,6 +93,9 @@ void ModalDialog::Prepare() {
     if (area->minimumHeight() == 0) area->setMinimumHeight(kLowestArea);
     QScroller::grabGesture(area->viewport(), QScroller::TouchGesture);
   }
+  for (QPlainTextEdit* notes : findChildren<QPlainTextEdit*>()) {
+    notes->setMinimumHeight(kLowestArea);  // its own would take the place of the buttons
+  }
   for (QComboBox* list : findChildren<QComboBox*>()) {
     if (list->isEditable()) continue;
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -116,13 +120,30 @@ void ModalDialog::keyPressEvent(QKeyEvent* event) {
 
 void ModalDialog::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  FitWidth();
-  // The on-screen keyboard takes the lower half away. Queued: the areas get their new size later.
-  QMetaObject::invokeMethod(
-      this, [this] { ShowFocus(*this); }, Qt::QueuedConnection);
+  Arrange();
+  ShowFocusLater();  // the on-screen keyboard takes the lower half away
 }
 
-void ModalDialog::FitWidth() {
+bool ModalDialog::event(QEvent* event) {
+  // A control asks for another size: its text is another, or the print.
+  if (event->type() == QEvent::LayoutRequest && prepared_) Arrange();
+  return QDialog::event(event);
+}
+
+void ModalDialog::ShowFocusLater() {
+  const auto show = [this] { ShowFocus(*this); };
+  // Once the areas have their new size, and again once what was arranged anew in them has its
+  // place.
+  QMetaObject::invokeMethod(
+      this,
+      [this, show] {
+        show();
+        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+      },
+      Qt::QueuedConnection);
+}
+
+void ModalDialog::Arrange() {
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   for (FormColumns& form : forms_) form.Fit(width() - bar);
   FitButtonLines(*this);

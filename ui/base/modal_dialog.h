@@ -36,10 +36,18 @@ class ModalDialog : public QDialog {
   /// Enter presses the button that has the focus, else the form's default button.
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+  /// Arranges what stands elsewhere in another size of the window or of the print. Called whenever
+  /// these, or what parts of the dialog take, may have changed: it must leave alone what is right,
+  /// or it is called for ever. Those that arrange more call this one first.
+  virtual void Arrange();
+
+  /// The field with the focus is scrolled into view once everything has its new place.
+  void ShowFocusLater();
 
  private:
   void Prepare();
-  void FitWidth();
 
   std::vector<FormColumns> forms_;
   int cancel_result_;

@@ -226,8 +226,8 @@ void CouponPickerDialog::Select() {
   done(kCompleted);
 }
 
-void CouponPickerDialog::resizeEvent(QResizeEvent* event) {
-  ModalDialog::resizeEvent(event);
+void CouponPickerDialog::Arrange() {
+  ModalDialog::Arrange();
   const int selectors =
       WidthInARow(*form_->periodLayout) + ArrangeFilters(*form_->filterLayout, width());
   const bool low = height() < width();  // the list gets the height

@@ -32,7 +32,7 @@ class CouponPickerDialog : public ModalDialog {
   [[nodiscard]] const AppliedDiscount& picked() const { return picked_; }
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
+  void Arrange() override;
 
  private:
   void Connect();

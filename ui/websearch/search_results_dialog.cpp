@@ -152,8 +152,8 @@ void SearchResultsDialog::Remove(std::int32_t id) {
 
 void SearchResultsDialog::Say(const QString& sentence) { ShowMessage(this, sentence); }
 
-void SearchResultsDialog::resizeEvent(QResizeEvent* event) {
-  ModalDialog::resizeEvent(event);
+void SearchResultsDialog::Arrange() {
+  ModalDialog::Arrange();
   SetInARow(*form_->bottomLayout, height() < width());  // the list gets the height
 }
 

@@ -40,7 +40,7 @@ class SearchResultsDialog : public ModalDialog {
   void done(int result) override;
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
+  void Arrange() override;
 
  private:
   void AddCommands();

@@ -271,6 +271,26 @@ TEST_F(CouponPickerDialogTest, FitsItsScreens) {
   }
 }
 
+// The window keeps its size meanwhile.
+TEST_F(CouponPickerDialogTest, AFilterWithALongNameGoesBelowTheOther) {
+  Coupons({{.id = 2, .name = "Soap week", .stamp = kToday, .store_id = 9}});
+  Run([&] {
+    dialog_->resize(240, 400);
+    const auto below = [this] {
+      for (int i = 0; i < 8; ++i) QCoreApplication::processEvents();
+      const QPoint zero(0, 0);
+      return Find("categoryFilterButton")->mapTo(dialog_, zero).y() -
+             Find("storeFilterButton")->mapTo(dialog_, zero).y();
+    };
+    EXPECT_EQ(below(), 0);
+    ChooseInMenu("storeFilterButton", QStringLiteral("Fifteen charact"));
+    EXPECT_GE(below(), Find("storeFilterButton")->height());
+    EXPECT_EQ(test::Clipped(dialog_), "");
+    ChooseInMenu("storeFilterButton", QStringLiteral("All Stores"));
+    EXPECT_EQ(below(), 0);
+  });
+}
+
 TEST_F(CouponPickerDialogTest, TheTabOrderFollowsTheEye) {
   Coupons({{.id = 2, .name = "soap"}});
   Run([&] {
