@@ -7,6 +7,7 @@
 #include "ui/base/input_panel.h"
 #include "ui/base/message_box.h"
 #include "ui/base/notes_field.h"
+#include "ui/base/row_layout.h"
 #include "ui/base/theme.h"
 #include "ui/base/wide_text.h"
 #include "ui/product/product_numbers.h"
@@ -18,6 +19,8 @@ namespace {
 constexpr int kNotesTab = 1;
 constexpr std::int16_t kCouponSource = 1;
 constexpr std::int16_t kDealSource = 2;
+constexpr int kLowestForm = 56;   // a field and a little around it
+constexpr int kOverApplyBox = 4;  // as in the form
 
 /// Selects the item with this data, nothing when there is none.
 void SelectData(QComboBox& box, int data) { box.setCurrentIndex(box.findData(data)); }
@@ -105,7 +108,7 @@ void DiscountDialog::ShowRecord() {
 void DiscountDialog::ShowMode(int mode) {
   const bool from_product = mode == kApplyDiscountMode || mode == kAppliedDiscountMode;
   if (from_product) form_->viewButton->hide();
-  form_->applyBox->setVisible(from_product);
+  form_->applyRow->setVisible(from_product);
   form_->applyBox->setChecked(mode == kAppliedDiscountMode);
 }
 
@@ -126,6 +129,57 @@ void DiscountDialog::SetUpInput() {
             &DiscountDialog::Accept);
   }
   form_->couponNameEdit->setFocus();
+}
+
+void DiscountDialog::Arrange() {
+  ModalDialog::Arrange();
+  if (form_->applyRow->isHidden()) return;
+  const ApplyPlace place = FittingApplyPlace();
+  if (place != apply_place_) PutApplyRow(place);
+}
+
+// OK without the tick empties a slot that the search filled, so the box must not have to be looked
+// for as long as there is room for it.
+DiscountDialog::ApplyPlace DiscountDialog::FittingApplyPlace() const {
+  const WrappedCheckBox& box = *form_->applyBox;
+  const QSize buttons = form_->buttonRow->sizeHint();
+  const int room = height() - form_->tabBar->sizeHint().height() - kLowestForm;
+  const int above = kOverApplyBox + box.heightForWidth(width() - 2 * theme::kMargin);
+  if (above + buttons.height() <= room) return ApplyPlace::kAboveButtons;
+  const QMargins around = form_->buttonLayout->contentsMargins();
+  const int beside = width() - around.left() - buttons.width();
+  const int high = around.top() + box.heightForWidth(beside) + around.bottom();
+  const bool in_a_row = box.minimumSizeHint().width() <= beside && high <= room;
+  return in_a_row && buttons.height() <= room ? ApplyPlace::kBesideButtons : ApplyPlace::kInForm;
+}
+
+QMargins DiscountDialog::AroundApplyBox(ApplyPlace place) const {
+  const QMargins buttons = form_->buttonLayout->contentsMargins();
+  switch (place) {
+    case ApplyPlace::kAboveButtons:
+      return {theme::kMargin, kOverApplyBox, theme::kMargin, 0};
+    case ApplyPlace::kBesideButtons:
+      return {theme::kMargin, buttons.top(), 0, buttons.bottom()};
+    case ApplyPlace::kInForm:
+      return {0, kOverApplyBox, 0, 0};
+  }
+  return {};
+}
+
+void DiscountDialog::PutApplyRow(ApplyPlace place) {
+  const bool had_focus = form_->applyBox->hasFocus();
+  const bool beside = place == ApplyPlace::kBesideButtons;
+  if (place == ApplyPlace::kInForm) {
+    form_->scrolledLayout->addWidget(form_->applyRow);
+  } else {
+    form_->bottomLayout->insertWidget(0, form_->applyRow, beside ? 1 : 0);
+  }
+  form_->applyLayout->setContentsMargins(AroundApplyBox(place));
+  SetInARow(*form_->bottomLayout, beside);
+  form_->applyRow->show();
+  if (had_focus) form_->applyBox->setFocus();
+  apply_place_ = place;
+  ShowFocusLater();
 }
 
 void DiscountDialog::OnTabChanged(int index) {

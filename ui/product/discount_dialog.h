@@ -1,6 +1,7 @@
 // The form in which a discount (coupon) is made or edited.
 #pragma once
 
+#include <QMargins>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,7 +23,9 @@ inline constexpr int kApplyDiscountMode = 2;
 inline constexpr int kAppliedDiscountMode = 3;
 
 /// Ends with 0 once the discount is saved, with the cancel result otherwise. Whatever a message
-/// says, everything typed stays in the form.
+/// says, everything typed stays in the form. The apply check box is in sight on both tabs; where
+/// that would leave no room to type in, as beside the on-screen keyboard of a small screen, it is
+/// the last line of the form and scrolls with it.
 class DiscountDialog : public ModalDialog {
   Q_OBJECT
 
@@ -40,7 +43,13 @@ class DiscountDialog : public ModalDialog {
   /// After a result of 0: whether the discount is to be applied to the current product.
   [[nodiscard]] bool apply_chosen() const { return apply_chosen_; }
 
+ protected:
+  void Arrange() override;
+
  private:
+  /// Where the apply check box stands.
+  enum class ApplyPlace { kAboveButtons, kBesideButtons, kInForm };
+
   void InsertTabs();
   void PaintLabels();
   void FillLists();
@@ -48,6 +57,9 @@ class DiscountDialog : public ModalDialog {
   void SetUpInput();
   void ShowRecord();
   void ShowMode(int mode);
+  [[nodiscard]] ApplyPlace FittingApplyPlace() const;
+  [[nodiscard]] QMargins AroundApplyBox(ApplyPlace place) const;
+  void PutApplyRow(ApplyPlace place);
   void OnTabChanged(int index);
   void ViewOnTheWeb();
 
@@ -63,6 +75,7 @@ class DiscountDialog : public ModalDialog {
   std::string update_server_;
   AppliedDiscount saved_;
   bool apply_chosen_ = false;
+  ApplyPlace apply_place_ = ApplyPlace::kAboveButtons;
   std::unique_ptr<Ui::DiscountForm> form_;
 };
 

@@ -22,9 +22,21 @@ namespace {
 using test::kDay;
 using test::kToday;
 
+/// A whole screen and what the on-screen keyboard leaves of one that lies and one that stands.
+const QList<QSize> kFormSizes = {{360, 640}, {640, 180}, {240, 160}};
+
 class DiscountDialogTest : public test::DiscountFormTest {
  protected:
   DateStamp Date(const char* name) { return Find<OptionalDateEdit>(name)->Stamp(); }
+  QRect PlaceOf(const char* name) {
+    const QWidget* part = Find(name);
+    return {part->mapTo(dialog_, QPoint(0, 0)), part->size()};
+  }
+  void GiveSize(QSize size) {
+    dialog_->resize(size);
+    for (int i = 0; i < 8; ++i) QCoreApplication::processEvents();
+    EXPECT_EQ(dialog_->size(), size);
+  }
 
   test::BrowserStandIn browser_;
 };
@@ -283,7 +295,7 @@ TEST_F(DiscountDialogTest, FitsItsScreens) {
       QWidget* last = Find(edit ? "viewButton" : "endDateEdit");
       // The whole form without scrolling.
       EXPECT_LE(last->mapTo(dialog_, QPoint(0, last->height())).y(),
-                Find(edit ? "buttonRow" : "applyBox")->y());
+                PlaceOf(edit ? "buttonRow" : "applyBox").top());
     });
   }
   Add([&] { test::SavePicture(dialog_, QStringLiteral("discount_new")); });
@@ -309,15 +321,70 @@ TEST_F(DiscountDialogTest, TheCheckBoxIsInSightOnEveryScreenAndTab) {
   }
 }
 
+// As beside the on-screen keyboard of a screen that lies.
+TEST_F(DiscountDialogTest, OnAWideLowWindowTheCheckBoxStandsBesideTheButtons) {
+  const DiscountRecord record = Stored(7, 1, Full());
+  Run(&record, kApplyDiscountMode, [&] {
+    GiveSize({640, 180});
+    auto* bar = Find<QTabBar>("tabBar");
+    for (const int tab : {1, 0}) {
+      QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center());
+      EXPECT_EQ(PlaceOf("applyBox").center().y(), PlaceOf("okButton").center().y());
+      EXPECT_LT(PlaceOf("applyBox").right(), PlaceOf("okButton").left());
+      EXPECT_EQ(Find("applyBox")->visibleRegion().boundingRect(), Find("applyBox")->rect());
+    }
+    EXPECT_EQ(test::Clipped(dialog_), "");
+    GiveSize({640, 360});
+    EXPECT_GT(PlaceOf("okButton").top(), PlaceOf("applyBox").bottom());
+  });
+}
+
+TEST_F(DiscountDialogTest, WhereThereIsNoRoomTheCheckBoxEndsTheForm) {
+  const DiscountRecord record = Stored(7, 1, Full());
+  const int result = Run(&record, kApplyDiscountMode, [&] {
+    GiveSize({240, 160});
+    EXPECT_TRUE(Find("scrollArea")->isAncestorOf(Find("applyBox")));
+    EXPECT_GE(Find("okButton")->height(), 40);
+    Find("endDateEdit")->setFocus();
+    Find("applyBox")->setFocus();
+    QTest::keyClick(Find("applyBox"), Qt::Key_Space);
+    QTest::qWait(0);
+    EXPECT_EQ(Find("applyBox")->visibleRegion().boundingRect(), Find("applyBox")->rect());
+    EXPECT_GT(PlaceOf("applyBox").top(), PlaceOf("endDateEdit").bottom());
+    GiveSize({240, 320});
+    EXPECT_FALSE(Find("scrollArea")->isAncestorOf(Find("applyBox")));
+    EXPECT_TRUE(Find("applyBox")->hasFocus()) << "wherever it stands";
+    EXPECT_TRUE(Find<QCheckBox>("applyBox")->isChecked());
+    GiveSize({240, 160});
+    EXPECT_TRUE(Find("applyBox")->hasFocus());
+    Press("okButton");
+  });
+  EXPECT_EQ(result, 0);
+  EXPECT_TRUE(apply_chosen_);
+}
+
+TEST_F(DiscountDialogTest, WithoutAProductNoSizeShowsTheCheckBox) {
+  Add([&] {
+    for (const QSize& size : kFormSizes) {
+      GiveSize(size);
+      EXPECT_FALSE(Find("applyBox")->isVisible());
+      EXPECT_GE(Find("okButton")->height(), 40);
+    }
+  });
+}
+
 TEST_F(DiscountDialogTest, TheTabOrderFollowsTheEye) {
   const DiscountRecord record = Stored(0, 0, Full());
-  Run(&record, kAppliedDiscountMode, [&] {
-    Find("couponNameEdit")->setFocus();
-    EXPECT_EQ(test::TabOrder(dialog_),
-              "couponNameEdit typeBox productBox valueTypeBox valueEdit categoryBox storeBox "
-              "hasDateBox dateEdit dateEdit dateEdit "  // month, day and year
-              "hasDateBox dateEdit dateEdit dateEdit applyBox okButton cancelButton tabBar");
-  });
+  for (const QSize& size : kFormSizes) {
+    Run(&record, kAppliedDiscountMode, [&] {
+      GiveSize(size);
+      Find("couponNameEdit")->setFocus();
+      EXPECT_EQ(test::TabOrder(dialog_),
+                "couponNameEdit typeBox productBox valueTypeBox valueEdit categoryBox storeBox "
+                "hasDateBox dateEdit dateEdit dateEdit "  // month, day and year
+                "hasDateBox dateEdit dateEdit dateEdit applyBox okButton cancelButton tabBar");
+    });
+  }
 }
 
 }  // namespace
