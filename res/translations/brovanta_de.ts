@@ -25,21 +25,15 @@
     </message>
 </context>
 <context>
-    <name>DateField</name>
-    <message>
-        <source>MM/dd/yyyy</source>
-        <translation>dd.MM.yyyy</translation>
-    </message>
-</context>
-<context>
     <name>DateHeadings</name>
     <message>
         <source>Unknown date</source>
         <translation>Datum unbekannt</translation>
     </message>
     <message>
-        <source>dddd M/d/yyyy</source>
-        <translation>dddd, d.M.yyyy</translation>
+        <source>%1 %2</source>
+        <extracomment>Weekday and date.</extracomment>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -47,10 +41,6 @@
     <message>
         <source>Coupon</source>
         <translation>Gutschein</translation>
-    </message>
-    <message>
-        <source>Coupon or notes</source>
-        <translation>Gutschein oder Notizen</translation>
     </message>
     <message>
         <source>Coupon:</source>
@@ -66,7 +56,7 @@
     </message>
     <message>
         <source>Value Type:</source>
-        <translation>Wertart:</translation>
+        <translation>Art des Werts:</translation>
     </message>
     <message>
         <source>Value:</source>
@@ -111,10 +101,6 @@
 </context>
 <context>
     <name>DiscountWords</name>
-    <message>
-        <source>M/d/yyyy</source>
-        <translation>d.M.yyyy</translation>
-    </message>
     <message>
         <source>%1% off</source>
         <translation>%1 % Rabatt</translation>
@@ -191,10 +177,6 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
         <translation>Zeigt eine Kategorie oder alle</translation>
     </message>
     <message>
-        <source>Lists</source>
-        <translation>Listen</translation>
-    </message>
-    <message>
         <source>Pick a date</source>
         <translation>Datum wählen</translation>
     </message>
@@ -230,7 +212,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
     <message>
         <source>Brovanta can automatically add the sales tax to your purchases.</source>
-        <translation>Brovanta kann die Mehrwertsteuer von selbst zu Ihren Einkäufen hinzurechnen.</translation>
+        <translation>Brovanta kann die Mehrwertsteuer automatisch zu Ihren Einkäufen hinzurechnen.</translation>
     </message>
     <message>
         <source>Tax (%):</source>
@@ -330,10 +312,6 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     <message>
         <source>Product</source>
         <translation>Produkt</translation>
-    </message>
-    <message>
-        <source>Product or notes</source>
-        <translation>Produkt oder Notizen</translation>
     </message>
     <message>
         <source>Product:</source>
@@ -503,7 +481,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
     <message>
         <source>This list could not be read</source>
-        <translation>Diese Liste war nicht zu lesen</translation>
+        <translation>Diese Liste konnte nicht gelesen werden</translation>
     </message>
     <message>
         <source>The program brovanta-data checks files and brings copies back.</source>
@@ -515,7 +493,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
     <message>
         <source>Find and Clear show everything again.</source>
-        <translation>Suchen und Leeren zeigen wieder alles.</translation>
+        <translation>„Suchen“ und „Leeren“ zeigen wieder alles.</translation>
     </message>
     <message>
         <source>Nothing of this choice %1</source>
@@ -523,7 +501,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
     <message>
         <source>All Stores and All Categories show everything again.</source>
-        <translation>Alle Läden und Alle Kategorien zeigen wieder alles.</translation>
+        <translation>„Alle Läden“ und „Alle Kategorien“ zeigen wieder alles.</translation>
     </message>
     <message>
         <source>No coupons %1</source>
@@ -531,7 +509,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
     <message>
         <source>Add one with +, or get new ones by Update.</source>
-        <translation>Mit + einen hinzufügen oder neue durch Aktualisieren holen.</translation>
+        <translation>Mit + einen hinzufügen oder neue mit „Aktualisieren“ holen.</translation>
     </message>
     <message>
         <source>No saved web searches %1</source>
@@ -828,7 +806,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
     <message>
         <source>The coupons could not be read</source>
-        <translation>Die Gutscheine waren nicht zu lesen</translation>
+        <translation>Die Gutscheine konnten nicht gelesen werden</translation>
     </message>
     <message>
         <source>The program brovanta-data checks files and brings copies back.</source>
@@ -840,7 +818,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
     <message>
         <source>Find and Clear show everything again.</source>
-        <translation>Suchen und Leeren zeigen wieder alles.</translation>
+        <translation>„Suchen“ und „Leeren“ zeigen wieder alles.</translation>
     </message>
     <message>
         <source>Nothing of this choice %1</source>
@@ -848,7 +826,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     </message>
     <message>
         <source>All Stores and All Categories show everything again.</source>
-        <translation>Alle Läden und Alle Kategorien zeigen wieder alles.</translation>
+        <translation>„Alle Läden“ und „Alle Kategorien“ zeigen wieder alles.</translation>
     </message>
     <message>
         <source>No coupons %1</source>
@@ -921,7 +899,7 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
         <source>Brovanta found %1 discounts for the current product.<byte value="xd"/>
 <byte value="xd"/>
 Please review and validate each discount applied.</source>
-        <translation>Zahl der Rabatte, die Brovanta für dieses Produkt gefunden hat: %1.<byte value="xd"/>
+        <translation>Brovanta hat %1 Rabatte für dieses Produkt gefunden.<byte value="xd"/>
 <byte value="xd"/>
 Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translation>
     </message>
@@ -990,7 +968,7 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
     </message>
     <message>
         <source>You must select a value type for this discount.</source>
-        <translation>Bitte wählen Sie eine Wertart für diesen Rabatt.</translation>
+        <translation>Bitte wählen Sie die Art des Werts für diesen Rabatt.</translation>
     </message>
     <message>
         <source>You must select a discount type for this discount.</source>
@@ -1014,7 +992,7 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
     </message>
     <message>
         <source>none</source>
-        <translation>keine</translation>
+        <translation>ohne</translation>
     </message>
 </context>
 <context>
@@ -1055,7 +1033,7 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
     <name>brovanta::NameCombo</name>
     <message>
         <source>none</source>
-        <translation>keine</translation>
+        <translation>ohne</translation>
     </message>
 </context>
 <context>
@@ -1284,7 +1262,7 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
 Please use the Update command to download the latest web search agents configuration file.</source>
         <translation>Beim Laden der Konfigurationsdatei der Suchagenten ist ein Fehler aufgetreten.<byte value="xd"/>
 <byte value="xd"/>
-Bitte laden Sie mit Aktualisieren die neueste Konfigurationsdatei der Suchagenten herunter.</translation>
+Bitte laden Sie mit „Aktualisieren“ die neueste Konfigurationsdatei der Suchagenten herunter.</translation>
     </message>
     <message>
         <source>There are no search categories defined in the web search agents configuration file.<byte value="xd"/>
@@ -1292,7 +1270,7 @@ Bitte laden Sie mit Aktualisieren die neueste Konfigurationsdatei der Suchagente
 Please use the Update command to download the latest web search agents configuration file.</source>
         <translation>In der Konfigurationsdatei der Suchagenten stehen keine Kategorien.<byte value="xd"/>
 <byte value="xd"/>
-Bitte laden Sie mit Aktualisieren die neueste Konfigurationsdatei der Suchagenten herunter.</translation>
+Bitte laden Sie mit „Aktualisieren“ die neueste Konfigurationsdatei der Suchagenten herunter.</translation>
     </message>
     <message>
         <source>You must first enter the item name for the item that you want to search for.</source>
@@ -1342,11 +1320,11 @@ Bitte laden Sie mit Aktualisieren die neueste Konfigurationsdatei der Suchagente
     </message>
     <message>
         <source>Brovanta found %1 search results.</source>
-        <translation>Ergebnisse, die Brovanta gefunden hat: %1.</translation>
+        <translation>Brovanta hat %1 Suchergebnisse gefunden.</translation>
     </message>
     <message>
         <source>Brovanta found no search results.</source>
-        <translation>Brovanta hat nichts gefunden.</translation>
+        <translation>Brovanta hat keine Suchergebnisse gefunden.</translation>
     </message>
     <message>
         <source>There was an error while saving the search results.<byte value="xd"/>
@@ -1394,7 +1372,7 @@ Bitte versuchen Sie die Suche noch einmal.</translation>
     </message>
     <message>
         <source>The results could not be read</source>
-        <translation>Die Ergebnisse waren nicht zu lesen</translation>
+        <translation>Die Ergebnisse konnten nicht gelesen werden</translation>
     </message>
     <message>
         <source>There was an error while reading the search results from the database.</source>

@@ -262,8 +262,11 @@ TEST_F(StartUpTest, TheLocaleAloneChangesNothingALanguageThatIsAskedForDoes) {
   PrepareToolkit("de");
   EXPECT_TRUE(SpeaksTranslated());
   EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
-  PrepareToolkit("en");
+  PrepareToolkit("en_GB");
   EXPECT_FALSE(SpeaksTranslated());
+  EXPECT_EQ(SpokenLocale().territory(), QLocale::UnitedKingdom);
+  PrepareToolkit("en");
+  EXPECT_EQ(SpokenLocale().territory(), QLocale::UnitedStates);
 }
 
 TEST_F(StartUpTest, NumbersKeepTheirPointAndTheWindowItsDesktopFile) {

@@ -78,7 +78,7 @@ void SetUpDateField(QDateEdit& field) {
   field.setLocale(SpokenLocale());
   field.setCalendarPopup(true);
   field.setDateRange(FirstPickableDate(), LastPickableDate());
-  field.setDisplayFormat(QCoreApplication::translate("DateField", "MM/dd/yyyy"));
+  field.setDisplayFormat(DateEntryForm());
   field.setDate(TodayDate());
   DressCalendar(*field.calendarWidget());
   const QSize room = field.screen()->size() - kAroundCalendar;

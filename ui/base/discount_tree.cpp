@@ -17,13 +17,17 @@ int FillDiscountTree(RecordTree& tree, ShoppingDatabase& database, const Discoun
   for (const DiscountRecord* record = discounts.First(); record != nullptr;
        record = discounts.Next()) {
     const QString store = stores.Of(record->StoreId);
-    if (look.coupon_name != nullptr) cut = look.coupon_name(record->Name.view());
+    RowDetail detail{.note = DiscountWords(*record)};
+    if (look.coupon_name != nullptr) {
+      cut = look.coupon_name(record->Name.view());
+      detail.spoken = SpokenNames(record->Name.view(), store);  // nothing is too long to be heard
+    }
     headings.Add(record->Stamp,
                  {.id = record->Id,
                   .purchaseType = record->Source,
                   .name = look.coupon_name != nullptr ? cut : record->Name.view(),
                   .storeName = look.store_name != nullptr ? look.store_name(store) : store},
-                 {.note = DiscountWords(*record)});
+                 std::move(detail));
   }
   tree.SetRows(headings.Take());
   return 0;

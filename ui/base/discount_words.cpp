@@ -14,15 +14,13 @@ constexpr std::uint16_t kPercent = 1;
 QString Words(const char* english) { return QCoreApplication::translate("DiscountWords", english); }
 
 QString ShortDate(DateStamp stamp) {
-  return SpokenLocale().toString(DateOfStamp(stamp),
-                                 Words(QT_TRANSLATE_NOOP("DiscountWords", "M/d/yyyy")));
+  return SpokenLocale().toString(DateOfStamp(stamp), ShortDateForm());
 }
 
 QString ValueWords(const DiscountRecord& discount) {
   QString number = QString::fromStdString(FormatTwoDecimals(discount.Value));
   const bool percent = discount.ValueType == kPercent;
   if (percent && number.endsWith(QLatin1String(".00"))) number.chop(3);
-  number.replace(QLatin1String("."), SpokenLocale().decimalPoint());
   return (percent ? Words(QT_TRANSLATE_NOOP("DiscountWords", "%1% off"))
                   : Words(QT_TRANSLATE_NOOP("DiscountWords", "%1 off")))
       .arg(number);

@@ -53,6 +53,15 @@ void Install(QTranslator*& translator, const QString& file, const QString& folde
   if (translator->load(file, folder)) QCoreApplication::installTranslator(translator);
 }
 
+/// The short date of the locale with the year in full; day and month as they are asked for.
+QString LocalesForm(const QString& day, const QString& month) {
+  static const QRegularExpression kDay(QStringLiteral("d+"));
+  static const QRegularExpression kMonth(QStringLiteral("M+"));
+  static const QRegularExpression kYear(QStringLiteral("y+"));
+  QString form = Current().locale.dateFormat(QLocale::ShortFormat);
+  return form.replace(kDay, day).replace(kMonth, month).replace(kYear, QStringLiteral("yyyy"));
+}
+
 }  // namespace
 
 QStringList KnownLanguages() {
@@ -70,11 +79,10 @@ QStringList KnownLanguages() {
 std::optional<QString> LanguageFor(const QString& asked, const QStringList& of_user) {
   const QStringList known = KnownLanguages();
   if (asked != QLatin1String("system")) {
-    const QString code = CodeOf(asked);
-    return known.contains(code) ? std::optional(code) : std::nullopt;
+    return known.contains(CodeOf(asked)) ? std::optional(asked) : std::nullopt;
   }
   for (const QString& name : of_user) {
-    if (const QString code = CodeOf(name); known.contains(code)) return code;
+    if (known.contains(CodeOf(name))) return name;
   }
   return kEnglish;
 }
@@ -84,16 +92,23 @@ void SpeakLanguage(const QString& language) {
   Speech& speech = Current();
   delete std::exchange(speech.program, nullptr);
   delete std::exchange(speech.toolkit, nullptr);
-  speech.translated = language != kEnglish;
-  speech.locale = speech.translated ? QLocale(language) : EnglishLocale();
+  const QString code = CodeOf(language);
+  speech.translated = code != kEnglish;
+  speech.locale = language == kEnglish ? EnglishLocale() : QLocale(language);
   if (!speech.translated) return;
-  Install(speech.toolkit, QStringLiteral("qtbase_") + language,
+  Install(speech.toolkit, QStringLiteral("qtbase_") + code,
           QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-  Install(speech.program, kFileStart + language, kFolder);
+  Install(speech.program, kFileStart + code, kFolder);
 }
 
 bool SpeaksTranslated() { return Current().translated; }
 
 const QLocale& SpokenLocale() { return Current().locale; }
+
+bool HasDocumentedDates() { return Current().locale == EnglishLocale(); }
+
+QString ShortDateForm() { return LocalesForm(QStringLiteral("d"), QStringLiteral("M")); }
+
+QString DateEntryForm() { return LocalesForm(QStringLiteral("dd"), QStringLiteral("MM")); }
 
 }  // namespace brovanta

@@ -21,7 +21,16 @@ QString EveryWords(int count, const char* single, const char* plural) {
   return count <= 1 ? Words(single) : Words(plural).arg(count);
 }
 
+QString Sentence(QStringList parts) {
+  parts.removeAll(QString());
+  return parts.join(QLatin1String(", "));
+}
+
 }  // namespace
+
+QString SpokenNames(std::string_view name, const QString& store) {
+  return Sentence({WideText(name), store});
+}
 
 DetailWords DueWords(DateStamp due, DateStamp today) {
   if (due == kNoDate) return {};
@@ -56,9 +65,11 @@ bool IsRecurring(int purchase_kind) {
 
 QString HeadingRow::Words() const {
   if (date_ == kNoDate) return QCoreApplication::translate("DateHeadings", "Unknown date");
-  if (SpeaksTranslated()) {
-    return SpokenLocale().toString(DateOfStamp(date_),
-                                   QCoreApplication::translate("DateHeadings", "dddd M/d/yyyy"));
+  if (!HasDocumentedDates()) {
+    //: Weekday and date.
+    return QCoreApplication::translate("DateHeadings", "%1 %2")
+        .arg(SpokenLocale().toString(DateOfStamp(date_), QStringLiteral("dddd")),
+             SpokenLocale().toString(DateOfStamp(date_), ShortDateForm()));
   }
   std::array<char, kDayDateSize> text{};
   FormatDayDate(date_, text);
@@ -83,10 +94,10 @@ DetailWords RecordRow::Words() const {
 }
 
 QString RecordRow::AccessibleText() const {
-  QStringList parts{WideText(content_.name), content_.storeName, Words().text,
-                    RecurrenceWords(detail_.recurrence_kind, detail_.every, detail_.day_value)};
-  parts.removeAll(QString());
-  return parts.join(QLatin1String(", "));
+  const bool cut = !detail_.spoken.isEmpty();
+  return Sentence({cut ? detail_.spoken : SpokenNames(content_.name, content_.storeName),
+                   Words().text,
+                   RecurrenceWords(detail_.recurrence_kind, detail_.every, detail_.day_value)});
 }
 
 }  // namespace brovanta

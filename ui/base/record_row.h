@@ -27,8 +27,9 @@ struct RecordContent {
   QString storeName = {};
 };
 
-/// What a row shows below its name.
+/// What a row says besides its name and store.
 struct RowDetail {
+  QString spoken = {};                ///< name and store to screen readers; empty = as shown
   QString note = {};                  ///< fixed words, or
   bool shows_due = false;             ///< words for `due` as of the day on which they are read
   DateStamp due = kNoDate;            ///< kNoDate = no words
@@ -48,6 +49,9 @@ struct DetailWords {
 
 /// "daily", "every 3 days", "weekly", "every 2 months", "yearly"; empty for what does not recur.
 [[nodiscard]] QString RecurrenceWords(int purchase_kind, int every, int day_value);
+
+/// "Milk, Corner Shop", as a screen reader says it. The name is stored text.
+[[nodiscard]] QString SpokenNames(std::string_view name, const QString& store);
 
 /// Whether a product of this kind comes again: daily, weekly or monthly.
 [[nodiscard]] bool IsRecurring(int purchase_kind);

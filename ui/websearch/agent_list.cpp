@@ -59,8 +59,6 @@ void AgentList::SetState(std::int32_t id, const QString& state) {
   QTreeWidgetItem* const row = RowOf(id);
   if (row == nullptr) return;
   row->setText(kStatusColumn, state);
-  row->setData(kAgentColumn, Qt::AccessibleTextRole,
-               QStringLiteral("%1, %2").arg(row->text(kAgentColumn), state));
 }
 
 void AgentList::resizeEvent(QResizeEvent* event) {

@@ -54,7 +54,7 @@ QVariant ResultRow::data(int column, int role) const {
     case Qt::UserRole:
       return id_;
     case Qt::AccessibleTextRole:
-      return AccessibleText();
+      return column == 0 ? AccessibleText() : QStringLiteral(" ");  // an empty one is not heeded
     case Qt::ToolTipRole:
       return subitem(kTitleSubitem);  // a long one is cut in the list
     default:
@@ -114,6 +114,7 @@ QModelIndex ResultList::indexAt(const QPoint& point) const {
 }
 
 QRect ResultList::visualRect(const QModelIndex& index) const {
+  if (index.column() != 0) return {};
   const QRect rect = RowTree::visualRect(index);
   return {0, rect.y(), viewport()->width(), rect.height()};
 }

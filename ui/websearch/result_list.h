@@ -44,7 +44,8 @@ class ResultRow : public QTreeWidgetItem {
 };
 
 /// Five columns, of which only "Item" has a width. A row is painted across the whole list from its
-/// texts, all rows equally high, and is tapped there.
+/// texts, all rows equally high, and is tapped there; it is one cell to the eye and to a screen
+/// reader, the first.
 class ResultList : public RowTree {
   Q_OBJECT
 

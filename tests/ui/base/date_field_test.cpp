@@ -72,6 +72,20 @@ TEST(DateFieldTest, TheUsersLocaleChangesNeitherTheDigitsNorTheCalendar) {
   QLocale::setDefault(before);
 }
 
+TEST(DateFieldTest, ACountryThatIsAskedForHasItsOrderAndItsNames) {
+  const test::FixedClock clock(kNow);
+  for (const auto& [language, shown] :
+       {std::pair("en_GB", "21/11/2026"), std::pair("de_AT", "21.11.2026"),
+        std::pair("en_CA", "2026-11-21")}) {
+    SpeakLanguage(QLatin1String(language));
+    QDateEdit field;
+    SetUpDateField(field);
+    EXPECT_EQ(field.text().toStdString(), shown) << language;
+    EXPECT_EQ(field.calendarWidget()->locale(), QLocale(QLatin1String(language))) << language;
+  }
+  SpeakLanguage(QStringLiteral("en"));
+}
+
 TEST(DateFieldTest, TheCalendarBelowHasDatesAFingerWide) {
   QDateEdit field;
   SetUpDateField(field);

@@ -64,6 +64,8 @@ TEST_F(DiscountTreeTest, AScreenHasItsOwnLook) {
       .store_name = [](const QString& name) { return name.left(3); }};
   EXPECT_EQ(FillDiscountTree(tree_, database_, {}, look), 0);
   EXPECT_EQ(Rows(), "[Unknown date]\n2/0 So@Cor");
+  EXPECT_EQ(tree_.rows().Under(0)[0].AccessibleText().toStdString().substr(0, 14),
+            "Soap, Corner, ");
   EXPECT_EQ(tree_.rows().Heading(0).Text(),
             QStringLiteral("Unknown date") + QString(60, QLatin1Char(' ')));
 }

@@ -41,11 +41,17 @@ TEST_F(DiscountWordsTest, LastDayIsNamedBeforeTheFirst) {
   EXPECT_EQ(Words(2, 5, kFirst, 0), "5.00 off, from 11/1/2026");
 }
 
-TEST_F(DiscountWordsTest, AnotherLanguageWritesNumbersAndDatesItsWay) {
+TEST_F(DiscountWordsTest, AnotherLanguageWritesDatesItsWayAndKeepsThePointOfTheForms) {
   const test::German german;
-  EXPECT_EQ(Words(1, 12.5, 0, 0), "12,50 % Rabatt");
-  EXPECT_EQ(Words(2, 5, 0, kLast), "5,00 Rabatt, bis 30.11.2026");
-  EXPECT_EQ(Words(2, 5, kFirst, 0), "5,00 Rabatt, ab 1.11.2026");
+  EXPECT_EQ(Words(1, 12.5, 0, 0), "12.50 % Rabatt");
+  EXPECT_EQ(Words(2, 5, 0, kLast), "5.00 Rabatt, bis 30.11.2026");
+  EXPECT_EQ(Words(2, 5, kFirst, 0), "5.00 Rabatt, ab 1.11.2026");
+}
+
+TEST_F(DiscountWordsTest, ACountryThatIsAskedForHasItsDates) {
+  SpeakLanguage(QStringLiteral("en_GB"));
+  EXPECT_EQ(Words(2, 5, 0, kLast), "5.00 off, until 30/11/2026");
+  SpeakLanguage(QStringLiteral("en"));
 }
 
 }  // namespace

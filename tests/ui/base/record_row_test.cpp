@@ -114,5 +114,24 @@ TEST_F(RecordRowTest, WordsAreThoseOfTheLanguage) {
   EXPECT_TRUE(row.Words().overdue);
 }
 
+TEST_F(RecordRowTest, AScreenReaderGetsWholeNamesWhereTheRowShowsCutOnes) {
+  const RecordRow row({.id = 1, .name = "Two for th..", .storeName = QStringLiteral("Cor..")},
+                      {.spoken = SpokenNames("Two for the price of one", QStringLiteral("Corner")),
+                       .note = QStringLiteral("5.00 off")});
+  EXPECT_EQ(row.AccessibleText().toStdString(), "Two for the price of one, Corner, 5.00 off");
+  EXPECT_EQ(row.info().name.toStdString(), "Two for th..");
+  EXPECT_EQ(SpokenNames("Soap", {}).toStdString(), "Soap");
+}
+
+TEST_F(RecordRowTest, HeadingsHaveTheDatesOfTheCountryThatWasAskedFor) {
+  const HeadingRow row(kNoon, 0);
+  EXPECT_EQ(row.Words().toStdString(), "Saturday 11/21/2026");
+  SpeakLanguage(QStringLiteral("en_GB"));
+  EXPECT_EQ(row.Words().toStdString(), "Saturday 21/11/2026");
+  SpeakLanguage(QStringLiteral("de_AT"));
+  EXPECT_EQ(row.Words().toStdString(), "Samstag, 21.11.2026");
+  SpeakLanguage(QStringLiteral("en"));
+}
+
 }  // namespace
 }  // namespace brovanta

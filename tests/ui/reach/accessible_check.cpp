@@ -14,6 +14,7 @@
 #include <QTabBar>
 #include <QToolButton>
 #include <QTreeView>
+#include <map>
 #include <optional>
 
 #include "ui/base/color_button.h"
@@ -159,13 +160,16 @@ QStringList AccessibleComplaints(QWidget& screen) {
 }
 
 QStringList SpokenRows(QWidget& list) {
-  QStringList rows;
+  std::map<int, QStringList> rows;
   QAccessibleInterface* const tree = QAccessible::queryAccessibleInterface(&list);
   for (int i = 0; tree != nullptr && i < tree->childCount(); ++i) {
-    QAccessibleInterface* const row = tree->child(i);
-    if (row->role() == QAccessible::TreeItem) rows << row->text(QAccessible::Name);
+    QAccessibleInterface* const cell = tree->child(i);
+    if (cell->role() != QAccessible::TreeItem || cell->state().invisible) continue;
+    rows[cell->tableCellInterface()->rowIndex()] << cell->text(QAccessible::Name);
   }
-  return rows;
+  QStringList spoken;
+  for (const auto& [row, cells] : rows) spoken << cells.join(QStringLiteral(", "));
+  return spoken;
 }
 
 }  // namespace brovanta::test

@@ -36,7 +36,7 @@ TEST(AccessibleTest, RowsAreReadAsSentences) {
   Screens screens;
   std::map<std::string, std::vector<std::string>> rows;
   screens.ForEachWindow([&rows](const OpenScreen& open) {
-    for (const char* name : {"recordTree", "agentList"}) {
+    for (const char* name : {"recordTree", "agentList", "resultList"}) {
       auto* list = open.screen->findChild<QWidget*>(QString::fromLatin1(name));
       if (list != nullptr) rows[open.name] = Lines(SpokenRows(*list));
     }
@@ -49,8 +49,17 @@ TEST(AccessibleTest, RowsAreReadAsSentences) {
                           "Milk, Corner Shop, 2 days overdue, weekly"));
   EXPECT_THAT(rows["main, purchases"], ElementsAre("Saturday 11/21/2026", "Bread, bought at 9:00"));
   EXPECT_THAT(rows["progress, searching"],
-              ElementsAre("Shop 3, searching", "searching", "Shop 2, 12 results", "12 results",
-                          "Shop 1, failed", "failed"));
+              ElementsAre("Shop 3, searching", "Shop 2, 12 results", "Shop 1, failed"));
+  const auto coupons =
+      ElementsAre("Saturday 11/21/2026", "Spring offer, Corner Shop, 10% off, until 12/21/2026",
+                  "Two for the price of one on everything, Corner Shop, 10% off, until 12/21/2026");
+  EXPECT_THAT(rows["main, coupons"], coupons);
+  EXPECT_THAT(rows["picker"], coupons) << "whole, although its rows are cut";
+  EXPECT_THAT(rows["main, searches"], ElementsAre("Saturday 11/21/2026", "coffee machine"));
+  EXPECT_THAT(rows["results"],
+              ElementsAre("Soap, $9.90, Corner Shop",
+                          "Universal coffee machine with timer, thermal jug and permanent filter, "
+                          "brushed steel, $9.90, Corner Shop"));
   EXPECT_THAT(rows["main, no products"], IsEmpty());
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QTest>
 #include <limits>
@@ -155,6 +156,19 @@ TEST_F(ResultListTest, AScreenReaderHearsTitlePriceAndShop) {
             QStringLiteral("Soap, $2.00, Corner"));
   Show(Item(1, 0, "Soap\r\n cake"));
   EXPECT_EQ(Row(0).data(0, Qt::AccessibleTextRole).toString(), QStringLiteral("Soap cake, Corner"));
+}
+
+TEST_F(ResultListTest, AScreenReaderHearsARowOnce) {
+  Show(1);
+  EXPECT_EQ(RectOf(0).top(), 0) << "laid out";
+  QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(&list_);
+  ASSERT_NE(list, nullptr);
+  for (int column = 0; column < 5; ++column) {
+    QAccessibleInterface* const cell = list->tableInterface()->cellAt(0, column);
+    ASSERT_NE(cell, nullptr);
+    EXPECT_EQ(cell->state().invisible, column > 0) << column;
+    EXPECT_EQ(cell->text(QAccessible::Name).trimmed().isEmpty(), column > 0) << column;
+  }
 }
 
 }  // namespace
