@@ -13,7 +13,7 @@ bool NeedsServer(const QString& chapter) {
 
 }  // namespace
 
-// scripts/check_tree.py reads this table: the guide names each of them, and no other.
+// scripts/check_documents.py reads this table: the guide names each of them, and no other.
 const std::vector<GuidePicture>& GuidePictures() {
   static const std::vector<GuidePicture> pictures{
       {"1_list", "first_start", "first_start"}, {"1_list", "options", "options"},
