@@ -7,9 +7,23 @@ README_COMMANDS = ["make run", "make test"]
 # Buttons of questions are the toolkit's.
 TOOLKIT_TEXTS = {"Yes", "No"}
 MOST_GUIDE_BYTES = 1_500_000
+TROUBLE = "docs/guide/trouble.md"
+# The second lines of empty lists: they say themselves what to do.
+HINTS = {
+    "Add a product with +, or choose another time above.",
+    "Add one with +, or choose another time above.",
+    "Add one with +, or get new ones by Update.",
+    "All Stores and All Categories show everything again.",
+    "Find and Clear show everything again.",
+    "Products that you mark as purchased are shown here.",
+    "Search again with other words.",
+    "Search the web shops with +.",
+    "The program brovanta-data checks files and brings copies back.",
+}
 
 LITERALS = re.compile(r'(?:"(?:[^"\\\n]|\\.)*"\s*)+')
 LITERAL = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
+TRANSLATED = re.compile(r'\b(?:tr|translate|QT_TRANSLATE_NOOP)\(\s*((?:"(?:[^"\\\n]|\\.)*"[\s,]*)+)')
 LINK = re.compile(r"\]\(([^)\s]+)\)")
 CODE_BLOCK = re.compile(r"^```.*?^```", re.M | re.S)
 
@@ -59,6 +73,16 @@ def without_char_literals(source):
     return re.sub(r"'(?:\\.|[^'\\\n])'", "' '", source)
 
 
+def readable(literals):
+    """The text of adjacent string literals, of which the outer quotation marks may be missing."""
+    if not literals.startswith('"'):
+        literals = '"' + literals
+    text = "".join(LITERAL.findall(literals))
+    for escape, meaning in ((r"\r", " "), (r"\n", " "), (r"\"", '"')):
+        text = text.replace(escape, meaning)
+    return plain(text)
+
+
 def screen_texts(root, tracked):
     """Every text that the screens, the update and the data tool can show; %1 stands for anything."""
     texts = set(TOOLKIT_TEXTS)
@@ -68,10 +92,7 @@ def screen_texts(root, tracked):
     for path in tracked("ui/*.cpp", "ui/*.h", "net/update/*.cpp", "data/*.cpp"):
         source = without_char_literals((root / path).read_text(encoding="utf-8"))
         for literals in LITERALS.findall(source):
-            text = "".join(LITERAL.findall(literals))
-            for escape, meaning in ((r"\r", " "), (r"\n", " "), (r"\"", '"')):
-                text = text.replace(escape, meaning)
-            texts.add(plain(text))
+            texts.add(readable(literals))
     return texts
 
 
@@ -92,6 +113,30 @@ def check_quotes(root, tracked, guide, problems):
         for quoted in re.findall(r"\*\*([^*]+)\*\*", text) + re.findall(r'"([^"]+)"', text):
             if not says(texts, plain(quoted)):
                 problems.append(f"{page}: no screen says: {plain(quoted)}")
+
+
+def messages(root, tracked):
+    """What the screens say of their own accord: sentences that are not questions, progress or hints."""
+    said = set()
+    for path in tracked("ui/*.cpp"):
+        source = without_char_literals((root / path).read_text(encoding="utf-8"))
+        for arguments in TRANSLATED.findall(source):
+            text = readable(re.split(r'"\s*,\s*"', arguments)[-1])  # behind the context
+            if "could not" in text or text.endswith(".") and not re.search(r"^(?!Abort).*(\.\.\.|: done\.)$", text):
+                said.add(text)
+    return said
+
+
+def check_messages(root, tracked, problems):
+    """Every message is explained."""
+    page = (root / TROUBLE).read_text(encoding="utf-8")
+    quotes = [plain(quoted) for quoted in re.findall(r'"([^"]+)"', page)]
+    said = messages(root, tracked)
+    for text in sorted(HINTS - said):
+        problems.append(f"scripts/check_documents.py: no screen gives this hint any more: {text}")
+    for text in sorted(said - HINTS):
+        if not any(says({text}, quoted) for quoted in quotes):
+            problems.append(f"{TROUBLE} does not explain: {text}")
 
 
 def tour_pictures(root):
@@ -125,6 +170,7 @@ def program_keys(root, tracked):
     for path in tracked("ui/*.cpp"):
         source = (root / path).read_text(encoding="utf-8")
         keys |= set(re.findall(r'"(Ins|Del|F\d+|(?:Ctrl|Alt)\+[^"])"', source))
+        keys |= set(re.findall(r"Qt::Key_(F\d+)\b", source))
         for modifier, key in re.findall(r"Qt::(CTRL|ALT) \| \(?Qt::Key_(\w)\b", source):
             keys.add(f"{modifier.title()}+{key}")
     return {{"Ins": "Insert", "Del": "Delete"}.get(key, key) for key in keys}
@@ -211,6 +257,7 @@ def check(root, tracked, problems):
     check_links(root, pages, problems)
     check_readme(root, problems)
     check_quotes(root, tracked, guide, problems)
+    check_messages(root, tracked, problems)
     check_pictures(root, guide, problems)
     check_keys(root, tracked, problems)
     check_map(root, tracked, problems)
