@@ -52,7 +52,7 @@ def check_links(root, pages, problems):
 
 
 def check_readme(root, problems):
-    """CI runs the README's commands as they are printed."""
+    """CI runs what begins with make; tests/packaging/readme_commands_test.cpp every other line."""
     readme = (root / "README.md").read_text(encoding="utf-8")
     blocks = re.findall(r"^```sh\n(.*?)^```", readme, re.M | re.S)
     for command in README_COMMANDS:

@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kPatience = 20'000;  // milliseconds
 constexpr char kAccessible[] = "org.a11y.atspi.Accessible";
+constexpr char kText[] = "org.a11y.atspi.Text";
 constexpr char kAction[] = "org.a11y.atspi.Action";
 constexpr quint32 kShowing = 25;    // state
 constexpr quint32 kLabelledBy = 2;  // relation
@@ -20,8 +21,17 @@ const QStringList kNameless = {QStringLiteral("frame"),     QStringLiteral("fill
                                QStringLiteral("panel"),     QStringLiteral("layered pane"),
                                QStringLiteral("separator"), QStringLiteral("scroll bar")};
 
-const QStringList kFields = {QStringLiteral("text"), QStringLiteral("entry"),
-                             QStringLiteral("combo box"), QStringLiteral("spin button")};
+const QString kComboBox = QStringLiteral("combo box");
+const QStringList kFields = {QStringLiteral("text"), QStringLiteral("entry"), kComboBox,
+                             QStringLiteral("spin button")};
+
+bool IsCalled(const SpokenPart& part, const QString& role) {
+  const QString name = part.Name().trimmed();
+  if (!kFields.contains(role)) return !name.isEmpty();
+  if (part.HasLabel()) return true;
+  // The toolkit calls a combo box by what stands in it, whatever name it was given.
+  return role != kComboBox && !name.isEmpty() && name != part.Contents().trimmed();
+}
 
 void AddShown(const SpokenPart& part, int depth, std::vector<SpokenPart>& parts) {
   if (depth > kDeepest || !part.IsShown()) return;
@@ -51,6 +61,8 @@ QVariant SpokenPart::Property(const char* name) const {
 QString SpokenPart::Name() const { return Property("Name").toString(); }
 
 QString SpokenPart::Description() const { return Property("Description").toString(); }
+
+QString SpokenPart::Contents() const { return Ask(kText, "GetText", {0, -1}).toString(); }
 
 QString SpokenPart::Role() const { return Ask(kAccessible, "GetRoleName").toString(); }
 
@@ -102,6 +114,10 @@ std::vector<SpokenPart> SpokenPart::Children() const {
   return children;
 }
 
+SpokenPart SpokenPart::Numbered(quint32 number) const {
+  return {bus_, service_, QStringLiteral("/org/a11y/atspi/accessible/%1").arg(number)};
+}
+
 void SpokenPart::Press() const {
   QDBusMessage call = QDBusMessage::createMethodCall(service_, path_, QString::fromLatin1(kAction),
                                                      QStringLiteral("DoAction"));
@@ -125,8 +141,7 @@ QStringList NamelessParts(const std::vector<SpokenPart>& parts) {
   for (const SpokenPart& part : parts) {
     const QString role = part.Role();
     if (kNameless.contains(role)) continue;
-    const bool called = !part.Name().trimmed().isEmpty();
-    if (!called && !(kFields.contains(role) && part.HasLabel())) nameless << role;
+    if (!IsCalled(part, role)) nameless << role;
   }
   return nameless;
 }

@@ -19,9 +19,13 @@ class SpokenPart {
   /// "push button", "tree item", ...
   [[nodiscard]] QString Role() const;
   [[nodiscard]] bool IsShown() const;
+  /// What stands in a field; empty for what holds no text.
+  [[nodiscard]] QString Contents() const;
   /// Whether another part is its label.
   [[nodiscard]] bool HasLabel() const;
   [[nodiscard]] std::vector<SpokenPart> Children() const;
+  /// The part with this number in the same program.
+  [[nodiscard]] SpokenPart Numbered(quint32 number) const;
 
   /// Does what a press does. Does not wait: a button that opens a dialog answers when that closes.
   void Press() const;
@@ -42,7 +46,8 @@ class SpokenPart {
 /// All that is shown of a part, itself first.
 [[nodiscard]] std::vector<SpokenPart> AllShown(const SpokenPart& part);
 
-/// The controls without a name and the fields without a label among the parts.
+/// The controls without a name among the parts, and the fields that have neither a label nor a name
+/// other than what stands in them.
 [[nodiscard]] QStringList NamelessParts(const std::vector<SpokenPart>& parts);
 
 }  // namespace brovanta::test

@@ -4,18 +4,25 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 
 #include "tests/ui/reach/private_desktop.h"
+#include "tests/ui/reach/screens.h"
 #include "tests/ui/reach/text_lines.h"
 
 namespace brovanta::test {
 namespace {
+
+namespace fs = std::filesystem;
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -23,6 +30,28 @@ using testing::IsSupersetOf;
 
 constexpr int kPatience = 40'000;  // milliseconds
 constexpr char kSpoiled[] = "BROVANTA_SPOILED_WINDOW";
+constexpr char kAllScreens[] = "BROVANTA_ALL_SCREENS";  // the folder to tell about them in
+
+/// What is told of screen after screen, counted from 1, by the program that opens them...
+std::string ShownFile(const std::string& folder, int number) {
+  return folder + "/shown " + std::to_string(number);
+}
+
+/// ... and the sign that it may go on with the next one.
+std::string SeenFile(const std::string& folder, int number) {
+  return folder + "/seen " + std::to_string(number);
+}
+
+/// A screen of another process; number 0 after the last one.
+struct ToldScreen {
+  quint32 number = 0;
+  std::string name;
+};
+
+void Tell(const std::string& path, const ToldScreen& screen) {
+  std::ofstream(path + "~") << screen.number << ' ' << screen.name;
+  fs::rename(path + "~", path);  // whole, or not there
+}
 
 class SpokenTreeTest : public testing::Test {
  protected:
@@ -54,6 +83,35 @@ class SpokenTreeTest : public testing::Test {
       return part.Name() == QLatin1String(name);
     });
     return found == parts.end() ? nullptr : &*found;
+  }
+
+  /// This test program again, on the desktop, for one of its tests.
+  void StartHere(const char* filter, const std::string& setting) {
+    const QByteArray program = QApplication::applicationFilePath().toUtf8();
+    desktop_.Start(
+        {"/usr/bin/env", setting, program.toStdString(), std::string("--gtest_filter=") + filter});
+  }
+
+  static ToldScreen AwaitScreen(const std::string& path) {
+    ToldScreen screen;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(path); }, kPatience)) << path;
+    std::ifstream file(path);
+    file >> screen.number >> std::ws;
+    std::getline(file, screen.name);
+    return screen;
+  }
+
+  /// All that is shown of the part with this number in the only program there is.
+  std::vector<SpokenPart> AwaitShown(quint32 number) {
+    std::vector<SpokenPart> parts;
+    static_cast<void>(QTest::qWaitFor(
+        [&] {
+          const auto programs = Desktop(desktop_.accessibility_bus()).Children();
+          if (!programs.empty()) parts = AllShown(programs.front().Numbered(number));
+          return !parts.empty();
+        },
+        kPatience));
+    return parts;
   }
 
   /// "page tab Products", ...
@@ -89,11 +147,26 @@ TEST_F(SpokenTreeTest, EveryControlOfTheProgramHasAName) {
 }
 
 TEST_F(SpokenTreeTest, AButtonWithoutANameIsSeen) {
-  const QByteArray program = QApplication::applicationFilePath().toUtf8();
-  desktop_.Start({"/usr/bin/env", std::string(kSpoiled) + "=1", program.toStdString(),
-                  "--gtest_filter=SpoiledWindowTest.*"});
+  StartHere("SpoiledWindowTest.*", std::string(kSpoiled) + "=1");
   const auto parts = AwaitPart("Spoiled");
-  EXPECT_THAT(Lines(NamelessParts(parts)), ElementsAre("push button"));
+  EXPECT_THAT(Lines(NamelessParts(parts)), ElementsAre("push button", "combo box", "text"))
+      << "what stands in a field is not its name";
+}
+
+TEST_F(SpokenTreeTest, EveryControlOfEveryScreenHasAName) {
+  const std::string folder = desktop_.folder().path();
+  StartHere("AllScreensTest.*", std::string(kAllScreens) + "=" + folder);
+  int seen = 0;
+  for (;;) {
+    const ToldScreen screen = AwaitScreen(ShownFile(folder, seen + 1));
+    if (screen.number == 0) break;
+    const auto parts = AwaitShown(screen.number);
+    EXPECT_GT(parts.size(), 1U) << screen.name << " has something on it";
+    EXPECT_THAT(Lines(NamelessParts(parts)), IsEmpty()) << screen.name;
+    ++seen;
+    std::ofstream(SeenFile(folder, seen)) << "seen";
+  }
+  EXPECT_GE(seen, 47) << "all of them";
 }
 
 /// Ended ones that nobody has asked about yet do not count.
@@ -112,12 +185,33 @@ TEST(PrivateDesktopTest, LeavesNoProcess) {
   for (const int process : processes) EXPECT_FALSE(Runs(process)) << process;
 }
 
+/// The screens of the test above, in a process of its own.
+TEST(AllScreensTest, AreOpenedOneAfterTheOther) {
+  const std::string folder = qEnvironmentVariable(kAllScreens).toStdString();
+  if (folder.empty()) return;
+  int shown = 0;
+  Screens screens;
+  screens.ForEach([&](const OpenScreen& open) {
+    ++shown;
+    QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(open.screen);
+    Tell(ShownFile(folder, shown), {QAccessible::uniqueId(spoken), open.name});
+    const auto seen = [&] { return fs::exists(SeenFile(folder, shown)); };
+    EXPECT_TRUE(QTest::qWaitFor(seen, kPatience)) << open.name;
+  });
+  Tell(ShownFile(folder, shown + 1), {});
+}
+
 /// The window of the test above, in a process of its own.
 TEST(SpoiledWindowTest, ShowsAButtonWithoutAName) {
   if (qEnvironmentVariableIsEmpty(kSpoiled)) return;
   QWidget window;
   window.setWindowTitle(QStringLiteral("Spoiled"));
   QPushButton button(&window);
+  QComboBox box(&window);
+  box.addItem(QStringLiteral("Milk"));
+  box.setAccessibleName(QStringLiteral("Product"));
+  QLineEdit edit(QStringLiteral("9.90"), &window);
+  edit.setAccessibleName(QStringLiteral("9.90"));
   window.show();
   QApplication::exec();  // until it is killed
 }
