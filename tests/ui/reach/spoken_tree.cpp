@@ -22,12 +22,15 @@ const QStringList kNameless = {QStringLiteral("frame"),     QStringLiteral("fill
                                QStringLiteral("separator"), QStringLiteral("scroll bar")};
 
 const QString kComboBox = QStringLiteral("combo box");
+const QString kList = QStringLiteral("list");
 const QStringList kFields = {QStringLiteral("text"), QStringLiteral("entry"), kComboBox,
                              QStringLiteral("spin button")};
 
 bool IsCalled(const SpokenPart& part, const QString& role) {
   const QString name = part.Name().trimmed();
-  if (!kFields.contains(role)) return !name.isEmpty();
+  if (!kFields.contains(role)) {
+    return !name.isEmpty() || (role == kList && part.Parent().Role() == kComboBox);
+  }
   if (part.HasLabel()) return true;
   // The toolkit calls a combo box by what stands in it, whatever name it was given.
   return role != kComboBox && !name.isEmpty() && name != part.Contents().trimmed();
@@ -112,6 +115,16 @@ std::vector<SpokenPart> SpokenPart::Children() const {
   }
   list.endArray();
   return children;
+}
+
+SpokenPart SpokenPart::Parent() const {
+  const auto parent = Property("Parent").value<QDBusArgument>();
+  QString service;
+  QDBusObjectPath path;
+  parent.beginStructure();
+  parent >> service >> path;
+  parent.endStructure();
+  return {bus_, service, path.path()};
 }
 
 SpokenPart SpokenPart::Numbered(quint32 number) const {

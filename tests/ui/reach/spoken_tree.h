@@ -24,6 +24,7 @@ class SpokenPart {
   /// Whether another part is its label.
   [[nodiscard]] bool HasLabel() const;
   [[nodiscard]] std::vector<SpokenPart> Children() const;
+  [[nodiscard]] SpokenPart Parent() const;
   /// The part with this number in the same program.
   [[nodiscard]] SpokenPart Numbered(quint32 number) const;
 
@@ -47,7 +48,7 @@ class SpokenPart {
 [[nodiscard]] std::vector<SpokenPart> AllShown(const SpokenPart& part);
 
 /// The controls without a name among the parts, and the fields that have neither a label nor a name
-/// other than what stands in them.
+/// other than what stands in them. The list that a field drops down is called as the field is.
 [[nodiscard]] QStringList NamelessParts(const std::vector<SpokenPart>& parts);
 
 }  // namespace brovanta::test
