@@ -60,7 +60,8 @@ QString PrivateDesktop::AccessibilityName() const {
 bool PrivateDesktop::StartScreen() {
   const std::string server = Installed("Xvfb");
   if (server.empty()) return false;
-  Start({server, "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp"});
+  Start({server, "-displayfd", "1", "-screen", "0", "800x900x24", "-nolisten", "tcp",
+         "-noreset"});  // it would take nobody while it begins anew after its last client
   const std::string number = started_.back()->ReadLine();
   if (number.empty()) return false;
   environment_.push_back({"DISPLAY", ":" + number});
