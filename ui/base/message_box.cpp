@@ -41,9 +41,12 @@ class NarrowBox : public QMessageBox {
  protected:
   bool event(QEvent* event) override {
     const bool handled = QMessageBox::event(event);
-    if (event->type() == QEvent::PaletteChange && isVisible()) setIcon(icon());  // in its colours
-    // The moments at which the base class measures.
-    if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest) Fit();
+    const bool other_colours = event->type() == QEvent::PaletteChange && isVisible();
+    if (other_colours) setIcon(icon());  // in them
+    // The moments at which the base class measures; one is that of a new icon.
+    if (other_colours || event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest) {
+      Fit();
+    }
     return handled;
   }
 

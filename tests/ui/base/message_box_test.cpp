@@ -111,6 +111,31 @@ TEST(MessageBoxTest, ThreeButtonsFitANarrowScreen) {
             Answer::kCancel);
 }
 
+TEST(MessageBoxTest, KeepsItsSizeAndItsLinesWhenThePaletteChanges) {
+  for (const bool question : {false, true}) {
+    WithOpenBox([](QMessageBox* box) {
+      const QSize size = box->size();
+      UseDarkPalette(true);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(box->size(), size);
+      auto* const text = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+      EXPECT_TRUE(text->wordWrap());
+      EXPECT_GE(text->height(), text->heightForWidth(text->width()));
+      UseDarkPalette(false);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(box->size(), size);
+      box->reject();
+    });
+    const QString sentence =
+        QStringLiteral("Do you want to permanently delete the selected product from the list?");
+    if (question) {
+      EXPECT_EQ(AskYesNo(nullptr, sentence), Answer::kNo);
+    } else {
+      ShowMessage(nullptr, sentence);
+    }
+  }
+}
+
 TEST(MessageBoxTest, BelongsToTheWindowOfItsParent) {
   QWidget window;
   QWidget child(&window);

@@ -8,11 +8,13 @@
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "tests/ui/reach/focus_check.h"
 #include "tests/ui/reach/large_print.h"
 #include "tests/ui/reach/screens.h"
 #include "tests/ui/reach/text_lines.h"
+#include "ui/base/color_button.h"
 
 namespace brovanta::test {
 namespace {
@@ -43,10 +45,15 @@ TEST(FocusTest, EscapeClosesAMenuAndItsButtonHasTheKeyboardAgain) {
   int menus = 0;
   screens.ForEach([&menus](const OpenScreen& open) {
     if (qobject_cast<QMenu*>(open.screen) == nullptr) return;
+    const auto buttons = open.window->findChildren<ColorButton*>();
+    const auto opener = std::find_if(buttons.begin(), buttons.end(), [&open](ColorButton* button) {
+      return button->menu() == open.screen;
+    });
+    ASSERT_NE(opener, buttons.end()) << open.name;
     QTest::keyClick(open.screen, Qt::Key_Escape);
     EXPECT_FALSE(open.screen->isVisible()) << open.name;
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << open.name;
-    EXPECT_NE(open.window->focusWidget(), nullptr) << open.name;
+    EXPECT_EQ(QApplication::focusWidget(), *opener) << open.name;
     ++menus;
   });
   EXPECT_EQ(menus, 6);

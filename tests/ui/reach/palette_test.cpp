@@ -73,16 +73,17 @@ TEST_F(PaletteTest, TheTextsOfDisabledControlsAreLeftOut) {
 }
 
 TEST_F(PaletteTest, AnOpenScreenChangesWithThePalette) {
+  // Menus, lists, calendars and boxes too.
   std::map<std::string, QImage> by_night;
   UseDarkPalette(true);
   Screens dark;
-  dark.ForEachWindow([&](const OpenScreen& open) {
+  dark.ForEach([&](const OpenScreen& open) {
     Fit(open);
     by_night[open.name] = open.screen->grab().toImage();
   });
   UseDarkPalette(false);
   Screens light;
-  light.ForEachWindow([&](const OpenScreen& open) {
+  light.ForEach([&](const OpenScreen& open) {
     Fit(open);
     const QImage by_day = open.screen->grab().toImage();
     EXPECT_NE(by_day, by_night[open.name]) << open.name;

@@ -256,5 +256,15 @@ TEST_F(MainCommandsTest, OptionsRebuildNothing) {
   EXPECT_EQ(Text("storeFilterButton"), "Corner");
 }
 
+TEST_F(MainCommandsTest, TheOptionsOpenByTheirKey) {
+  Open();
+  InNextDialog([](QWidget& dialog) {
+    Type(dialog, "taxEdit", "7.5");
+    Click(dialog, "okButton");
+  });
+  Press(Qt::Key_Comma, Qt::ControlModifier);
+  EXPECT_DOUBLE_EQ(options_.tax(), 7.5);
+}
+
 }  // namespace
 }  // namespace brovanta::test

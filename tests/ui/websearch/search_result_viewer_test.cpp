@@ -167,6 +167,10 @@ TEST_F(SearchResultViewerTest, ALongDescriptionScrollsByKeys) {
     EXPECT_GT(page, 0);
     QTest::keyClick(area, Qt::Key_Down);
     EXPECT_GT(Bar()->value(), page);
+    QTest::keyClick(area, Qt::Key_Up);
+    EXPECT_EQ(Bar()->value(), page);
+    QTest::keyClick(area, Qt::Key_PageUp);
+    EXPECT_EQ(Bar()->value(), 0);
     EXPECT_EQ(area->accessibleName(), QStringLiteral("Search result"));
   });
 }
