@@ -61,6 +61,9 @@ class MarkedReader {
   /// where the file ends instead of one, ERR_IO for a short record or a failed read. Before: 0.
   [[nodiscard]] int code() const { return code_; }
 
+  /// Whether the system did not give the file's bytes; what they are, nobody knows then.
+  [[nodiscard]] bool read_failed() const { return read_failed_; }
+
   /// The current record, valid until Next; its place in the file.
   [[nodiscard]] const std::byte* record() const { return data_ + record_; }
   [[nodiscard]] std::int64_t offset() const {

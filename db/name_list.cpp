@@ -1,5 +1,6 @@
 #include "db/name_list.h"
 
+#include <algorithm>
 #include <limits>
 #include <set>
 #include <span>
@@ -13,6 +14,7 @@
 #include "platform/file.h"
 #include "platform/text_file.h"
 #include "util/little_endian.h"
+#include "util/word_search.h"
 
 namespace brovanta {
 namespace {
@@ -34,54 +36,63 @@ int NoteCopy(UnitOfWork& work, const std::string& path) {
 
 }  // namespace
 
+std::string StoredForm(std::string_view name) {
+  std::string stored(name.substr(0, kNameSize - 1));
+  std::transform(stored.begin(), stored.end(), stored.begin(), [](char character) {
+    return static_cast<char>(UpperCase(static_cast<unsigned char>(character)));
+  });
+  return stored;
+}
+
 int NameList::Load(const std::string& path) {
   Clear();
-  std::set<std::int32_t> read;
-  const int code = Read(path, Winner::kFile, read);
+  const int code = Read(path, Winner::kFile).code;
   loaded_ = code == 0;
   return code;
 }
 
-// Adds the entries of the file, whose ids it gives to `read`; `winner` says which of two with one
-// id stays.
-int NameList::Read(const std::string& path, Winner winner, std::set<std::int32_t>& read) {
+// Adds the entries of the file; `winner` says which of two with one id stays.
+NameList::FileContents NameList::Read(const std::string& path, Winner winner) {
+  FileContents contents;
   MarkedReader reader(list_layout::kSize);
-  const int code = reader.Open(path, platform::File::Mode::kRead, kFirstListMark);
-  if (code != 0) return code;
+  contents.code = reader.Open(path, platform::File::Mode::kRead, kFirstListMark);
+  contents.unknown = contents.code == ERR_OPEN || reader.read_failed();
+  if (contents.code != 0) return contents;
   std::set<std::int32_t> held;
   if (winner == Winner::kHeld) {
     for (const auto& [id, item] : items_) held.insert(id);
   }
-  int result = 0;
   while (reader.Next()) {
     const ListItem item = DecodeListItem(
         std::span<const std::byte, list_layout::kSize>(reader.record(), list_layout::kSize));
     if (item.Id < 1) {
-      result = ERR_IO;
-      break;
+      contents.code = ERR_IO;
+      return contents;
     }
-    read.insert(item.Id);
+    contents.ids.insert(item.Id);
     if (!held.contains(item.Id)) Insert(item);
   }
-  return result != 0 ? result : reader.code();
+  contents.code = reader.code();
+  contents.unknown = reader.read_failed();
+  return contents;
 }
 
 int NameList::EnsureLoaded(const std::string& path) {
   // A missing file is looked for again next time: its folder may only be out of reach.
   if (loaded_ || !platform::FileExists(path)) return 0;
-  std::set<std::int32_t> read;
-  const int code = Read(path, Winner::kHeld, read);
+  const int code = Read(path, Winner::kHeld).code;
   loaded_ = code == 0;
   return code == ERR_OPEN ? code : 0;
 }
 
 int NameList::Refresh(const std::string& path) {
   if (!loaded_ || !platform::FileExists(path)) return EnsureLoaded(path);
-  std::set<std::int32_t> read;
-  const int code = Read(path, Winner::kFile, read);
-  if (code == ERR_OPEN || code == ERR_IO) return code;  // what is held is right, to all appearances
-  loaded_ = code == 0;                                  // damaged since: to be kept aside
-  if (loaded_) std::erase_if(items_, [&](const auto& item) { return !read.contains(item.first); });
+  const FileContents contents = Read(path, Winner::kFile);
+  if (contents.unknown) return contents.code;  // what is held is right, to all appearances
+  loaded_ = contents.code == 0;                // damaged since: to be kept aside
+  if (loaded_) {
+    std::erase_if(items_, [&](const auto& item) { return !contents.ids.contains(item.first); });
+  }
   return 0;
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "db/records.h"
@@ -24,6 +25,9 @@ struct NameRef {
   std::int32_t Id = 0;
   std::string Name;  ///< Windows-1252
 };
+
+/// What is kept of a name, in one letter case: names for which it is the same mean one entry.
+[[nodiscard]] std::string StoredForm(std::string_view name);
 
 /// Entries in ascending id order. Pointers to entries stay valid until the entry is erased or the
 /// list is cleared or loaded. One shared cursor: walks must not be nested.
@@ -46,9 +50,10 @@ class NameList {
   /// Takes over what another program has written since, or a roll-back has undone: the file's
   /// entries win over those held here, and those that it does not have go. A list that was not
   /// loaded goes through EnsureLoaded instead. Whoever is about to add and write calls this in a
-  /// unit of work that has begun; so no program overwrites what another one added. 0, ERR_OPEN when
-  /// a file does not open, or ERR_IO when it is not read to its end. A list whose file is missing
-  /// stays as it is.
+  /// unit of work that has begun; so no program overwrites what another one added. Of a file that
+  /// is damaged since, what can be read is taken, nothing that is held goes, and the next save
+  /// keeps its bytes. 0, ERR_OPEN when a file does not open, or ERR_IO when the system does not
+  /// give its bytes. A list whose file is missing stays as it is.
   [[nodiscard]] int Refresh(const std::string& path);
 
   /// Rewrites the file whole. A list that was not loaded goes through EnsureLoaded first, and the
@@ -88,7 +93,12 @@ class NameList {
 
  private:
   enum class Winner { kHeld, kFile };
-  [[nodiscard]] int Read(const std::string& path, Winner winner, std::set<std::int32_t>& read);
+  struct FileContents {
+    int code = 0;
+    bool unknown = false;        // not read: neither sound nor damaged
+    std::set<std::int32_t> ids;  // of the entries
+  };
+  [[nodiscard]] FileContents Read(const std::string& path, Winner winner);
 
   std::map<std::int32_t, ListItem> items_;
   std::int32_t cursor_ = 0;  // id of the entry handed out last

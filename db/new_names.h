@@ -24,7 +24,9 @@ class NewNames {
   ~NewNames();
 
   /// A reference with an id is left alone; another one gets the next own id, an empty name as well.
-  /// 0, ERR_IO when there is no id left or no name may be added, or the code of NameList::Refresh.
+  /// Where the list had not been loaded, so that nobody could choose from it, a name that turns out
+  /// to be there in any letter case gives its id instead. 0, ERR_IO when there is no id left or no
+  /// name may be added, or the code of NameList::Refresh.
   [[nodiscard]] int Resolve(NameRef& reference);
 
   /// Whether a Resolve failed because the list's file could not be read.
@@ -39,10 +41,14 @@ class NewNames {
   void Keep();
 
  private:
+  [[nodiscard]] int Refresh();
+  [[nodiscard]] std::int32_t UnseenId(const std::string& name) const;
+
   NameList& list_;
   std::string path_;
   bool may_add_;
   bool refreshed_ = false;
+  std::int32_t last_unseen_ = 0;  // largest id that came with the refresh of an unloaded list
   bool unreadable_ = false;
   std::vector<NameRef*> resolved_;
 };

@@ -71,7 +71,11 @@ int ShoppingDatabase::RollBack() {
 }
 
 void ShoppingDatabase::FinishOpening() {
-  if (may_hold_undone_names_) (void)RollBack();  // what fails, reading the list will report
+  // What fails, reading the list will report, or the next save.
+  if (may_hold_undone_names_) (void)RollBack();
+  (void)stores_.EnsureLoaded(paths_.store);
+  (void)categories_.EnsureLoaded(paths_.category);
+  (void)units_.EnsureLoaded(paths_.unit);
 }
 
 // False when a list is in use: to be tried again.

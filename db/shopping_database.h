@@ -48,8 +48,9 @@ class ShoppingDatabase {
   /// names of a change that is undone now.
   [[nodiscard]] int RollBack();
 
-  /// Does what Open could not do, if there is any such thing; what every list that is loaded begins
-  /// with.
+  /// Does what Open could not do, if there is any such thing, and reads the name lists that it did
+  /// not load, so that no screen takes a sound list for an empty one; what every list that is
+  /// loaded begins with, and every dialog that offers names.
   void FinishOpening();
 
   [[nodiscard]] ProductList& products() { return products_; }

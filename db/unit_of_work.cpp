@@ -175,18 +175,24 @@ int UnitOfWork::CarryOutAll() {
   return !has_new || platform::SyncFolderOf(journal_path_) ? 0 : ERR_IO;
 }
 
-int UnitOfWork::CarryOutWhole(const Change& change) {
-  if (change.kind == Kind::kReplace) {
-    const platform::Replacement result = platform::TryReplaceFile(change.path, change.bytes);
-    const bool stands =
-        result == platform::Replacement::kDone || result == platform::Replacement::kNotSynced;
-    if (stands) {
+int UnitOfWork::CarryOutReplacement(const Change& change) {
+  const platform::Replacement result = platform::TryReplaceFile(change.path, change.bytes);
+  switch (result) {
+    case platform::Replacement::kDone:
+    case platform::Replacement::kNotSynced:
       ++begun_;
-    } else {
+      break;
+    case platform::Replacement::kHeld:
+    case platform::Replacement::kRefused:
       refused_path_ = change.path;
-    }
-    return result == platform::Replacement::kDone ? 0 : ERR_OPEN;
+      break;
   }
+  if (result == platform::Replacement::kDone) return 0;
+  return result == platform::Replacement::kHeld ? ERR_OPEN : ERR_IO;
+}
+
+int UnitOfWork::CarryOutWhole(const Change& change) {
+  if (change.kind == Kind::kReplace) return CarryOutReplacement(change);
   platform::File held;  // nobody else has it
   if (platform::FileExists(change.path) &&
       !held.Open(change.path, platform::File::Mode::kReadWrite)) {

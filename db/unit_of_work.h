@@ -54,8 +54,8 @@ class UnitOfWork {
   /// Carries the changes out in the order in which they were noted; after 0 they have reached the
   /// storage device. ERR_OPEN when someone else holds the journal or a file to replace, or has put
   /// another file in the place of one that was taken over, or a file cannot be made or is none that
-  /// the journal may name, or ERR_IO; with an error everything is as
-  /// before, or will be when the journal is rolled back.
+  /// the journal may name, or ERR_IO, also when the new file could not be written beside the one to
+  /// replace; with an error everything is as before, or will be when the journal is rolled back.
   [[nodiscard]] int Commit();
 
   /// After a Commit that failed: the file to replace or remove that it could not read, or could not
@@ -88,6 +88,7 @@ class UnitOfWork {
   [[nodiscard]] int CarryOutAll();
   [[nodiscard]] int CarryOut(const Change& change);
   [[nodiscard]] int CarryOutWhole(const Change& change);
+  [[nodiscard]] int CarryOutReplacement(const Change& change);
   [[nodiscard]] int Finish();
   [[nodiscard]] bool SyncFiles();
   [[nodiscard]] bool FilesStand() const;

@@ -129,7 +129,7 @@ TEST_F(JournalWritingTest, AUnitPutBackKeepsItsRecordsWhenEmptyingThemFails) {
     UnitOfWork work(Path());
     work.Replace(Path("a.lst"), Hex("41"));
     work.Replace(Path("b.lst"), Hex("41"));
-    EXPECT_EQ(work.Commit(), ERR_OPEN);
+    EXPECT_EQ(work.Commit(), ERR_IO);
   }
   EXPECT_FALSE(calls.fails) << "it has struck";
   EXPECT_TRUE(MayHoldRecords(Path()));

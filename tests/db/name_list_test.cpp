@@ -239,6 +239,24 @@ TEST_F(NameListTest, RefreshDropsNothingWhenTheFileIsDamaged) {
   EXPECT_FALSE(list_.loaded());
 }
 
+TEST_F(NameListTest, RefreshDropsNothingWhenTheFileIsCutOrHasAnItemWithoutAnId) {
+  const Bytes sound = RawListFile({RawItem(7, "a"), RawItem(8, "b")});
+  Bytes cut = sound;
+  cut.resize(cut.size() - 20);
+  const Bytes without_id = RawListFile({RawItem(7, "a"), RawItem(0, "b")});
+  for (const Bytes& damaged : {cut, without_id}) {
+    ASSERT_EQ(Load(sound), 0);
+    folder_.Write("store.lst", damaged);
+    std::filesystem::remove(folder_.File("store.lst.bad"));
+    EXPECT_EQ(list_.Refresh(path_), 0);
+    EXPECT_EQ(Ids(list_), (IdList{7, 8}));
+    EXPECT_FALSE(list_.loaded());
+    EXPECT_EQ(list_.Save(path_), 0);
+    EXPECT_EQ(folder_.Read("store.lst"), sound);
+    EXPECT_EQ(folder_.Read("store.lst.bad"), damaged);
+  }
+}
+
 TEST_F(NameListTest, RefreshOfAListThatWasNotLoadedKeepsWhatIsHeld) {
   folder_.Write("store.lst", RawListFile({RawItem(7, "theirs"), RawItem(8, "old")}));
   list_.Insert(Item(8, "new"));

@@ -111,6 +111,35 @@ TEST_F(NewNamesTest, ListThatWasNotLoadedIsLoadedFirst) {
   EXPECT_EQ(reference.Id, 5005);
 }
 
+TEST_F(NewNamesTest, ANameThatNobodyCouldChooseIsNotAddedAgain) {
+  folder_.Write("store.lst", RawListFile({RawItem(12, "Baker\xE9"), RawItem(5004, "")}));
+  NameList unread;
+  NameRef there{0, "bAKER\xC9"};
+  NameRef market{0, "Market"};
+  NameRef again{0, "Market"};
+  NameRef empty{0, ""};
+  {
+    NewNames names(unread, path());
+    EXPECT_EQ(names.Resolve(there), 0);
+    EXPECT_TRUE(names.empty());
+    EXPECT_EQ(names.Resolve(market), 0);
+    EXPECT_EQ(names.Resolve(again), 0);
+    EXPECT_EQ(names.Resolve(empty), 0);
+  }
+  EXPECT_EQ(there.Id, 12) << "it stays where the new ones are taken out again";
+  EXPECT_EQ(market.Id, 0);
+  EXPECT_EQ(again.Id, 0);
+  EXPECT_EQ(empty.Id, 0) << "an empty name is an entry like any other, not the one that is there";
+  EXPECT_EQ(unread.size(), 2U);
+}
+
+TEST_F(NewNamesTest, ANameChosenFromALoadedListIsANewOne) {
+  NameRef same{0, "Corner Shop"};
+  NewNames names(list_, path());
+  EXPECT_EQ(names.Resolve(same), 0);
+  EXPECT_EQ(same.Id, 5000);
+}
+
 TEST_F(NewNamesTest, ListThatDoesNotOpen) {
   platform::File holder;
   ASSERT_TRUE(holder.Open(path(), platform::File::Mode::kRead));

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "db/error_codes.h"
 #include "platform/file.h"
@@ -22,25 +24,28 @@ using test::RawItem;
 using test::RawListFile;
 using test::TempFolder;
 
+void ExpectPaths(const DatabasePaths& paths, const std::string& folder) {
+  EXPECT_EQ(paths.product, folder + "product.dat");
+  EXPECT_EQ(paths.purchase, folder + "purchase.dat");
+  EXPECT_EQ(paths.discount, folder + "discount.dat");
+  EXPECT_EQ(paths.backup, folder + "backup.dat");
+  EXPECT_EQ(paths.store, folder + "store.lst");
+  EXPECT_EQ(paths.category, folder + "category.lst");
+  EXPECT_EQ(paths.unit, folder + "unit.lst");
+}
+
 TEST(ShoppingDatabaseOpenTest, BuildsTheSevenPathsWithABackslash) {
   ShoppingDatabase database;
   EXPECT_EQ(database.Open("/no/such/folder"), ERR_OPEN);
-  EXPECT_EQ(database.paths().product, "/no/such/folder\\product.dat");
-  EXPECT_EQ(database.paths().purchase, "/no/such/folder\\purchase.dat");
-  EXPECT_EQ(database.paths().discount, "/no/such/folder\\discount.dat");
-  EXPECT_EQ(database.paths().backup, "/no/such/folder\\backup.dat");
-  EXPECT_EQ(database.paths().store, "/no/such/folder\\store.lst");
-  EXPECT_EQ(database.paths().category, "/no/such/folder\\category.lst");
-  EXPECT_EQ(database.paths().unit, "/no/such/folder\\unit.lst");
+  ExpectPaths(database.paths(), "/no/such/folder\\");
 }
 
 TEST(ShoppingDatabaseOpenTest, ATrailingBackslashOrSlashGivesTheSamePaths) {
   ShoppingDatabase database;
   (void)database.Open("/no/such/folder\\");
-  EXPECT_EQ(database.paths().product, "/no/such/folder\\product.dat");
-  EXPECT_EQ(database.paths().unit, "/no/such/folder\\unit.lst");
+  ExpectPaths(database.paths(), "/no/such/folder\\");
   (void)database.Open("/no/such/folder/");
-  EXPECT_EQ(database.paths().product, "/no/such/folder/product.dat");
+  ExpectPaths(database.paths(), "/no/such/folder/");
 }
 
 TEST(ShoppingDatabaseOpenTest, WithoutAFolderTheNamesAreAppendedAgainAndAgain) {
@@ -95,6 +100,53 @@ TEST(ShoppingDatabaseOpenTest, TheFirstListThatFailsStopsTheLoading) {
   std::filesystem::remove(folder.File("store.lst"));
   EXPECT_EQ(database.Open(folder.path()), ERR_OPEN);
   EXPECT_TRUE(database.stores().empty());
+}
+
+TEST(ShoppingDatabaseOpenTest, TheListsThatWereNotLoadedAreReadBeforeRecordsAreShown) {
+  const Bytes sound = RawListFile({RawItem(1, "a")});
+  const auto load_products = [](ShoppingDatabase& database) {
+    (void)database.products().Load(nullptr);
+  };
+  const auto load_discounts = [](ShoppingDatabase& database) {
+    (void)database.discounts().Load(nullptr);
+  };
+  for (const auto& load :
+       std::vector<std::function<void(ShoppingDatabase&)>>{load_products, load_discounts}) {
+    const TempFolder folder;
+    folder.Write("store.lst", Hex("00 01 02 03"));
+    folder.Write("category.lst", sound);
+    folder.Write("unit.lst", sound);
+    ShoppingDatabase database;
+    EXPECT_EQ(database.Open(folder.path()), ERR_FORMAT);
+    EXPECT_TRUE(database.categories().empty());
+    load(database);
+    EXPECT_TRUE(database.stores().empty());
+    EXPECT_FALSE(database.stores().loaded());
+    EXPECT_TRUE(database.categories().loaded());
+    EXPECT_EQ(database.categories().size(), 1u);
+    EXPECT_EQ(database.units().size(), 1u);
+    EXPECT_EQ(folder.Read("store.lst"), Hex("00 01 02 03"));
+  }
+}
+
+TEST(ShoppingDatabaseOpenTest, AListHeldAtTheStartIsReadOnceItIsFree) {
+  const TempFolder folder;
+  for (const char* name : {"store.lst", "category.lst", "unit.lst"}) {
+    folder.Write(name, RawListFile({RawItem(1, "Dairy")}));
+  }
+  ShoppingDatabase database;
+  {
+    platform::File holder;
+    ASSERT_TRUE(holder.Open(folder.File("store.lst"), platform::File::Mode::kRead));
+    EXPECT_EQ(database.Open(folder.path()), ERR_OPEN);
+    database.FinishOpening();
+    EXPECT_TRUE(database.stores().empty());
+    EXPECT_EQ(database.categories().size(), 1u);
+  }
+  NameRef store{0, "dairy"};
+  EXPECT_EQ(database.ResolveNames(&store, nullptr, nullptr), 0);
+  EXPECT_EQ(store.Id, 1) << "nobody could choose it from the empty list";
+  EXPECT_EQ(folder.Read("store.lst"), RawListFile({RawItem(1, "Dairy")}));
 }
 
 TEST(ShoppingDatabaseOpenTest, ANewFolderForgetsTheListsOfTheOldOne) {
@@ -178,7 +230,7 @@ TEST_F(ResolveNamesTest, AFailedWriteTakesTheNameOutAgainAndStopsBeforeTheNextLi
   NameRef category{0, "Food"};
   {
     const test::WriteLimit full(20);
-    EXPECT_EQ(database_.ResolveNames(&store, &category, nullptr), ERR_OPEN);
+    EXPECT_EQ(database_.ResolveNames(&store, &category, nullptr), ERR_IO);
   }
   EXPECT_EQ(store.Id, 0);
   EXPECT_EQ(category.Id, 0);
@@ -187,6 +239,19 @@ TEST_F(ResolveNamesTest, AFailedWriteTakesTheNameOutAgainAndStopsBeforeTheNextLi
   EXPECT_EQ(folder_.Read("store.lst"), RawListFile({}));
   EXPECT_EQ(database_.ResolveNames(&store, &category, nullptr), 0);
   EXPECT_EQ(store.Id, 5000);
+}
+
+TEST_F(ResolveNamesTest, AListThatIsCutWhileTheProgramRunsTakesNewNamesAndKeepsItsBytes) {
+  folder_.Write("store.lst", RawListFile({RawItem(7, "Mega"), RawItem(8, "Mini")}));
+  ASSERT_EQ(database_.Open(folder_.path()), 0);
+  Bytes cut = RawListFile({RawItem(7, "Mega"), RawItem(8, "Mini")});
+  cut.resize(cut.size() - 10);
+  folder_.Write("store.lst", cut);
+  NameRef store{0, "Corner Shop"};
+  EXPECT_EQ(database_.ResolveNames(&store, nullptr, nullptr), 0);
+  EXPECT_EQ(folder_.Read("store.lst"),
+            RawListFile({RawItem(7, "Mega"), RawItem(8, "Mini"), RawItem(5000, "Corner Shop")}));
+  EXPECT_EQ(folder_.Read("store.lst.bad"), cut);
 }
 
 TEST_F(ResolveNamesTest, ALockedListIsNotWritten) {

@@ -192,7 +192,7 @@ TEST_F(UnitOfWorkTest, AFailurePutsReplacementsBack) {
   EXPECT_FALSE(folder_.ReadText("new.lst"));
 }
 
-TEST_F(UnitOfWorkTest, AReplacementThatCannotBeWrittenIsAnOpenErrorAndUndoesTheRest) {
+TEST_F(UnitOfWorkTest, AReplacementThatCannotBeWrittenIsAWriteErrorAndUndoesTheRest) {
   folder_.WriteText("a.dat", "0123");
   folder_.WriteText("names.lst", "old");
   UnitOfWork work(Path("backup.dat"));
@@ -200,7 +200,7 @@ TEST_F(UnitOfWorkTest, AReplacementThatCannotBeWrittenIsAnOpenErrorAndUndoesTheR
   work.Replace(Path("names.lst"), Bytes(500));
   {
     const WriteLimit full(200);
-    EXPECT_EQ(work.Commit(), ERR_OPEN);
+    EXPECT_EQ(work.Commit(), ERR_IO);
   }
   EXPECT_EQ(folder_.ReadText("a.dat"), "0123");
   EXPECT_EQ(folder_.ReadText("names.lst"), "old");
