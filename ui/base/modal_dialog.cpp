@@ -15,6 +15,7 @@
 #include <QStyle>
 
 #include "ui/base/theme.h"
+#include "ui/base/wheel_guard.h"
 
 namespace brovanta {
 
@@ -88,6 +89,7 @@ void ModalDialog::setVisible(bool visible) {
 void ModalDialog::Prepare() {
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
   NameTypedParts(*this);
+  KeepFromTheWheel(*this);
   for (QScrollArea* area : findChildren<QScrollArea*>()) {
     area->setFocusPolicy(Qt::NoFocus);
     if (area->minimumHeight() == 0) area->setMinimumHeight(kLowestArea);
