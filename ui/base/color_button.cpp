@@ -146,9 +146,11 @@ void ColorButton::SetPointerOver(bool over) {
   update();
 }
 
-void ColorButton::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) SetPointerOver(false);
-  QAbstractButton::changeEvent(event);
+// Of a change of the active window the toolkit tells the parts of a window by these two only.
+bool ColorButton::event(QEvent* event) {
+  if (event->type() == QEvent::WindowDeactivate) SetPointerOver(false);
+  if (event->type() == QEvent::WindowActivate) SetPointerOver(hover_tracking_ && underMouse());
+  return QAbstractButton::event(event);
 }
 
 void ColorButton::enterEvent(QEnterEvent* event) {

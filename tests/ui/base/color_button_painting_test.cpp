@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QMenu>
 #include <QTest>
 
 #include "ui/base/color_button.h"
@@ -65,6 +66,22 @@ TEST_F(ColorButtonPaintingTest, APressShowsEvenWhereAllColorsAreAlike) {
   const QColor before = PixelAt({80, 8});
   button_.setDown(true);
   EXPECT_NE(PixelAt({80, 8}), before);
+}
+
+TEST_F(ColorButtonPaintingTest, IsDrawnPressedWhileItsMenuShows) {
+  Show();
+  QMenu menu;
+  menu.addAction(QStringLiteral("Daily"));
+  button_.AttachMenu(&menu, true);
+  button_.SetColor(ColorButton::kPressedBackground, Qt::yellow, true);
+  window_.setFocus();
+  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::white));
+  QTest::mouseClick(&button_, Qt::LeftButton);
+  ASSERT_TRUE(menu.isVisible());
+  EXPECT_FALSE(button_.isDown());
+  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::yellow));
+  menu.close();
+  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::white));
 }
 
 TEST_F(ColorButtonPaintingTest, FocusShowsARing) {

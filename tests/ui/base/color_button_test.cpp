@@ -195,6 +195,26 @@ TEST_F(ColorButtonTest, PointerIsFollowedOnlyWhileHoverTrackingIsOn) {
   EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::white));
 }
 
+TEST_F(ColorButtonTest, PointerIsFollowedOnlyWhileTheWindowIsActive) {
+  Show();
+  button_.SetColor(4, Qt::cyan, true);
+  button_.SetHoverTracking(true);
+  window_.setFocus();
+  window_.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+  QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+  QCoreApplication::sendEvent(&button_, &enter);
+  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::cyan));
+
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::white)) << "another window is active now";
+  QCoreApplication::sendEvent(&button_, &enter);
+  EXPECT_EQ(PixelAt({0, 0}), QColor(Qt::white));
+}
+
 TEST_F(ColorButtonTest, DisabledButtonLooksQuieterAndDoesNothing) {
   Show();
   button_.setText(QStringLiteral("All Stores"));
