@@ -535,6 +535,10 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
         <source>Add a product with +, or choose another time above.</source>
         <translation>Mit + ein Produkt hinzufügen oder oben eine andere Zeit wählen.</translation>
     </message>
+    <message>
+        <source>Find and Clear, All Stores and All Categories together show everything again.</source>
+        <translation>Suchen und Leeren, Alle Läden und Alle Kategorien zusammen zeigen wieder alles.</translation>
+    </message>
 </context>
 <context>
     <name>RecordRow</name>
@@ -851,6 +855,10 @@ Möchten Sie alle Termine dieser Reihe endgültig löschen?</translation>
     <message>
         <source>There was an error while applying the selected coupon to the current product.</source>
         <translation>Beim Anwenden des ausgewählten Gutscheins auf dieses Produkt ist ein Fehler aufgetreten.</translation>
+    </message>
+    <message>
+        <source>Find and Clear, All Stores and All Categories together show everything again.</source>
+        <translation>Suchen und Leeren, Alle Läden und Alle Kategorien zusammen zeigen wieder alles.</translation>
     </message>
 </context>
 <context>

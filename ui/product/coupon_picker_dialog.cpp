@@ -96,11 +96,15 @@ QString CouponPickerDialog::EmptyWords(int code) const {
            tr("The program brovanta-data checks files and brings copies back.");
   }
   const QString period = PeriodWords(period_->view_mode());
-  if (!filter_.text.empty()) {
-    return tr("Nothing found for \"%1\" %2").arg(WideText(filter_.text), period) +
-           QLatin1Char('\n') + tr("Find and Clear show everything again.");
-  }
   const bool narrowed = filter_.store_id != 0 || filter_.category_id != 0;
+  if (!filter_.text.empty()) {
+    const QString hint =
+        narrowed
+            ? tr("Find and Clear, All Stores and All Categories together show everything again.")
+            : tr("Find and Clear show everything again.");
+    return tr("Nothing found for \"%1\" %2").arg(WideText(filter_.text), period) +
+           QLatin1Char('\n') + hint;
+  }
   if (narrowed) {
     return tr("Nothing of this choice %1").arg(period) + QLatin1Char('\n') +
            tr("All Stores and All Categories show everything again.");

@@ -106,12 +106,18 @@ QString EmptyListWords(const MainState& state, int view_mode, int code) {
                           "The program brovanta-data checks files and brings copies back."));
   }
   const QString period = PeriodWords(view_mode);
+  const bool narrowed = state.filter.store_id != 0 || state.filter.category_id != 0;
   if (state.filter.find_text) {
-    return Empty(Words(QT_TRANSLATE_NOOP("RecordLists", "Nothing found for \"%1\" %2"))
-                     .arg(WideText(*state.filter.find_text), period),
-                 QT_TRANSLATE_NOOP("RecordLists", "Find and Clear show everything again."));
+    return Empty(
+        Words(QT_TRANSLATE_NOOP("RecordLists", "Nothing found for \"%1\" %2"))
+            .arg(WideText(*state.filter.find_text), period),
+        narrowed
+            ? QT_TRANSLATE_NOOP(
+                  "RecordLists",
+                  "Find and Clear, All Stores and All Categories together show everything again.")
+            : QT_TRANSLATE_NOOP("RecordLists", "Find and Clear show everything again."));
   }
-  if (state.filter.store_id != 0 || state.filter.category_id != 0) {
+  if (narrowed) {
     return Empty(
         Words(QT_TRANSLATE_NOOP("RecordLists", "Nothing of this choice %1")).arg(period),
         QT_TRANSLATE_NOOP("RecordLists", "All Stores and All Categories show everything again."));

@@ -213,6 +213,12 @@ TEST_F(CouponPickerDialogTest, AnEmptyListNamesWhatNarrowsIt) {
               QStringLiteral("Nothing of this choice on this day\n"
                              "All Stores and All Categories show everything again."));
     FindText(QStringLiteral("%1 zzz"));
+    EXPECT_EQ(Tree()->empty_text(),
+              QStringLiteral("Nothing found for \"%1 zzz\" on this day\n"
+                             "Find and Clear, All Stores and All Categories together show "
+                             "everything again."));
+    ChooseInMenu("storeFilterButton", QStringLiteral("All Stores"));
+    ChooseInMenu("categoryFilterButton", QStringLiteral("All Categories"));
     EXPECT_EQ(Tree()->empty_text(), QStringLiteral("Nothing found for \"%1 zzz\" on this day\n"
                                                    "Find and Clear show everything again."));
     EXPECT_EQ(Find("tool2794")->accessibleName(), QStringLiteral("Find: %1 zzz"));

@@ -194,6 +194,10 @@ TEST_F(TreeFillersTest, EmptyListNamesWhatNarrowsIt) {
   state.filter.find_text = "m\xFCsli";
   EXPECT_EQ(words(0),
             "Nothing found for \"m\u00FCsli\" on this day\n"
+            "Find and Clear, All Stores and All Categories together show everything again.");
+  state.filter.store_id = 0;
+  EXPECT_EQ(words(0),
+            "Nothing found for \"m\u00FCsli\" on this day\n"
             "Find and Clear show everything again.");
   folder_.WriteText("product.dat", "damaged");
   EXPECT_EQ(words(-14),
