@@ -14,7 +14,8 @@ constexpr int kChevron = 134;
 constexpr QSize kChevronSize{12, 12};
 constexpr QSize kThirdPictureSize{32, 32};
 
-void AddCommand(QMenu& menu, QString text, int command) {
+void AddCommand(QMenu& menu, const QString& name, int command) {
+  QString text = OneLine(name);                         // a tab would part it into columns
   text.replace(QLatin1Char('&'), QLatin1String("&&"));  // a name has no mnemonic
   menu.addAction(text)->setData(command);
 }

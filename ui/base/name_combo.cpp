@@ -3,32 +3,22 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <algorithm>
+#include <string>
 #include <utility>
 #include <vector>
 
 #include "ui/base/wide_text.h"
-#include "util/word_search.h"
 
 namespace brovanta {
-namespace {
-
-// What the database keeps of a name, in one letter case.
-std::string StoredForm(const QString& text) {
-  std::string stored = NarrowText(text).substr(0, kNameSize - 1);
-  std::transform(stored.begin(), stored.end(), stored.begin(), [](char character) {
-    return static_cast<char>(UpperCase(static_cast<unsigned char>(character)));
-  });
-  return stored;
-}
-
-}  // namespace
-
 NameCombo::NameCombo(QWidget* parent) : QComboBox(parent) {
   setEditable(true);
   setInsertPolicy(QComboBox::NoInsert);
   setCompleter(nullptr);  // it would turn a new name "Al" into "Aldi"
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(6);
+  const auto forget = [this] { unknown_id_ = 0; };
+  connect(lineEdit(), &QLineEdit::textEdited, this, forget);
+  connect(this, &QComboBox::activated, this, forget);
 }
 
 void NameCombo::Fill(const NameList& names) {
@@ -56,32 +46,36 @@ void NameCombo::AddEmptyItem() {
 }
 
 void NameCombo::SelectId(std::uint32_t id) {
+  unknown_id_ = 0;
   if (id == 0) return;
   const int index = findData(static_cast<int>(id));
-  if (index < 0) return;
+  if (index < 0) {
+    unknown_id_ = static_cast<std::int32_t>(id);
+    return;
+  }
   setCurrentIndex(index);
   lineEdit()->setCursorPosition(0);  // of a long name the beginning is shown
 }
 
-bool NameCombo::IsTooLong() const { return currentText().size() > kNameLimit; }
+bool NameCombo::IsTooLong() const { return OneLine(currentText()).size() > kNameLimit; }
 
-int NameCombo::FindItem() const {
-  const QString text = currentText();
+int NameCombo::FindItem(const QString& text) const {
   // Of several entries with one name it is the selected one, or an edit would exchange them.
-  if (currentIndex() >= 0 && itemText(currentIndex()) == text) return currentIndex();
+  if (currentIndex() >= 0 && itemText(currentIndex()) == currentText()) return currentIndex();
   const int whole = findText(text, Qt::MatchFixedString);
   if (whole >= 0) return whole;
-  const std::string stored = StoredForm(text);
+  const std::string stored = StoredForm(NarrowText(text));
   for (int index = 0; index < count(); ++index) {
-    if (StoredForm(itemText(index)) == stored) return index;
+    if (StoredForm(NarrowText(itemText(index))) == stored) return index;
   }
   return -1;
 }
 
 std::optional<NameRef> NameCombo::Reference() const {
-  const QString text = currentText();
+  if (unknown_id_ != 0) return NameRef{unknown_id_, {}};
+  const QString text = OneLine(currentText());
   if (text.isEmpty()) return std::nullopt;
-  const int index = FindItem();
+  const int index = FindItem(text);
   if (index >= 0) return NameRef{itemData(index).toInt(), NarrowText(itemText(index))};
   return NameRef{0, NarrowText(text).substr(0, kNameSize)};
 }

@@ -25,13 +25,16 @@ class NameCombo : public QComboBox {
   /// The same, sorted by name without regard to letter case.
   void FillSorted(const NameList& names);
 
-  /// Selects the first item with this id; does nothing for 0 or an id that is not there.
+  /// Selects the first item with this id; selects nothing for 0 or an id that is not there. Such an
+  /// id stays the reference until the user types or chooses something: the list may only have been
+  /// out of reach.
   void SelectId(std::uint32_t id);
 
   /// Whether the text has more than kNameLimit characters.
   [[nodiscard]] bool IsTooLong() const;
 
-  /// What the text means for a record that is saved: nothing for an empty text, the id of the item
+  /// What the text, as one line, means for a record that is saved: nothing for an empty text, the
+  /// id of the item
   /// whose whole text it is in any letter case (also when only its first 49 bytes agree with a
   /// stored name, which is all that is stored of a longer one), else id 0 and the typed name, at
   /// most 50 bytes.
@@ -42,7 +45,9 @@ class NameCombo : public QComboBox {
 
  private:
   void AddEmptyItem();
-  [[nodiscard]] int FindItem() const;
+  [[nodiscard]] int FindItem(const QString& text) const;
+
+  std::int32_t unknown_id_ = 0;  // selected, but not among the items
 };
 
 }  // namespace brovanta

@@ -17,6 +17,7 @@ std::string NotesText(const QPlainTextEdit& field, std::string_view shown) {
   QString notes = field.document()->toRawText();  // toPlainText() makes blanks of no-break spaces
   notes.replace(QChar(QChar::ParagraphSeparator), QStringLiteral("\r\n"));
   notes.replace(QChar(QChar::LineSeparator), QStringLiteral("\r\n"));
+  notes.replace(QChar(QChar::Null), QLatin1Char(' '));  // what is stored would end there
   return NarrowText(notes).substr(0, kLongTextSize);
 }
 

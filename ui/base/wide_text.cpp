@@ -21,4 +21,24 @@ std::string NarrowText(const QString& text) {
   return NarrowToWindows1252(text.normalized(QString::NormalizationForm_C).toStdU16String());
 }
 
+namespace {
+
+// U+0085 is a line break too; the other controls above 127 stand for stored bytes.
+bool BreaksALine(QChar character) {
+  return character < QLatin1Char(' ') || character == QChar(0x7F) || character == QChar(0x85) ||
+         character == QChar(QChar::LineSeparator) || character == QChar(QChar::ParagraphSeparator);
+}
+
+}  // namespace
+
+QString OneLine(QString text) {
+  if (const qsizetype end = text.indexOf(QChar(QChar::Null)); end >= 0) text.truncate(end);
+  for (QChar& character : text) {
+    if (BreaksALine(character)) character = QLatin1Char(' ');
+  }
+  return text;
+}
+
+std::string NarrowLine(const QString& text) { return NarrowText(OneLine(text)); }
+
 }  // namespace brovanta

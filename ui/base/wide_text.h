@@ -17,4 +17,11 @@ namespace brovanta {
 /// Wide text, composed first, as Windows-1252 bytes; a character without a counterpart becomes "?".
 [[nodiscard]] std::string NarrowText(const QString& text);
 
+/// A text of one line, as it may come out of the clipboard: up to the first U+0000, where its
+/// stored form would end, and with blanks for line breaks, tabs and other control characters.
+[[nodiscard]] QString OneLine(QString text);
+
+/// OneLine as Windows-1252 bytes: what is stored of a one-line field.
+[[nodiscard]] std::string NarrowLine(const QString& text);
+
 }  // namespace brovanta

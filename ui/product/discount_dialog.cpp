@@ -73,6 +73,7 @@ void DiscountDialog::FillLists() {
   form_->valueTypeBox->addItem(tr("Amount ($)"), 2);
   form_->typeBox->setCurrentIndex(-1);  // a filled list would select its first item
   form_->valueTypeBox->setCurrentIndex(-1);
+  database_.FinishOpening();
   form_->storeBox->FillSorted(database_.stores());
   form_->categoryBox->FillSorted(database_.categories());
   form_->startDateEdit->SetName(tr("Start date"), tr("Has a start date"));

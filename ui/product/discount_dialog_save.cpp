@@ -55,7 +55,7 @@ bool DiscountDialog::ReadTypes(DiscountFields& fields) {
 }
 
 bool DiscountDialog::ReadTexts(DiscountFields& fields) {
-  const QString name = form_->couponNameEdit->text();
+  const QString name = OneLine(form_->couponNameEdit->text());
   if (name.isEmpty())
     return Refuse(tr("The discount name can not be empty."), form_->couponNameEdit);
   if (name.size() > kNameLimit) {
@@ -65,7 +65,7 @@ bool DiscountDialog::ReadTexts(DiscountFields& fields) {
     return Refuse(tr("The product name has more than 50 characters."), form_->productBox);
   }
   fields.name = NarrowText(name).substr(0, kNameSize);
-  fields.product = NarrowText(form_->productBox->currentText()).substr(0, kNameSize);
+  fields.product = NarrowLine(form_->productBox->currentText()).substr(0, kNameSize);
   return true;
 }
 

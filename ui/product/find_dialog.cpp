@@ -45,7 +45,8 @@ FindTextDialog::FindTextDialog(QWidget* parent, const std::optional<std::string>
   box->lineEdit()->selectAll();
   ShowInputPanelOnFocus(box);
   box->setFocus();
-  connect(form_->findButton, &QPushButton::clicked, this, [this, box] { End(box->currentText()); });
+  connect(form_->findButton, &QPushButton::clicked, this,
+          [this, box] { End(OneLine(box->currentText())); });
   connect(form_->clearButton, &QPushButton::clicked, this, [this] { End(QString()); });
   connect(form_->cancelButton, &QPushButton::clicked, this, &FindTextDialog::reject);
   resize(360, minimumSizeHint().height());

@@ -2,6 +2,7 @@
 
 #include <QShortcut>
 
+#include "db/schedule.h"
 #include "ui/base/color_button.h"
 #include "ui/base/date_field.h"
 #include "ui/base/input_panel.h"
@@ -57,6 +58,7 @@ void ProductDialog::FillLists() {
   for (const PurchaseType& type : PurchaseTypes()) {
     form_->purchaseTypeBox->addItem(PurchaseTypeWords(type.text), type.code);
   }
+  database_.FinishOpening();
   form_->purchaseTypeBox->setCurrentIndex(-1);  // a filled list would select its first item
   form_->unitTypeBox->Fill(database_.units());
   form_->storeBox->Fill(database_.stores());
@@ -116,7 +118,10 @@ void ProductDialog::ShowRecord() {
 }
 
 void ProductDialog::ShowSchedule() {
-  const bool dated = record_->PurchaseKind == 1 || mode_ == kPurchaseMode;
+  const PurchaseType* type = FindPurchaseType(SelectedType());
+  // A damaged record's schedule may be none of the type that its interval points at.
+  if (type != nullptr && type->kind == record_->PurchaseKind) shown_type_ = type->code;
+  const bool dated = record_->PurchaseKind == kOneTime || mode_ == kPurchaseMode;
   if (const DayChoice* choice = DayChoiceOfKind(record_->PurchaseKind)) {
     ShowDayField(*choice);
     form_->dayBox->setCurrentIndex(form_->dayBox->findText(QString::number(record_->DayValue)));
@@ -155,6 +160,8 @@ void ProductDialog::HideSchedule() {
 }
 
 void ProductDialog::OnPurchaseTypeChanged() {
+  if (SelectedType() == shown_type_) return;  // chosen again: the day stays
+  shown_type_ = SelectedType();
   HideSchedule();
   const PurchaseType* type = FindPurchaseType(SelectedType());
   if (type == nullptr) return;

@@ -7,6 +7,7 @@
 
 #include "db/shopping_database.h"
 #include "ui/base/modal_dialog.h"
+#include "ui/product/purchase_type.h"
 
 namespace Ui {
 class ProductForm;
@@ -61,6 +62,7 @@ class ProductDialog : public ModalDialog {
 
   std::optional<ProductRecord> record_;
   int mode_;
+  int shown_type_ = kNoPurchaseType;  // whose schedule controls stand in the form
   ShoppingDatabase& database_;
   std::unique_ptr<Ui::ProductForm> form_;
   std::unique_ptr<CouponRow> coupons_;

@@ -1,4 +1,5 @@
 // The product dialog's OK: its checks in their order, and the save.
+#include "db/schedule.h"
 #include "ui/base/date_field.h"
 #include "ui/base/message_box.h"
 #include "ui/base/notes_field.h"
@@ -39,19 +40,19 @@ void ProductDialog::Accept() {
 std::optional<ProductFields> ProductDialog::ReadForSearch() {
   ProductFields fields;
   if (!HasName() || !ReadReferences(fields)) return std::nullopt;
-  fields.name = NarrowText(form_->productNameEdit->text()).substr(0, kNameSize);
+  fields.name = NarrowLine(form_->productNameEdit->text()).substr(0, kNameSize);
   fields.notes = Notes();
   return fields;
 }
 
 bool ProductDialog::HasName() {
-  if (!form_->productNameEdit->text().isEmpty()) return true;
+  if (!OneLine(form_->productNameEdit->text()).isEmpty()) return true;
   return Refuse(tr("The product name can not be empty."), form_->productNameEdit);
 }
 
 bool ProductDialog::ReadName(ProductFields& fields) {
   if (!HasName()) return false;
-  const QString name = form_->productNameEdit->text();
+  const QString name = OneLine(form_->productNameEdit->text());
   if (name.size() > kNameLimit) {
     return Refuse(tr("The product name has more than 50 characters."), form_->productNameEdit);
   }
@@ -86,6 +87,14 @@ bool ProductDialog::ReadReferences(ProductFields& fields) {
 }
 
 bool ProductDialog::ReadSchedule(ProductFields& fields) {
+  if (mode_ == kPurchaseMode && record_ && record_->PurchaseKind != kOneTime) {
+    // No control shows its schedule, so it stays as it is, whatever it is.
+    fields.purchase_kind = record_->PurchaseKind;
+    fields.every = record_->Every;
+    fields.day_value = record_->DayValue;
+    fields.start_date = record_->StartDate;
+    return true;
+  }
   const PurchaseType* type = FindPurchaseType(SelectedType());
   if (type == nullptr) {
     return Refuse(tr("You must select a purchase type for this product."), form_->purchaseTypeBox);

@@ -19,7 +19,7 @@ QString AmountText(double amount) {
 }
 
 double FieldNumber(const QString& text) {
-  return LeadingDouble(NarrowText(text).substr(0, kNumberFieldLength));
+  return LeadingDouble(NarrowLine(text).substr(0, kNumberFieldLength));
 }
 
 }  // namespace brovanta

@@ -100,13 +100,13 @@ void OptionsDialog::ShowOptions() {
 }
 
 QString OptionsDialog::Country() const {
-  const QString text = form_->countryBox->currentText();
+  const QString text = OneLine(form_->countryBox->currentText());
   const int known = form_->countryBox->findText(text);
   return known < 0 ? text : form_->countryBox->itemData(known).toString();
 }
 
 void OptionsDialog::Accept() {
-  const std::string tax_text = NarrowText(form_->taxEdit->text()).substr(0, kNumberFieldLength);
+  const std::string tax_text = NarrowLine(form_->taxEdit->text()).substr(0, kNumberFieldLength);
   const double tax = LeadingDouble(tax_text);
   if (tax < 0.0) {
     ShowMessage(this, tr("The tax must be a valid number."));
@@ -115,7 +115,7 @@ void OptionsDialog::Accept() {
     return;
   }
   options_.set_country(Country().toStdString());
-  options_.set_zip_code(form_->zipCodeEdit->text().toStdString());
+  options_.set_zip_code(OneLine(form_->zipCodeEdit->text()).toStdString());
   options_.set_tax(tax + 0.0);  // "-0" is no negative number, and is not shown as one
   if (options_.save() != 0) {
     ShowMessage(this, tr("There was an error while saving the Brovanta options to the "

@@ -57,7 +57,7 @@ QString SearchDialog::LoadCategories() {
 }
 
 void SearchDialog::Search() {
-  const QString name = form_->nameEdit->text();
+  const QString name = OneLine(form_->nameEdit->text());
   if (name.isEmpty()) {
     ShowMessage(this, tr("You must first enter the item name for the item that you "
                          "want to search for."));

@@ -70,6 +70,11 @@ TEST_F(FilterMenuTest, AmpersandInANameIsShownAsOne) {
               ElementsAre(Pair(10000, "All Stores"), Pair(10001, "Fresh && Co")));
 }
 
+TEST_F(FilterMenuTest, TabsAndLineBreaksInANameArePlainBlanks) {
+  EXPECT_THAT(Built(Names({{1, "x\ty\nz"}})),
+              ElementsAre(Pair(10000, "All Stores"), Pair(10001, "x y z")));
+}
+
 TEST_F(FilterMenuTest, AccentedNamesAreWidened) {
   const auto menu = BuildFilterMenu(kCategoryCommands, QStringLiteral("All Categories"),
                                     Names({{1, "R\xF6stwerk"}}));

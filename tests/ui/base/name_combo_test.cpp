@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QTest>
 
@@ -105,6 +107,46 @@ TEST_F(NameComboTest, UnknownIdsAndZeroSelectNothing) {
   combo_.SelectId(0);
   combo_.SelectId(999);
   EXPECT_EQ(combo_.currentIndex(), 0);
+}
+
+TEST_F(NameComboTest, AnUnknownIdStaysTheReferenceUntilTheUserDoesSomething) {
+  combo_.SelectId(999);
+  EXPECT_EQ(combo_.currentText(), QString());
+  ASSERT_TRUE(combo_.Reference().has_value());
+  EXPECT_EQ(combo_.Reference()->Id, 999);
+  Type(QStringLiteral("x"));
+  EXPECT_EQ(combo_.Reference()->Name, "x");
+  QTest::keyClick(combo_.lineEdit(), Qt::Key_Backspace);
+  EXPECT_FALSE(combo_.Reference().has_value()) << "emptied by hand";
+
+  combo_.SelectId(999);
+  QTest::keyClick(&combo_, Qt::Key_Down);
+  QTest::keyClick(&combo_, Qt::Key_Up);
+  EXPECT_EQ(combo_.currentIndex(), 0);
+  EXPECT_FALSE(combo_.Reference().has_value()) << "none was chosen";
+
+  combo_.SelectId(999);
+  combo_.SelectId(7);
+  EXPECT_EQ(combo_.Reference()->Id, 7);
+  combo_.SelectId(999);
+  combo_.SelectId(0);
+  EXPECT_EQ(combo_.Reference()->Id, 7) << "0 selects nothing";
+}
+
+TEST_F(NameComboTest, APastedNameIsOfOneLine) {
+  const auto paste = [this](const QString& text) {
+    combo_.lineEdit()->selectAll();
+    QGuiApplication::clipboard()->setText(text);
+    QTest::keyClick(combo_.lineEdit(), Qt::Key_V, Qt::ControlModifier);
+  };
+  paste(QStringLiteral("x\ty\nz"));
+  EXPECT_EQ(combo_.Reference()->Name, "x y z");
+  paste(QString(QChar(0)) + QStringLiteral("zz"));
+  EXPECT_FALSE(combo_.Reference().has_value());
+  paste(QStringLiteral("Corner\tShop"));
+  EXPECT_EQ(combo_.Reference()->Id, 7);
+  paste(QString(50, QLatin1Char('s')) + QChar(0) + QStringLiteral("behind"));
+  EXPECT_FALSE(combo_.IsTooLong());
 }
 
 TEST_F(NameComboTest, FiftyCharactersAreAccepted) {

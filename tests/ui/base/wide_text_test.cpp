@@ -36,6 +36,23 @@ TEST(WideTextTest, TextFromTheWebThatIsNoUtf8IsOfTheWindowsCodePageAsAWhole) {
   EXPECT_EQ(WebText("cut \xC3"), QStringLiteral("cut \u00C3"));
 }
 
+TEST(WideTextTest, ATextOfOneLineEndsAtAZeroAndHasNoBreaksAndTabs) {
+  EXPECT_EQ(OneLine(QStringLiteral("x\ty\nz\r\u0001\u007F\u0085\u2028\u2029.")),
+            QStringLiteral("x y z      ."));
+  EXPECT_EQ(OneLine(QString(QChar(0)) + QStringLiteral("zz")), QString());
+  EXPECT_EQ(OneLine(QStringLiteral("ab") + QChar(0) + QStringLiteral("zz")), QStringLiteral("ab"));
+  EXPECT_EQ(OneLine(QStringLiteral("  plain\u00A0text ")), QStringLiteral("  plain\u00A0text "));
+  EXPECT_EQ(NarrowLine(QStringLiteral("Caf\u00E9\tbar")), "Caf\xE9 bar");
+}
+
+TEST(WideTextTest, ATextOfOneLineKeepsEveryStoredByteThatIsNoAsciiControl) {
+  std::string all;
+  for (int byte = 32; byte < 256; ++byte) {
+    if (byte != 127) all.push_back(static_cast<char>(byte));
+  }
+  EXPECT_EQ(NarrowLine(WideText(all)), all);
+}
+
 TEST(WideTextTest, EveryByteComesBackAsItWas) {
   std::string all;
   for (int byte = 1; byte < 256; ++byte) all.push_back(static_cast<char>(byte));

@@ -349,5 +349,41 @@ TEST_F(DiscountDialogSaveTest, EnterInAFieldIsOk) {
   EXPECT_EQ(Records().size(), 1U);
 }
 
+TEST_F(DiscountDialogSaveTest, AfterAFailedStartAnEditLosesNoName) {
+  const DiscountRecord record = Stored(0, 0, Full());
+  folder_.Write("store.lst", test::Hex("00 01 02 03"));
+  ASSERT_NE(database_.Open(folder_.path()), 0);
+  EXPECT_EQ(Run(&record, kEditDiscountMode,
+                [&] {
+                  EXPECT_EQ(Combo("categoryBox")->currentText(), QStringLiteral("Breakfast"));
+                  EXPECT_EQ(Combo("storeBox")->currentText(), QString());
+                  PressOk();
+                }),
+            0);
+  EXPECT_EQ(WordAt(OnlyRecord(), 388), 5000U);
+  EXPECT_EQ(WordAt(OnlyRecord(), 392), 5000U);
+}
+
+TEST_F(DiscountDialogSaveTest, PastedTextsAreOfOneLine) {
+  const QString after_zero = QString(QChar(0)) + QStringLiteral("zz");
+  EXPECT_EQ(Add([&] {
+              FillInTheLeast();
+              Paste("couponNameEdit", after_zero);
+              PressOk();
+              EXPECT_TRUE(dialog_->isVisible());
+              Paste("couponNameEdit", QStringLiteral("two\nfor\tone"));
+              Paste("productBox", QStringLiteral("whole\nmilk"));
+              Paste("storeBox", after_zero);
+              Paste("valueEdit", QStringLiteral("\t15"));
+              PressOk();
+            }),
+            0);
+  EXPECT_EQ(Messages(), "The discount name can not be empty.");
+  EXPECT_EQ(TextAt(OnlyRecord(), 12, 50), "two for one");
+  EXPECT_EQ(TextAt(OnlyRecord(), 62, 50), "whole milk");
+  EXPECT_EQ(DoubleAt(OnlyRecord(), 368), 15.0);
+  EXPECT_EQ(folder_.Read("store.lst")->size(), 8U);
+}
+
 }  // namespace
 }  // namespace brovanta

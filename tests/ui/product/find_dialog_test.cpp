@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -196,6 +197,23 @@ TEST_F(FindDialogTest, ShowsAnIconAndItsLabel) {
   EXPECT_FALSE(dialog.findChild<QLabel*>(QStringLiteral("iconLabel"))->pixmap().isNull());
   EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("findTextLabel"))->text(),
             QStringLiteral("Find text:"));
+}
+
+TEST_F(FindDialogTest, APastedTextIsOfOneLine) {
+  const auto paste = [](const QString& text) {
+    FindTextDialog dialog(nullptr, std::nullopt);
+    EXPECT_EQ(RunDialog(dialog,
+                        [&dialog, text] {
+                          QGuiApplication::clipboard()->setText(text);
+                          QTest::keyClick(Box(dialog), Qt::Key_V, Qt::ControlModifier);
+                          Press(dialog, "findButton");
+                        }),
+              0);
+    return dialog.find_text();
+  };
+  EXPECT_EQ(paste(QStringLiteral("whole\tmilk\n")), "whole milk ");
+  EXPECT_EQ(paste(QString(QChar(0)) + QStringLiteral("zz")), std::nullopt);
+  EXPECT_EQ(paste(QString(5000, QLatin1Char('m'))), std::string(5000, 'm'));
 }
 
 }  // namespace

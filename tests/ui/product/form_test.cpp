@@ -1,6 +1,7 @@
 #include "tests/ui/product/form_test.h"
 
-#include <QCoreApplication>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QTest>
 
@@ -24,6 +25,12 @@ void FormTest::Type(const char* name, const QString& text) {
   QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(field, Qt::Key_Delete);
   TypeText(field, text);
+}
+
+void FormTest::Paste(const char* name, const QString& text) {
+  Type(name, QString());
+  QGuiApplication::clipboard()->setText(text);
+  QTest::keyClick(Find(name), Qt::Key_V, Qt::ControlModifier);
 }
 
 void FormTest::Choose(const char* name, const QString& item) {

@@ -28,6 +28,7 @@ class FormTest : public DialogTest {
   QComboBox* Combo(const char* name) { return Find<QComboBox>(name); }
 
   void Type(const char* name, const QString& text);    ///< replaces the text of a line or combo
+  void Paste(const char* name, const QString& text);   ///< the same out of the clipboard
   void Choose(const char* name, const QString& item);  ///< by keyboard
   void PressOk() { Press("okButton"); }
   /// Presses a button that drops a menu down and clicks an entry. What the entry opens is done when

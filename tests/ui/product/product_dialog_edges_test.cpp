@@ -31,6 +31,25 @@ ProductRecord Scheduled(int kind, int every, int day) {
   return record;
 }
 
+/// A weekly product with a store, a category and a unit, each the first of its list: 5000.
+ProductFields InNamedPlaces() {
+  ProductFields fields;
+  fields.name = "Yoghurt";
+  fields.purchase_kind = 3;
+  fields.every = 1;
+  fields.day_value = 2;
+  fields.start_date = test::kToday;
+  fields.store = NameRef{0, "Kiosk"};
+  fields.category = NameRef{0, "Dairy"};
+  fields.unit = NameRef{0, "cup"};
+  return fields;
+}
+
+/// Store, category and unit of a stored record.
+std::vector<std::uint32_t> Places(const std::string& record) {
+  return {WordAt(record, 324), WordAt(record, 328), WordAt(record, 332)};
+}
+
 // 2026-11-21 01:00 UTC is 1795222800, 6B00ED10.
 TEST_F(ProductDialogEdgesTest, ANewProductStandsInItsFilesByteForByte) {
   EXPECT_EQ(Add([&] {
@@ -212,6 +231,130 @@ TEST_F(ProductDialogEdgesTest, ManyFailedTriesAddANewNameOnce) {
   EXPECT_EQ(folder_.Read("unit.lst")->size(), 8U + 68);
   EXPECT_EQ(WordAt(OnlyRecord(), 324), 5000U);
   EXPECT_EQ(WordAt(OnlyRecord(), 332), 5000U);
+}
+
+// "store.lst" is damaged, the lists behind it in the order of loading are sound.
+TEST_F(ProductDialogEdgesTest, AfterAFailedStartAnEditLosesNoName) {
+  const ProductRecord record = Stored(kProductKind, InNamedPlaces());
+  folder_.Write("store.lst", Hex("00 01 02 03"));
+  ASSERT_NE(database_.Open(folder_.path()), 0);
+  EXPECT_EQ(Run(&record, kProductMode,
+                [&] {
+                  EXPECT_EQ(Combo("categoryBox")->currentText(), QStringLiteral("Dairy"));
+                  EXPECT_EQ(Combo("unitTypeBox")->currentText(), QStringLiteral("cup"));
+                  EXPECT_EQ(Combo("storeBox")->currentText(), QString());
+                  PressOk();
+                }),
+            0);
+  EXPECT_EQ(Places(OnlyRecord()), (std::vector{5000U, 5000U, 5000U}));
+  EXPECT_EQ(folder_.Read("store.lst"), Hex("00 01 02 03"));
+}
+
+TEST_F(ProductDialogEdgesTest, AStoreThatIsNotInTheListGoesWhenTheUserSaysSo) {
+  const ProductRecord record = Stored(kProductKind, InNamedPlaces());
+  folder_.Write("store.lst", Hex("81 38 01 00 83 38 01 00"));
+  ASSERT_EQ(database_.Open(folder_.path()), 0);
+  Run(&record, kProductMode, [&] {
+    Type("storeBox", QStringLiteral("x"));
+    Type("storeBox", QString());
+    PressOk();
+  });
+  EXPECT_EQ(Places(OnlyRecord()), (std::vector{0U, 5000U, 5000U}));
+}
+
+TEST_F(ProductDialogEdgesTest, ListsThatWereHeldAtTheStartAreOfferedOnceTheyAreFree) {
+  Stored(kProductKind, InNamedPlaces());
+  {
+    platform::File held;
+    ASSERT_TRUE(held.Open(folder_.File("store.lst"), platform::File::Mode::kRead));
+    ASSERT_NE(database_.Open(folder_.path()), 0);
+  }
+  EXPECT_EQ(Add([&] {
+              FillInTheLeast();
+              Choose("storeBox", QStringLiteral("Kiosk"));
+              Type("categoryBox", QStringLiteral("DAIRY"));
+              PressOk();
+            }),
+            0);
+  EXPECT_EQ(Places(Records("product.dat").back()), (std::vector{5000U, 5000U, 0U}));
+}
+
+TEST_F(ProductDialogEdgesTest, AKnownNameTypedWhileItsListIsHeldIsNotAddedAgain) {
+  Stored(kProductKind, InNamedPlaces());
+  platform::File held;
+  ASSERT_TRUE(held.Open(folder_.File("category.lst"), platform::File::Mode::kRead));
+  ASSERT_NE(database_.Open(folder_.path()), 0);
+  EXPECT_EQ(Add([&] {
+              EXPECT_EQ(Combo("categoryBox")->count(), 1);
+              held.Close();
+              FillInTheLeast();
+              Type("categoryBox", QStringLiteral("dairy"));
+              PressOk();
+            }),
+            0);
+  EXPECT_EQ(Places(Records("product.dat").back()), (std::vector{0U, 5000U, 0U}));
+  EXPECT_EQ(folder_.Read("category.lst")->size(), 8U + 68);
+}
+
+TEST_F(ProductDialogEdgesTest, APurchaseKeepsItsScheduleWhateverItIs) {
+  const struct {
+    std::uint16_t kind, every, day;
+  } rows[] = {{2, 0, 10}, {0, 0, 0}, {0, 7, 8}, {3, 9, 3}, {3, 0, 9}, {4, 8, 40}, {9, 1, 1}};
+  for (const auto& row : rows) {
+    ProductFields fields;
+    fields.name = "Bought";
+    fields.purchase_kind = row.kind;
+    fields.every = row.every;
+    fields.day_value = row.day;
+    fields.start_date = test::kToday + 4321;
+    const ProductRecord purchase = Stored(kPurchaseKind, fields);
+    EXPECT_EQ(Run(&purchase, kPurchaseMode,
+                  [&] {
+                    Type("unitPriceEdit", QStringLiteral("2.5"));
+                    PressOk();
+                  }),
+              0)
+        << row.kind << ' ' << row.every << ' ' << row.day;
+    const std::string saved = Records("purchase.dat").back();
+    EXPECT_EQ(test::HalfAt(saved, 336), row.kind);
+    EXPECT_EQ(test::HalfAt(saved, 338), row.every);
+    EXPECT_EQ(test::HalfAt(saved, 340), row.day);
+    EXPECT_EQ(WordAt(saved, 344), static_cast<std::uint32_t>(test::kToday + 4321));
+    EXPECT_EQ(test::DoubleAt(saved, 360), 2.5);
+  }
+  EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(ProductDialogEdgesTest, TheSamePurchaseTypeChosenAgainKeepsTheDay) {
+  const ProductRecord record = Scheduled(3, 1, 5);
+  Run(&record, kProductMode, [&] {
+    auto* box = Combo("purchaseTypeBox");
+    box->setFocus();
+    box->showPopup();
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    EXPECT_EQ(box->currentText(), QStringLiteral("Every Week"));
+    EXPECT_EQ(Combo("dayBox")->currentText(), QStringLiteral("5"));
+    Choose("purchaseTypeBox", QStringLiteral("Every 2 Weeks"));
+    EXPECT_EQ(Combo("dayBox")->currentText(), QString()) << "another type drops it";
+    Choose("dayBox", QStringLiteral("2"));
+    box->setFocus();
+    box->showPopup();
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    EXPECT_EQ(Combo("dayBox")->currentText(), QStringLiteral("2"));
+  });
+}
+
+TEST_F(ProductDialogEdgesTest, TheTypeOfADamagedRecordChosenAgainShowsItsOwnDays) {
+  const ProductRecord record = Scheduled(3, 0, 3);  // weekly, but shown as "Every Few Days"
+  Run(&record, kProductMode, [&] {
+    auto* box = Combo("purchaseTypeBox");
+    box->setFocus();
+    box->showPopup();
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    EXPECT_EQ(box->currentText(), QStringLiteral("Every Few Days"));
+    EXPECT_EQ(Find("scheduleLabel")->property("text").toString(), QStringLiteral("Days Interval:"));
+    EXPECT_EQ(Combo("dayBox")->count(), 6);
+  });
 }
 
 }  // namespace

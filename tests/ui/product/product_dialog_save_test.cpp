@@ -174,6 +174,24 @@ TEST_F(ProductDialogSaveTest, ANameInAnotherLetterCasePicksTheExistingEntry) {
   for (const std::string& record : Records("product.dat")) EXPECT_EQ(WordAt(record, 324), 5000U);
 }
 
+TEST_F(ProductDialogSaveTest, AUnitAndACategoryInAnotherLetterCaseAreTheExistingOnes) {
+  for (const char* unit : {"Päckchen", "PÄCKCHEN"}) {
+    EXPECT_EQ(Add([&] {
+                FillInTheLeast();
+                Type("unitTypeBox", QString::fromUtf8(unit));
+                Type("categoryBox", QString::fromUtf8(unit).toLower());
+                PressOk();
+              }),
+              0);
+  }
+  EXPECT_EQ(folder_.Read("unit.lst")->size(), 8U + 68);
+  EXPECT_EQ(folder_.Read("category.lst")->size(), 8U + 68);
+  for (const std::string& record : Records("product.dat")) {
+    EXPECT_EQ(WordAt(record, 328), 5000U);
+    EXPECT_EQ(WordAt(record, 332), 5000U);
+  }
+}
+
 TEST_F(ProductDialogSaveTest, A50CharacterStoreTypedTwiceIsAddedOnce) {
   for (int round = 0; round < 2; ++round) {
     EXPECT_EQ(Add([&] {
@@ -284,7 +302,15 @@ TEST_F(ProductDialogSaveTest, AnEditedRecurringPurchaseKeepsItsMoment) {
   fields.day_value = 2;
   fields.start_date = kToday + 4321;
   const ProductRecord purchase = Stored(kPurchaseKind, fields);
-  EXPECT_EQ(Run(&purchase, kPurchaseMode, [&] { PressOk(); }), 0);
+  EXPECT_EQ(Run(&purchase, kPurchaseMode,
+                [&] {
+                  auto* date = Find<QDateEdit>("purchaseDateEdit");
+                  date->setFocus(Qt::TabFocusReason);
+                  QTest::keyClicks(date, QStringLiteral("12032026"));
+                  EXPECT_EQ(date->date(), QDate(2026, 12, 3));
+                  PressOk();
+                }),
+            0);
   const std::vector<std::string> purchases = Records("purchase.dat");
   ASSERT_EQ(purchases.size(), 1U);
   EXPECT_EQ(WordAt(purchases[0], 344), static_cast<std::uint32_t>(kToday + 4321));

@@ -75,6 +75,20 @@ TEST_F(ProductDialogTest, EditingShowsTheRecord) {
   });
 }
 
+TEST_F(ProductDialogTest, AOneTimeProductShowsItsDate) {
+  ProductFields fields = Weekly();
+  fields.purchase_kind = 1;
+  fields.every = 0;
+  fields.day_value = 0;
+  fields.start_date = kToday + 9 * 86400;
+  const ProductRecord record = Stored(kProductKind, fields);
+  Run(&record, kProductMode, [&] {
+    EXPECT_EQ(Combo("purchaseTypeBox")->currentText(), QStringLiteral("One Time"));
+    EXPECT_EQ(Schedule(), "Purchase Date: date");
+    EXPECT_EQ(Find<QDateEdit>("purchaseDateEdit")->date(), QDate(2026, 11, 30));
+  });
+}
+
 TEST_F(ProductDialogTest, ZerosLeaveTheirFieldsEmpty) {
   ProductFields fields = Weekly();
   fields.unit_price = fields.quantity = fields.tax_percent = 0.0;

@@ -96,6 +96,68 @@ TEST_F(MainCommandsFindTest, FindTextThatMatchesNothingIsNamedOnTheGround) {
             "Nothing found for \"cheese\" on this day\nFind and Clear show everything again.");
 }
 
+TEST_F(MainCommandsFindTest, ClearOnAnEmptyTextRefillsTheList) {
+  AddProduct("Milk", kToday);
+  Open();
+  EXPECT_EQ(Rows().size(), 2U);
+  AddProduct("Cheese", kToday);  // behind the screen's back
+  FindText(nullptr, "clearButton");
+  EXPECT_EQ(FilterText(), "(none)");
+  EXPECT_EQ(Rows().size(), 3U);
+}
+
+TEST_F(MainCommandsFindTest, ATextOfBlanksIsTheFilterAndMatchesEverything) {
+  AddProduct("Milk", kToday);
+  AddProduct("Cheese", kToday);
+  Open();
+  FindText("  ", "findButton");
+  EXPECT_EQ(FilterText(), "  ");
+  EXPECT_EQ(Rows().size(), 3U);
+}
+
+TEST_F(MainCommandsFindTest, AViewModeTheOneInUseTooClearsTheFindText) {
+  AddProduct("Milk", kToday);
+  AddProduct("Cheese", kToday);
+  Open();
+  for (const int mode : {kMonthlyView, kMonthlyView, kDailyView}) {
+    FindText("cheese", "findButton");
+    EXPECT_EQ(Rows().size(), 2U);
+    ChooseView(mode);
+    EXPECT_EQ(FilterText(), "(none)");
+    EXPECT_EQ(Rows().size(), 3U);
+  }
+}
+
+TEST_F(MainCommandsFindTest, ADateClearsTheFindText) {
+  AddProduct("Milk", kToday);
+  AddProduct("Cheese", kToday);
+  Open();
+  FindText("cheese", "findButton");
+  QTest::mouseClick(&button("periodHeadingButton"), Qt::LeftButton);
+  Press(Qt::Key_Right);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Text("periodHeadingButton"), "Nov 22, 2026");
+  EXPECT_EQ(FilterText(), "(none)");
+  EXPECT_EQ(Rows().size(), 3U);
+}
+
+TEST_F(MainCommandsFindTest, AChosenFilterKeepsTheFindText) {
+  AddProduct("Fresh milk", kToday, "Corner", "Dairy");
+  AddProduct("Cheese", kToday, "Corner", "Dairy");
+  AddProduct("Milk powder", kToday);
+  Open();
+  FindText("milk", "findButton");
+  EXPECT_EQ(Rows().size(), 3U);
+  ChooseFilter("storeFilterButton", "Corner");
+  EXPECT_EQ(FilterText(), "milk");
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Fresh milk@Corner"));
+  ChooseFilter("categoryFilterButton", "Dairy");
+  EXPECT_EQ(FilterText(), "milk");
+  ChooseFilter("storeFilterButton", "All Stores");
+  EXPECT_EQ(FilterText(), "milk");
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Fresh milk@Corner"));
+}
+
 TEST_F(MainCommandsFindTest, FindDoesNothingOnTheWebSearchList) {
   Open();
   ChooseTab(3);

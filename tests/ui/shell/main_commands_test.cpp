@@ -111,6 +111,19 @@ TEST_F(MainCommandsTest, RecurringDeleteAnsweredWithNoRemovesOnlyTheSelectedInst
   EXPECT_FALSE(folder_.Read("purchase.dat").has_value());
 }
 
+TEST_F(MainCommandsTest, AnInstanceOfALaterDayStaysWhenItIsPassedOver) {
+  AddRecurring("Milk", kToday + 4 * kOneDay, kWeekly, 1, 3);  // a Wednesday
+  Open();
+  ChooseView(kMonthlyView);
+  const std::vector<std::string> before = Rows();
+  EXPECT_THAT(before, ElementsAre("[Wednesday 11/25/2026]", "Milk"));
+  Select("Milk");
+  AnswerNext(QMessageBox::No);
+  Tool(kToolDelete);
+  EXPECT_EQ(Rows(), before) << "today is noted as the last purchase, and the next day is after it";
+  EXPECT_EQ(LastPurchased("Milk"), kToday);
+}
+
 TEST_F(MainCommandsTest, RecurringDeleteAnsweredWithCancelChangesNothing) {
   AddRecurring("Milk", kToday, kDaily, 0, 1);
   Open();

@@ -3,14 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <clocale>
 #include <filesystem>
 
+#include "tests/support/comma_locale.h"
 #include "tests/support/form_check.h"
 #include "tests/support/german.h"
 #include "tests/support/message_answers.h"
@@ -135,6 +138,54 @@ TEST_F(OptionsDialogTest, OffersTwentyTwoCountriesInOrder) {
     EXPECT_GE(Country()->findText(QStringLiteral("Luxembourg")), 0);
     dialog_->reject();
   });
+}
+
+TEST_F(OptionsDialogTest, PastedTextsAreOfOneLine) {
+  const auto paste = [](QLineEdit* edit, const QString& text) {
+    edit->setFocus();
+    edit->selectAll();
+    QGuiApplication::clipboard()->setText(text);
+    QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+  };
+  EXPECT_EQ(RunDialog([&] {
+              paste(Tax(), QStringLiteral("\t7.5\n"));
+              paste(Country()->lineEdit(), QStringLiteral("New\nZealand"));
+              paste(Zip(), QStringLiteral("90\t210") + QChar(0) + QStringLiteral("zz"));
+              Press(1);
+            }),
+            0);
+  EXPECT_EQ(Stored().tax(), 7.5);
+  EXPECT_EQ(Stored().country(), "New Zealand");
+  EXPECT_EQ(Stored().zip_code(), "90 210");
+}
+
+TEST_F(OptionsDialogTest, EndlessTextsAreCutToWhatCanBeReadBack) {
+  EXPECT_EQ(RunDialog([&] {
+              for (QLineEdit* edit : {Country()->lineEdit(), Zip()}) {
+                edit->setFocus();
+                edit->selectAll();
+                QGuiApplication::clipboard()->setText(QString(100000, QLatin1Char('9')));
+                QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+              }
+              Press(1);
+            }),
+            0);
+  EXPECT_EQ(Stored().country(), std::string(39, '9'));
+  EXPECT_EQ(Stored().zip_code(), std::string(39, '9'));
+}
+
+TEST_F(OptionsDialogTest, ACommaLocaleChangesNoNumber) {
+  if (!test::CommaLocale::IsAvailable()) GTEST_SKIP() << "no compiler of locales";
+  const test::CommaLocale comma;
+  ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+  EXPECT_EQ(EnterTax(QStringLiteral("8.25")), 0);
+  EXPECT_EQ(Stored().tax(), 8.25);
+  RunDialog([this] {
+    EXPECT_EQ(Tax()->text(), QStringLiteral("8.25"));
+    dialog_->reject();
+  });
+  EXPECT_EQ(EnterTax(QStringLiteral("7,5")), 0);
+  EXPECT_EQ(Stored().tax(), 7.0) << "a comma ends the number";
 }
 
 TEST_F(OptionsDialogTest, ATaxOfSevenAndAHalfIsStoredAndShownWithTwoDecimals) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -225,6 +226,29 @@ TEST_F(SearchDialogTest, NameOfOnlyBlanksIsNotEmptyAndNotTrimmed) {
   WriteConfiguration(folder_);
   EXPECT_EQ(SearchFor(QStringLiteral("   "), 0), -1) << "no title has a word of it";
   EXPECT_THAT(Objects(), ElementsAre("/1?q=+++"));
+}
+
+TEST_F(SearchDialogTest, APastedNameIsOfOneLine) {
+  AddShop(1, test::Block("Fresh soap", "/s", "1.50"));
+  WriteConfiguration(folder_);
+  MessageAnswers answers({QMessageBox::Ok});
+  const int result = Run([&](SearchDialog& dialog) {
+    const auto paste = [&dialog](const QString& text) {
+      Name(dialog).setFocus();
+      Name(dialog).selectAll();
+      QGuiApplication::clipboard()->setText(text);
+      QTest::keyClick(&Name(dialog), Qt::Key_V, Qt::ControlModifier);
+    };
+    Choose(dialog, 0);
+    paste(QString(QChar(0)) + QStringLiteral("zz"));
+    ClickButton(dialog, "searchButton");
+    EXPECT_EQ(answers.texts(), QStringList{kNoName});
+    paste(QStringLiteral("fresh\tsoap"));
+    FinishProgress();
+    ClickButton(dialog, "searchButton");
+  });
+  EXPECT_EQ(result, 0);
+  EXPECT_THAT(Objects(), ElementsAre("/1?q=fresh+soap"));
 }
 
 TEST_F(SearchDialogTest, BlanksAroundANameGoOut) {
