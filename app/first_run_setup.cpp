@@ -136,7 +136,7 @@ bool SeedNameLists(const std::string& folder) {
   for (const char* const name : {kStoreFile, kCategoryFile, kUnitFile}) {
     const std::string path = folder.empty() ? name : folder + "\\" + name;
     if (platform::FileExists(path)) continue;
-    if (!platform::ReplaceFile(path, NameList().Encode())) complete = false;
+    if (NameList().Save(path) != 0) complete = false;
   }
   return complete;
 }

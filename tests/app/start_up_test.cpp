@@ -16,6 +16,7 @@
 #include "data/backup_folder.h"
 #include "data/backup_names.h"
 #include "db/journal_format.h"
+#include "tests/support/comma_locale.h"
 #include "tests/support/temp_folder.h"
 #include "ui/base/language.h"
 
@@ -243,6 +244,16 @@ TEST_F(StartUpTest, ProgramsOnDifferentFoldersRunSideBySide) {
   EXPECT_EQ(other.state(), QProcess::Running);
 }
 
+TEST_F(StartUpTest, ClosingTheWindowEndsTheProgramWell) {
+  environment_.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(BROVANTA_PLUGINS));
+  environment_.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("brovanta_closer"));
+  QProcess& process = Run(DataFolder());
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(process.exitCode(), 0);
+  EXPECT_EQ(process.readAllStandardError().toStdString(), "");
+  EXPECT_TRUE(fs::exists(folder_.File("throw away/store.lst"))) << "it had come up";
+}
+
 TEST_F(StartUpTest, ALanguageThatThereIsNotIsRefusedWithThoseThatThereAre) {
   QStringList arguments = DataFolder();
   arguments << QStringLiteral("--language") << QStringLiteral("tlh");
@@ -257,8 +268,12 @@ TEST_F(StartUpTest, ALanguageThatThereIsNotIsRefusedWithThoseThatThereAre) {
 }
 
 TEST_F(StartUpTest, TheLocaleAloneChangesNothingALanguageThatIsAskedForDoes) {
+  if (!test::CommaLocale::IsAvailable()) GTEST_SKIP() << "no compiler of locales";
+  const test::CommaLocale comma;
   PrepareToolkit({});
   EXPECT_FALSE(SpeaksTranslated());
+  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+  ASSERT_STREQ(std::localeconv()->decimal_point, ",");
   PrepareToolkit("de");
   EXPECT_TRUE(SpeaksTranslated());
   EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
@@ -270,8 +285,12 @@ TEST_F(StartUpTest, TheLocaleAloneChangesNothingALanguageThatIsAskedForDoes) {
 }
 
 TEST_F(StartUpTest, NumbersKeepTheirPointAndTheWindowItsDesktopFile) {
+  if (!test::CommaLocale::IsAvailable()) GTEST_SKIP() << "no compiler of locales";
+  const test::CommaLocale comma;  // as the toolkit takes it over from the user
+  ASSERT_STREQ(std::localeconv()->decimal_point, ",");
   PrepareToolkit({});
   EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+  EXPECT_STREQ(std::localeconv()->decimal_point, ".");
   EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("org.brovanta.Brovanta"));
 }
 
