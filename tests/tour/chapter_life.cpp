@@ -128,6 +128,18 @@ void CheckTheFiles(Robot& robot, const std::string& folder) {
   int deleted = 0;
   for (const std::string& record : products->records) deleted += record[448];
   robot.Expect(deleted == 2, Text("two products carry the deleted mark"));
+  if (products->records.size() != 27) return;
+  // By their places in the household's list.
+  const std::string& cake = products->records[22];
+  robot.Expect(TextAt(cake, 12, 50) == "Birthday cake for Chlo\xE9" && WordAt(cake, 8) == 23,
+               Text("the edited product keeps its place and id"));
+  robot.Expect(DoubleAt(cake, 368) == 2.0, Text("and has its new quantity"));
+  const std::string& cream = products->records[6];
+  robot.Expect(TextAt(cream, 12, 50) ==
+                       "Cr\xE8me fra\xEE"
+                       "che" &&
+                   cream[448] == 0 && WordAt(cream, 348) == kSecondSaturday - 34200,
+               Text("a passed over product has the day as its last purchase, at 01:00"));
   robot.Expect(purchases->records.size() == 3 && purchases->last_id == 3,
                Text("three purchases are in the file"));
   robot.Expect(TextAt(purchases->records[0], 12, 50) == "Coffee beans", Text("in their order"));

@@ -1,4 +1,7 @@
 // The later chapters: other shapes of the screen, and a long list.
+#include <QLabel>
+#include <QTest>
+
 #include "tests/support/framed_file.h"
 #include "tests/tour/chapters.h"
 #include "tests/tour/real_products.h"
@@ -52,6 +55,49 @@ void LookAtTheCouponRow(Robot& robot, MainDialog& main, QSize size) {
                });
 }
 
+void LookAtTheOtherTabs(Robot& robot, MainDialog& main, QSize size) {
+  robot.TapTab(main, 2);
+  robot.ChooseFromMenu(main, 1034, Text("Weekly"));
+  robot.SelectRow(main, Text("Dish soap"));
+  robot.Picture(main, Text("purchases"));
+  robot.During([&] { robot.TapCommand(main, 2772); },
+               [&](QWidget& dialog) {
+                 dialog.resize(size);
+                 robot.Picture(dialog, Text("purchase"));
+                 robot.Tap(dialog, Text("Cancel"));
+               });
+  robot.TapTab(main, 3);
+  robot.Picture(main, Text("web_searches"));
+  robot.TapTab(main, 0);
+}
+
+void LookAtWhatOpensOverTheList(Robot& robot, MainDialog& main) {
+  robot.ChooseFromMenu(main, 1034, Text("Weekly"));
+  robot.PictureOfMenu(main, 1002, Text("store_menu"));
+  robot.PictureOfTools(main, Text("tools_menu"));
+  robot.SelectRow(main, Text("Birthday cake for Chloé"));
+  robot.AnswerMessage([&] { robot.TapCommand(main, 2773); },
+                      Text("Do you want to permanently delete the selected product?"), Text("No"),
+                      Text("question"));
+}
+
+// Nobody answers there, so the dialog stays open with its message.
+void LookAtAnUpdate(Robot& robot, MainDialog& main, QSize size) {
+  for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) qunsetenv(name);
+  main.SetUpdateServer("http://127.0.0.1:1");
+  robot.During([&] { robot.Tap(main, 1004); },
+               [&](QWidget& dialog) {
+                 dialog.resize(size);
+                 const auto* line = qobject_cast<QLabel*>(robot.Control(dialog, 1052));
+                 const QString failed = Text("Failed to download search agents.");
+                 robot.Expect(line != nullptr &&
+                                  QTest::qWaitFor([&] { return line->text() == failed; }, 30000),
+                              Text("the update says that nobody answers"));
+                 robot.Picture(dialog, Text("update"));
+                 robot.Tap(dialog, Text("OK"));
+               });
+}
+
 }  // namespace
 
 void LookAround(Robot& robot, Stage& stage, QSize size) {
@@ -84,6 +130,9 @@ void LookAround(Robot& robot, Stage& stage, QSize size) {
                  });
     LookAtTheCouponForms(robot, main, size);
     LookAtTheCouponRow(robot, main, size);
+    LookAtTheOtherTabs(robot, main, size);
+    LookAtWhatOpensOverTheList(robot, main);
+    LookAtAnUpdate(robot, main, size);
     robot.Tap(main, 1003);
     robot.Picture(main, Text("calendar"));
     robot.Key(main, Qt::Key_Escape);
@@ -93,6 +142,7 @@ void LookAround(Robot& robot, Stage& stage, QSize size) {
 void EnterALongList(Robot& robot, Stage& stage, const std::string& csv_path) {
   const std::vector<RealProduct> products = ReadRealProducts(csv_path);
   if (products.empty()) return;
+  robot.Expect(products.size() >= 500, Text("the file has its 500 products"));
   {
     ShoppingDatabase database;
     robot.Expect(database.Open(stage.folder()) == 0, Text("the folder opens"));

@@ -149,6 +149,10 @@ void UpdateChapter::CancelIt(MainDialog& main) {
                 [&](QWidget& dialog) {
                   Await(dialog, Text("Updating search agents..."));
                   robot_.Picture(dialog, Text("running"));
+                  const QSize upright = dialog.size();
+                  dialog.resize(640, 360);
+                  robot_.Picture(dialog, Text("running_640"));
+                  dialog.resize(upright);
                   robot_.Tap(dialog, Text("Cancel"));
                   robot_.Expect(StatusOf(dialog) == Text("Aborting update...."),
                                 Text("it says that it stops"));

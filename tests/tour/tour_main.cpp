@@ -50,7 +50,7 @@ int PlayChapter(const QString& chapter, const QString& folder, const QString& pi
     brovanta::tour::LookByNight(robot, stage);
   } else if (chapter == QStringLiteral("8_update")) {
     brovanta::tour::BringUpToDate(robot, stage);
-  } else if (chapter == QStringLiteral("9_search")) {
+  } else if (chapter.startsWith(QStringLiteral("9_search"))) {
     brovanta::tour::SearchTheWeb(robot, stage);
   } else {
     brovanta::tour::EnterALongList(robot, stage, BROVANTA_REAL_PRODUCTS);
@@ -64,7 +64,7 @@ int StartChapter(const QString& chapter, const QString& folder, const QString& p
   QTemporaryFile screens;
   process.setProcessChannelMode(QProcess::ForwardedChannels);
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  if (chapter == QStringLiteral("6_double")) {
+  if (chapter.endsWith(QStringLiteral("_double"))) {
     environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
     if (screens.open() &&
         environment.value(QStringLiteral("QT_QPA_PLATFORM")) == QStringLiteral("offscreen")) {
@@ -90,8 +90,10 @@ int PlayAll(const QString& pictures) {
   QTemporaryDir long_list;
   QTemporaryDir updated;
   QTemporaryDir searching;
+  QTemporaryDir searching_sharp;
   int result = 0;
-  for (const QTemporaryDir* folder : {&household, &long_list, &updated, &searching}) {
+  for (const QTemporaryDir* folder :
+       {&household, &long_list, &updated, &searching, &searching_sharp}) {
     if (!folder->isValid()) return 2;
     if (!brovanta::SeedNameLists(folder->path().toStdString())) return 2;
   }
@@ -102,6 +104,7 @@ int PlayAll(const QString& pictures) {
   result |= StartChapter(QStringLiteral("7_long"), long_list.path(), pictures);
   result |= StartChapter(QStringLiteral("8_update"), updated.path(), pictures);
   result |= StartChapter(QStringLiteral("9_search"), searching.path(), pictures);
+  result |= StartChapter(QStringLiteral("9_search_double"), searching_sharp.path(), pictures);
   for (const QString& file : brovanta::tour::MissingGuidePictures(guide)) {
     std::printf("The tour took no picture \"%s\" for the guide\n", qPrintable(file));
     result = 1;
