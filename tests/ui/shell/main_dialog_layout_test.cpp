@@ -15,6 +15,10 @@ using testing::ElementsAre;
 
 using MainDialogLayoutTest = MainScreenTest;
 
+QImage Shown(QWidget& widget) {
+  return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
 /// What has found its place may give another control a new one.
 void Settle() {
   for (int i = 0; i < 8; ++i) QApplication::processEvents();
@@ -181,6 +185,57 @@ TEST_F(MainDialogLayoutTest, AFilterWithALongNameGoesBelowTheOther) {
   stores.menu()->close();
   Settle();
   EXPECT_LT(y("storeFilterButton"), y("categoryFilterButton"));
+}
+
+// The looks that are asked for, on a button of the same size: as it is shown, and pressed.
+TEST_F(MainDialogLayoutTest, ButtonsHaveTheirPicturesSizesSidesAndColors) {
+  const QSize kSmall(12, 12);
+  const QSize kLarge(20, 20);
+  const struct {
+    const char* name;
+    int picture;
+    QSize size;
+    int alignment;
+  } rows[] = {{"storeFilterButton", 134, kSmall, 0},
+              {"categoryFilterButton", 134, kSmall, 2},
+              {"updateButton", 156, kLarge, 2},
+              {"viewModeButton", 136, kLarge, 0}};
+  AddProduct("Milk", kToday);
+  Open();
+  for (const auto& row : rows) {
+    ColorButton& shown = button(row.name);
+    const auto look = [&](int picture, QSize size, int alignment, const QColor& ground,
+                          const QColor& ink) {
+      ColorButton wanted;
+      wanted.setFont(shown.font());
+      wanted.setText(shown.text());
+      wanted.SetPictures(picture, size, picture, size, 0, {32, 32});
+      wanted.SetAlignment(alignment, false);
+      for (int index = 0; index < 6; index += 2) {
+        wanted.SetColor(index, ground, false);
+        wanted.SetColor(index + 1, ink, false);
+      }
+      if (shown.menu() != nullptr) wanted.AttachMenu(shown.menu(), false);
+      wanted.resize(shown.size());
+      wanted.setDown(shown.isDown());
+      const QImage image = Shown(wanted);
+      if (shown.menu() != nullptr) shown.AttachMenu(shown.menu(), false);
+      return image;
+    };
+    const QColor navy(0, 0, 128);
+    for (const bool down : {false, true}) {
+      shown.setDown(down);
+      const QImage image = Shown(shown);
+      EXPECT_EQ(image, look(row.picture, row.size, row.alignment, Qt::white, navy))
+          << row.name << down;
+      EXPECT_NE(image, look(row.picture, {16, 16}, row.alignment, Qt::white, navy));
+      EXPECT_NE(image, look(row.picture, row.size, row.alignment, Qt::yellow, navy));
+      EXPECT_NE(image, look(row.picture, row.size, row.alignment, Qt::white, Qt::red));
+      if (shown.text().isEmpty()) continue;  // a picture alone stands in the middle
+      EXPECT_NE(image, look(row.picture, row.size, 2 - row.alignment, Qt::white, navy));
+    }
+    shown.setDown(false);
+  }
 }
 
 }  // namespace
