@@ -152,7 +152,8 @@ Settled& SettledJournals() {
 
 // Writes zeros over the end of the file from `offset` on. What is only cut off may stay on the
 // device, and stand there again when the power goes after the file has got a new size and before it
-// has got the bytes.
+// has got the bytes. False where no bytes can be written, which nobody need know of: there a new
+// block would have been taken for the zeros.
 bool Wipe(File& file, std::int64_t offset) {
   constexpr std::int64_t kPiece = std::int64_t{64} << 10;
   const std::int64_t size = file.Size();
@@ -165,11 +166,16 @@ bool Wipe(File& file, std::int64_t offset) {
   return size >= 0;
 }
 
-// One sync for both: what comes through of the two before it leaves the records whole, of a change
-// that nobody has been told of yet, or none that could be followed.
+// The cut alone empties the journal; the zeros keep it from coming back in the place of the next
+// one. The system throws away what is cut off before it was written, and only the zeros of the
+// first block reach the device with the cut, those over count, length and checksum among them. A
+// journal that is longer than the smallest of blocks has its zeros on the device before it is cut.
 bool MakeEmpty(File& file, std::size_t size = journal_layout::kEmptySize) {
+  constexpr std::int64_t kSmallestBlock = 1024;
+  const bool is_long = file.Size() > kSmallestBlock;
   const bool wiped = Wipe(file, journal_layout::kEmptySize);
-  if (file.Truncate(static_cast<std::int64_t>(size)) && file.Sync() && wiped) return true;
+  const bool waited = !wiped || !is_long || file.Sync();
+  if (waited && file.Truncate(static_cast<std::int64_t>(size)) && file.Sync()) return true;
   SettledJournals().Forget(file);
   return false;
 }
@@ -217,9 +223,8 @@ bool HasNothingToFollow(const std::string& path) {
 bool PutBack(File& file, const UndoRecord& record) {
   if (!file.WriteAt(record.offset, record.old_bytes)) return false;
   if (file.Size() == record.old_size) return true;
-  // The file is whole without that: its bytes need not go where no bytes can be written.
-  (void)Wipe(file, record.old_size);
-  return file.Truncate(record.old_size);
+  // On the device before they are cut off: otherwise the system would throw the zeros away.
+  return (!Wipe(file, record.old_size) || file.Sync()) && file.Truncate(record.old_size);
 }
 
 int PutBackWhole(const std::string& path, const UndoRecord& record) {

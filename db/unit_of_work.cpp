@@ -70,8 +70,11 @@ int UnitOfWork::Commit() {
   if (code == 0 && NeedsJournal()) code = WriteJournal();
   if (code == 0) {
     code = CarryOutAll();
-    if (code == 0) code = Finish();
-    if (code != 0) RollBack();
+    if (code == 0) {
+      code = Finish();
+    } else {
+      RollBack();
+    }
   }
   files_.clear();
   journal_.Release();
@@ -213,10 +216,11 @@ int UnitOfWork::CarryOut(const Change& change) {
   return open.file.WriteAt(change.offset, change.bytes) ? 0 : ERR_IO;
 }
 
-// The journal is emptied last: that is the moment at which the change has happened.
+// The journal is emptied last: that is the moment at which the change has happened. Without its
+// records nothing is put back any more, half of which would stay for good.
 int UnitOfWork::Finish() {
   if (!journal_.is_active() || journal_.Empty() == 0) return 0;
-  (void)journal_.WriteAgain();
+  if (journal_.WriteAgain()) RollBack();
   return ERR_IO;
 }
 

@@ -159,19 +159,85 @@ TEST_F(JournalWritingTest, RecordsStandInItUntilItIsEmptied) {
 
 // What is only cut off may stand there again after a power loss.
 TEST_F(JournalWritingTest, ZerosStandInTheJournalWhenItIsCut) {
-  // Longer than one piece of zeros.
+  // One that stands in its first block, and one longer than one piece of zeros.
+  for (const std::int64_t old_size : {900, 100000}) {
+    const std::vector<UndoRecord> records = {
+        {UndoKind::kReplaced, "a.dat", old_size, 0,
+         Bytes(static_cast<std::size_t>(old_size), std::byte{'a'})}};
+    Journal journal;
+    ASSERT_EQ(journal.Hold(Path()), 0);
+    ASSERT_EQ(journal.Write(records), 0);
+    TruncationWatch calls(folder_, kJournal, off_t{8});
+    const SystemCallsInUse in_use(calls);
+    ASSERT_EQ(journal.Empty(), 0);
+    const std::size_t size = EncodeJournal(records).size();
+    EXPECT_EQ(calls.cut, test::Join({EncodeEmptyJournal(), Bytes(size - 8)}));
+    EXPECT_EQ(calls.syncs, old_size == 900 ? 1 : 2)
+        << "what is cut off before it was written does not reach the device";
+    ExpectEmptyJournal();
+  }
+}
+
+// Where new space is taken for every write, nothing that is cut off can come back.
+TEST_F(JournalWritingTest, WithoutSpaceForTheZerosItIsEmptiedAllTheSame) {
   const std::vector<UndoRecord> records = {
-      {UndoKind::kReplaced, "a.dat", 100000, 0, Bytes(100000, std::byte{'a'})}};
+      {UndoKind::kReplaced, "a.dat", 3000, 0, Bytes(3000, std::byte{'a'})}};
   Journal journal;
   ASSERT_EQ(journal.Hold(Path()), 0);
   ASSERT_EQ(journal.Write(records), 0);
-  TruncationWatch calls(folder_, kJournal, off_t{8});
+  FaultyCalls calls(Fault::kFull, 1);
   const SystemCallsInUse in_use(calls);
-  ASSERT_EQ(journal.Empty(), 0);
-  const std::size_t size = EncodeJournal(records).size();
-  EXPECT_EQ(calls.cut, test::Join({EncodeEmptyJournal(), Bytes(size - 8)}));
-  EXPECT_EQ(calls.syncs, 1) << "both wait for the device together";
+  EXPECT_EQ(journal.Empty(), 0);
+  EXPECT_TRUE(calls.has_struck());
+  EXPECT_FALSE(journal.is_active());
   ExpectEmptyJournal();
+}
+
+// It cannot be cut, its records cannot be written again, and then the first file could not be put
+// back, but the second one could.
+TEST_F(JournalWritingTest, WithoutRecordsNothingIsPutBack) {
+  class Failing : public CountedSyncs {
+   public:
+    int Truncate(int /*descriptor*/, off_t /*size*/) override {
+      truncated = true;
+      return Fail();
+    }
+    ssize_t WriteAt(int descriptor, const void* bytes, std::size_t size, off_t offset) override {
+      if (truncated && offset == 0 && !written_again_) {
+        written_again_ = true;
+        return Fail();
+      }
+      return SystemCalls::WriteAt(descriptor, bytes, size, offset);
+    }
+    int MakeTemporary(char* pattern) override {
+      if (written_again_ && !temporary_failed_) {
+        temporary_failed_ = true;
+        return Fail();
+      }
+      return SystemCalls::MakeTemporary(pattern);
+    }
+
+   private:
+    static int Fail() {
+      errno = EIO;
+      return -1;
+    }
+    bool written_again_ = false;
+    bool temporary_failed_ = false;
+  };
+  folder_.WriteText("a.lst", "old");
+  folder_.WriteText("b.lst", "old");
+  {
+    Failing calls;
+    const SystemCallsInUse in_use(calls);
+    UnitOfWork work(Path());
+    work.Replace(Path("a.lst"), Hex("41"));
+    work.Replace(Path("b.lst"), Hex("41"));
+    EXPECT_EQ(work.Commit(), ERR_IO);
+  }
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("a.lst"), "A");
+  EXPECT_EQ(folder_.ReadText("b.lst"), "A");
 }
 
 TEST_F(JournalWritingTest, ARecordThatDoesNotFitOntoTheDiskLeavesItEmpty) {

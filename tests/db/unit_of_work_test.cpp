@@ -279,7 +279,8 @@ class EveryKindOfChange {
 };
 
 TEST_F(UnitOfWorkTest, WhicheverCallFailsTheOldOrTheNewStateStands) {
-  for (const Fault fault : {Fault::kIo, Fault::kNoSpace, Fault::kShort, Fault::kInterrupted}) {
+  for (const Fault fault :
+       {Fault::kIo, Fault::kNoSpace, Fault::kShort, Fault::kInterrupted, Fault::kFull}) {
     for (int k = 1;; ++k) {
       const EveryKindOfChange change(folder_);
       FaultyCalls calls(fault, k);

@@ -29,6 +29,9 @@ std::string FolderOf(const std::string& name) {
   return slash == std::string::npos ? "." : name.substr(0, slash);
 }
 
+/// The smallest blocks that file systems are counted on to have.
+constexpr std::int64_t kBlock = 1024;
+
 /// What a file that has grown before its new bytes were written shows behind its old end.
 enum class Fill { kZeros, kStale, kNoise };
 
@@ -99,7 +102,7 @@ class Disk {
         waiting_names_[FolderOf(event.name)].push_back(&event);
         return;
       case Kind::kSyncFile:
-        for (const DiskEvent* waiting : waiting_bytes_[event.file]) Change(*waiting);
+        SyncBytes(waiting_bytes_[event.file]);
         waiting_bytes_.erase(event.file);
         return;
       case Kind::kSyncFolder:
@@ -161,6 +164,20 @@ class Disk {
       case Kind::kSyncFile:
       case Kind::kSyncFolder:
         return;
+    }
+  }
+
+  /// What is cut off before it was written is not written any more, but for the block of the end.
+  void SyncBytes(const std::vector<const DiskEvent*>& waiting) {
+    for (std::size_t i = 0; i < waiting.size(); ++i) {
+      DiskEvent event = *waiting[i];
+      for (std::size_t j = i + 1; j < waiting.size() && event.kind == Kind::kWrite; ++j) {
+        if (waiting[j]->kind != Kind::kTruncate) continue;
+        const std::int64_t blocks = (waiting[j]->offset + kBlock - 1) / kBlock;
+        const std::int64_t left = std::max<std::int64_t>(0, blocks * kBlock - event.offset);
+        event.bytes.resize(std::min(event.bytes.size(), static_cast<std::size_t>(left)));
+      }
+      Change(event);
     }
   }
 

@@ -27,6 +27,7 @@ int Striker::Strike(Strikes strikes) {
   FailCalls(Fault::kIo, false);
   FailCalls(Fault::kShort, false);
   FailCalls(Fault::kNoSpace, false);
+  FailCalls(Fault::kFull, false);
   if (IsNightly()) {
     FailCalls(Fault::kInterrupted, false);
     FailCalls(Fault::kIo, true);

@@ -1,5 +1,6 @@
 #include "tests/support/faulty_calls.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -10,6 +11,7 @@ namespace {
 int ErrnoOf(Fault fault) {
   switch (fault) {
     case Fault::kNoSpace:
+    case Fault::kFull:
       return ENOSPC;
     case Fault::kInterrupted:
       return EINTR;
@@ -24,24 +26,27 @@ int ErrnoOf(Fault fault) {
 
 }  // namespace
 
-bool FaultyCalls::IsHit() {
+bool FaultyCalls::IsHit(bool needs_space) {
+  const bool is_full = fault_ == Fault::kFull;
+  if (is_full && !needs_space) return false;
   ++count_;
-  if (fault_ == Fault::kNone || (lasting_ ? count_ < at_ : count_ != at_)) return false;
+  const bool lasts = lasting_ || is_full;
+  if (fault_ == Fault::kNone || (lasts ? count_ < at_ : count_ != at_)) return false;
   if (fault_ == Fault::kStop) _exit(0);
   return true;
 }
 
 template <typename Call>
-int FaultyCalls::Unless(Call call) {
-  if (!IsHit() || fault_ == Fault::kShort) return call();
+int FaultyCalls::Unless(Call call, bool needs_space) {
+  if (!IsHit(needs_space) || fault_ == Fault::kShort) return call();
   has_struck_ = true;
   errno = ErrnoOf(fault_);
   return -1;
 }
 
 template <typename Call>
-ssize_t FaultyCalls::Transfer(std::size_t size, Call call) {
-  if (!IsHit()) return call(size);
+ssize_t FaultyCalls::Transfer(std::size_t size, Call call, bool needs_space) {
+  if (!IsHit(needs_space)) return call(size);
   if (fault_ == Fault::kShort) {
     has_struck_ = has_struck_ || size > 1;
     return call(size > 1 ? size / 2 : size);
@@ -52,11 +57,12 @@ ssize_t FaultyCalls::Transfer(std::size_t size, Call call) {
 }
 
 int FaultyCalls::Open(const char* path, int flags, mode_t mode) {
-  return Unless([&] { return SystemCalls::Open(path, flags, mode); });
+  const bool makes = (flags & O_CREAT) != 0;
+  return Unless([&] { return SystemCalls::Open(path, flags, mode); }, makes);
 }
 
 int FaultyCalls::MakeTemporary(char* pattern) {
-  return Unless([&] { return SystemCalls::MakeTemporary(pattern); });
+  return Unless([&] { return SystemCalls::MakeTemporary(pattern); }, true);
 }
 
 int FaultyCalls::Close(int descriptor) {
@@ -83,7 +89,8 @@ ssize_t FaultyCalls::ReadAt(int descriptor, void* buffer, std::size_t size, off_
 
 ssize_t FaultyCalls::WriteAt(int descriptor, const void* bytes, std::size_t size, off_t offset) {
   return Transfer(
-      size, [&](std::size_t n) { return SystemCalls::WriteAt(descriptor, bytes, n, offset); });
+      size, [&](std::size_t n) { return SystemCalls::WriteAt(descriptor, bytes, n, offset); },
+      true);
 }
 
 int FaultyCalls::Truncate(int descriptor, off_t size) {
@@ -123,7 +130,7 @@ int FaultyCalls::Remove(const char* path) {
 }
 
 int FaultyCalls::MakeFolder(const char* path, mode_t mode) {
-  return Unless([&] { return SystemCalls::MakeFolder(path, mode); });
+  return Unless([&] { return SystemCalls::MakeFolder(path, mode); }, true);
 }
 
 int FaultyCalls::RemoveFolder(const char* path) {

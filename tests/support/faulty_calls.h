@@ -12,11 +12,14 @@ enum class Fault {
   kInterrupted,  ///< EINTR, after which a call is to be repeated
   kShort,        ///< half of the bytes are read or written
   kStop,         ///< the process ends before the call, by _exit(0)
+  kFull,         ///< a device without space that writes elsewhere: see FaultyCalls
 };
 
 /// Calls that count themselves. The k-th (from 1) meets with the fault; with `lasting` all behind
 /// it meet with it too. Closing always closes. Nothing is synced really: who needs to know what
-/// was synced derives from this class.
+/// was synced derives from this class. With kFull only the calls that need space are counted - to
+/// write, over old bytes too, and to make a file or a folder -, and from the k-th on all of them
+/// fail; cutting, removing and syncing do not.
 class FaultyCalls : public platform::SystemCalls {
  public:
   FaultyCalls() = default;
@@ -50,12 +53,12 @@ class FaultyCalls : public platform::SystemCalls {
 
  private:
   /// Counts; whether this call meets with the fault.
-  bool IsHit();
+  bool IsHit(bool needs_space = false);
   /// -1 with the fault's errno, or what the call gives.
   template <typename Call>
-  int Unless(Call call);
+  int Unless(Call call, bool needs_space = false);
   template <typename Call>
-  ssize_t Transfer(std::size_t size, Call call);
+  ssize_t Transfer(std::size_t size, Call call, bool needs_space = false);
 
   Fault fault_ = Fault::kNone;
   int at_ = 0;

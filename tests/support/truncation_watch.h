@@ -17,21 +17,27 @@ class TruncationWatch : public platform::SystemCalls {
       : folder_(folder), name_(std::move(name)), size_(size) {}
 
   int Truncate(int descriptor, off_t size) override {
-    if (size == size_) cut = folder_.Read(name_).value_or(Bytes());
+    if (size == size_) {
+      cut = folder_.Read(name_).value_or(Bytes());
+      synced = last_synced_;
+    }
     return SystemCalls::Truncate(descriptor, size);
   }
   int Sync(int descriptor) override {
     ++syncs;
+    last_synced_ = folder_.Read(name_).value_or(Bytes());
     return SystemCalls::Sync(descriptor);
   }
 
-  Bytes cut;  ///< before the last such cut
+  Bytes cut;     ///< before the last such cut
+  Bytes synced;  ///< at the last sync before it: what the device is sure to have
   int syncs = 0;
 
  private:
   const TempFolder& folder_;
   std::string name_;
   off_t size_;
+  Bytes last_synced_;
 };
 
 }  // namespace brovanta::test
