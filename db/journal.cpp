@@ -45,9 +45,10 @@ int Read(File& file, std::optional<std::vector<UndoRecord>>& records) {
   return 0;
 }
 
-// The files of the records that overwrite, open.
+// The files that are written to while they are put back, open.
 struct FilesToPutBack {
   std::map<std::string, File> files;  // by name
+  std::vector<std::string> doubtful;  // names of some of them
   bool fit = true;                    // false: the files are not those that the journal speaks of
 };
 
@@ -66,9 +67,11 @@ int OpenFile(const std::string& path, const RecordsOfFile& records, FilesToPutBa
   };
   const Fit fit = FitOf(records, present);
   if (fit == Fit::kNotRead) return ERR_IO;
-  to.fit = fit == Fit::kFits;
+  to.fit = fit != Fit::kOther;
   const UndoRecord& first = *records.front();
-  if (to.fit && first.kind == UndoKind::kOverwritten) to.files[first.name] = std::move(file);
+  if (fit == Fit::kDoubtful) to.doubtful.push_back(first.name);
+  const bool is_written = first.kind == UndoKind::kOverwritten || IsMadeInPlace(records);
+  if (to.fit && is_written && file.is_open()) to.files[first.name] = std::move(file);
   return 0;
 }
 
@@ -83,20 +86,51 @@ int OpenFiles(const std::string& folder, std::span<const UndoRecord> records, Fi
   return 0;
 }
 
+// Whether a file that was put aside from the path has these bytes: a roll-back that was interrupted
+// keeps them once only.
+bool IsKept(const std::string& path, std::span<const std::byte> bytes) {
+  std::string aside = path + ".bad";
+  for (int number = 2; platform::SizeOfFile(aside) > 0; ++number) {
+    std::string text;
+    if (platform::ReadWholeFile(aside, text) == 0) {
+      const auto kept = std::as_bytes(std::span(text));
+      if (std::equal(kept.begin(), kept.end(), bytes.begin(), bytes.end())) return true;
+    }
+    aside = path + ".bad" + std::to_string(number);
+  }
+  return false;
+}
+
+bool KeepBytes(const std::string& path, File& file) {
+  const std::int64_t size = file.Size();
+  if (size < 0) return false;
+  std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+  if (file.ReadAt(0, bytes) != size) return false;
+  if (IsKept(path, bytes)) return true;
+  const auto aside = platform::FreePathAside(path);
+  return aside && platform::ReplaceFile(*aside, bytes);
+}
+
+int PutBackOne(const std::string& folder, const UndoRecord& record, FilesToPutBack& from) {
+  const std::string path = folder + record.name;
+  const auto found = from.files.find(record.name);
+  if (found == from.files.end()) return PutBackWhole(path, record);
+  const bool is_made = record.kind == UndoKind::kMade;
+  const bool done = is_made ? RemoveMade(found->second, path) : PutBack(found->second, record);
+  return done ? 0 : ERR_IO;
+}
+
 // 0, ERR_OPEN or ERR_IO; `fit` false when the journal is not to be followed.
 int Follow(const std::string& folder, std::span<const UndoRecord> records, bool& fit) {
   FilesToPutBack files;
   if (const int code = OpenFiles(folder, records, files); code != 0) return code;
   fit = files.fit;
   if (!fit) return 0;
+  for (const std::string& name : files.doubtful) {
+    if (!KeepBytes(folder + name, files.files[name])) return ERR_IO;
+  }
   for (const UndoRecord& record : records) {
-    int code = 0;
-    if (record.kind == UndoKind::kOverwritten) {
-      code = PutBack(files.files[record.name], record) ? 0 : ERR_IO;
-    } else {
-      code = PutBackWhole(folder + record.name, record);
-    }
-    if (code != 0) return code;
+    if (const int code = PutBackOne(folder, record, files); code != 0) return code;
   }
   for (auto& [name, file] : files.files) {
     if (!file.Sync()) return ERR_IO;
@@ -225,6 +259,10 @@ bool PutBack(File& file, const UndoRecord& record) {
   if (file.Size() == record.old_size) return true;
   // On the device before they are cut off: otherwise the system would throw the zeros away.
   return (!Wipe(file, record.old_size) || file.Sync()) && file.Truncate(record.old_size);
+}
+
+bool RemoveMade(File& file, const std::string& path) {
+  return (!Wipe(file, 0) || file.Sync()) && platform::RemoveFile(path);
 }
 
 int PutBackWhole(const std::string& path, const UndoRecord& record) {

@@ -37,8 +37,12 @@ namespace brovanta {
 /// the file could not be written.
 [[nodiscard]] bool PutBack(platform::File& file, const UndoRecord& record);
 
-/// The same for a file that was replaced or made; synced. 0, ERR_OPEN when someone else holds it,
-/// or ERR_IO.
+/// Removes a file that was made at the path and written to, its bytes first: the next file that is
+/// made might show them. False when it could not be removed.
+[[nodiscard]] bool RemoveMade(platform::File& file, const std::string& path);
+
+/// The same for a file that was replaced or made by a rename; synced. 0, ERR_OPEN when someone else
+/// holds it, or ERR_IO.
 [[nodiscard]] int PutBackWhole(const std::string& path, const UndoRecord& record);
 
 /// The journal of one unit of work.

@@ -48,58 +48,60 @@ std::optional<std::uint32_t> WordAt(const PresentFile& file, std::int64_t offset
   return LoadLittle<std::uint32_t>(word.data());
 }
 
-// A new record file is made empty and written to; any other new file comes whole, by a rename.
-bool IsWrittenInPlace(const RecordsOfFile& records) {
-  return std::any_of(records.begin(), records.end(), [](const UndoRecord* record) {
-    return record->kind == UndoKind::kOverwritten || record->offset != 0;
-  });
-}
-
-// Whether somebody has added a record of his own where the change did: the mark of a record in the
-// place of the old end mark, and an end mark at the very end; in a new file, whether it begins and
-// ends as one of his own. Otherwise the bytes behind the old end are what a device left there,
-// which publishes a size before its bytes.
-Fit FitOfOtherBytes(const UndoRecord& record, const PresentFile& file) {
+// Behind the old end stand bytes that the change did not write; `place` is that of the first byte
+// of the record which is not a new one. A device that publishes a size before its bytes leaves
+// anything there. Somebody who has added a record of his own leaves a file that looks whole: the
+// mark of a record in the place of the old end mark, and an end mark at the very end; a new file
+// begins with its first word as well. So may a change of which a device has lost sectors; but these
+// come whole or not at all, and the first of its sectors holds the mark.
+Fit FitOfOtherBytes(const UndoRecord& record, std::int64_t place, const PresentFile& file) {
   constexpr auto kWord = static_cast<std::int64_t>(kWordSize);
+  constexpr std::int64_t kSector = 512;
   const bool is_made = record.kind == UndoKind::kMade;
+  const Fit fit_of_no_records = is_made ? Fit::kDoubtful : Fit::kFits;
   const std::int64_t mark_place =
       is_made ? static_cast<std::int64_t>(kFirstRecordMark) : record.old_size - kWord;
-  if (mark_place < 0 || file.size < mark_place + kWord) return Fit::kFits;
+  if (mark_place < 0 || file.size < mark_place + kWord) return fit_of_no_records;
   const auto first = WordAt(file, 0);
   const auto mark = WordAt(file, mark_place);
   const auto end = WordAt(file, file.size - kWord);
   if (!first || !mark || !end) return Fit::kNotRead;
-  if (is_made && *first != FILE_MAGIC) return Fit::kFits;
   const bool is_empty = is_made && file.size == mark_place + kWord;  // a file of no records
-  const bool has_end = (*mark == RECORD_MARK || is_empty) && *end == END_MARK;
-  return has_end ? Fit::kOther : Fit::kFits;
+  const bool looks_whole =
+      (!is_made || *first == FILE_MAGIC) && (*mark == RECORD_MARK || is_empty) && *end == END_MARK;
+  if (!looks_whole) return fit_of_no_records;
+  return place - place % kSector > record.offset ? Fit::kDoubtful : Fit::kOther;
 }
 
 // Whether where the record writes there are old bytes and new ones only.
 Fit BytesFit(const RecordsOfFile& records, const UndoRecord& record, const PresentFile& file) {
+  const bool in_place = record.kind == UndoKind::kOverwritten || IsMadeInPlace(records);
   std::vector<std::byte> present(record.after->bytes.size());
   const std::int64_t count = record.offset < file.size ? file.read_at(record.offset, present) : 0;
   if (count < 0) return Fit::kNotRead;
+  std::optional<std::int64_t> not_new;
   for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
     const std::int64_t place = record.offset + static_cast<std::int64_t>(i);
-    if (present[i] == record.after->bytes[i]) continue;
+    if (present[i] == record.after->bytes[i] || IsOfAnother(records, place, present[i])) continue;
+    if (!not_new) not_new = place;
     const bool behind = place >= record.old_size;
     if (behind && present[i] == std::byte{0}) continue;
     if (i < record.old_bytes.size() && present[i] == record.old_bytes[i]) continue;
-    if (IsOfAnother(records, place, present[i])) continue;
-    if (!behind || !IsWrittenInPlace(records)) return Fit::kOther;
-    return FitOfOtherBytes(record, file);
+    return behind && in_place ? FitOfOtherBytes(record, *not_new, file) : Fit::kOther;
   }
   return Fit::kFits;
 }
 
 Fit AllBytesFit(const RecordsOfFile& records, const PresentFile& file) {
+  Fit all = Fit::kFits;
   for (const UndoRecord* record : records) {
     // The size after all of the change: the same in each.
     if (file.size > record->after->size) return Fit::kOther;
-    if (const Fit fit = BytesFit(records, *record, file); fit != Fit::kFits) return fit;
+    const Fit fit = BytesFit(records, *record, file);
+    if (fit == Fit::kOther || fit == Fit::kNotRead) return fit;
+    if (fit == Fit::kDoubtful) all = fit;
   }
-  return Fit::kFits;
+  return all;
 }
 
 Fit OverwrittenFits(const RecordsOfFile& records, const PresentFile& file) {
@@ -133,6 +135,13 @@ Fit ReplacedFits(const RecordsOfFile& records, const PresentFile& file) {
   return is_old || is_new ? Fit::kFits : Fit::kOther;
 }
 
+// Whether the file is what was made. One that came by a rename has a sum, which a former version
+// left 0: it is whole or somebody else's.
+Fit MadeFits(const RecordsOfFile& records, const PresentFile& file) {
+  const bool is_told = records.front()->after->sum != 0 && !IsMadeInPlace(records);
+  return is_told ? ReplacedFits(records, file) : AllBytesFit(records, file);
+}
+
 // As far as a journal of a former version tells: no change makes a file shorter.
 Fit FitOfUntold(const RecordsOfFile& records, const PresentFile& file) {
   const bool fits = std::all_of(records.begin(), records.end(), [&](const UndoRecord* record) {
@@ -142,6 +151,12 @@ Fit FitOfUntold(const RecordsOfFile& records, const PresentFile& file) {
 }
 
 }  // namespace
+
+bool IsMadeInPlace(const RecordsOfFile& records) {
+  return std::any_of(records.begin(), records.end(), [](const UndoRecord* record) {
+    return record->kind == UndoKind::kMade && record->offset != 0;
+  });
+}
 
 std::map<std::string, RecordsOfFile> ByFile(std::span<const UndoRecord> records) {
   std::map<std::string, RecordsOfFile> files;
@@ -159,7 +174,7 @@ Fit FitOf(const RecordsOfFile& records, const PresentFile& file) {
     case UndoKind::kReplaced:
       return file.size == PresentFile::kMissing ? Fit::kFits : ReplacedFits(records, file);
     case UndoKind::kMade:
-      return file.size == PresentFile::kMissing ? Fit::kFits : AllBytesFit(records, file);
+      return file.size == PresentFile::kMissing ? Fit::kFits : MadeFits(records, file);
   }
   return Fit::kOther;
 }

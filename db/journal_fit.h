@@ -23,9 +23,10 @@ struct PresentFile {
 };
 
 enum class Fit {
-  kFits,     ///< the file is what the change can have left, at whichever byte it ended
-  kOther,    ///< another file, or one that someone has changed since
-  kNotRead,  ///< the file could not be read
+  kFits,      ///< the file is what the change can have left, at whichever byte it ended
+  kDoubtful,  ///< it can, and somebody else can as well: its bytes are to be kept before it changes
+  kOther,     ///< another file, or one that someone has changed since
+  kNotRead,   ///< the file could not be read
 };
 
 using RecordsOfFile = std::vector<const UndoRecord*>;
@@ -35,8 +36,13 @@ using RecordsOfFile = std::vector<const UndoRecord*>;
 
 /// Looks at the file of the records, which are all of that file. Half of a change is a mixture of
 /// old and new bytes, and of zeros behind the old end, in a file between its old size and its new
-/// one. Records that do not tell what comes after fit every file that is not too short.
+/// one; where the power went, with sectors of anything behind the old end. Records that do not tell
+/// what comes after fit every file that is not too short.
 [[nodiscard]] Fit FitOf(const RecordsOfFile& records, const PresentFile& file);
+
+/// Whether the file of the records is made empty and then written to, as a new record file is; any
+/// other new file comes whole, by a rename.
+[[nodiscard]] bool IsMadeInPlace(const RecordsOfFile& records);
 
 /// The checksum of the bytes of the old file that the records, kOverwritten and all of that file,
 /// leave alone: of those among its first and its last 64 KiB, so that a large file costs no more.

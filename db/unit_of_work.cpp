@@ -20,6 +20,16 @@ std::string NameOf(const std::string& path, const std::string& journal_path) {
   return native.starts_with(folder) ? native.substr(folder.size()) : native;
 }
 
+// What could not be made and opened may be there nevertheless, and empty. A file that has bytes, or
+// that somebody holds, is somebody else's. False when it is not known.
+bool RemoveUnopened(const std::string& path) {
+  if (!platform::FileExists(path)) return true;
+  platform::File file;
+  if (!file.Open(path, platform::File::Mode::kReadWrite)) return platform::SizeOfFile(path) > 0;
+  const std::int64_t size = file.Size();
+  return size > 0 || (size == 0 && platform::RemoveFile(path));
+}
+
 }  // namespace
 
 UnitOfWork::FileIndex UnitOfWork::Adopt(platform::File file, std::string path) {
@@ -121,10 +131,10 @@ void UnitOfWork::NoteBytesAfter(const Change& change, UndoRecord& undo) const {
   AfterChange& after = undo.after.emplace();
   const std::int64_t end = change.offset + static_cast<std::int64_t>(change.bytes.size());
   after.size = std::max(undo.old_size, end);
-  if (undo.kind == UndoKind::kReplaced) {
+  if (IsWhole(change)) {
     after.size = end;
     after.sum = Crc32(change.bytes);
-    return;
+    if (undo.kind == UndoKind::kReplaced) return;
   }
   const std::size_t count = std::min(change.bytes.size(), kMostNewBytes);
   after.bytes.assign(change.bytes.begin(),
@@ -168,8 +178,8 @@ int UnitOfWork::NoteOldFile(const std::string& path, UndoRecord& undo) {
 }
 
 int UnitOfWork::CarryOutAll() {
-  for (const Change& change : changes_) {
-    if (const int code = CarryOut(change); code != 0) return code;
+  for (std::size_t i = 0; i < changes_.size(); ++i) {
+    if (const int code = CarryOut(i); code != 0) return code;
   }
   if (!SyncFiles()) return ERR_IO;
   if (!FilesStand()) return ERR_OPEN;  // nobody would find what was written
@@ -206,13 +216,29 @@ int UnitOfWork::CarryOutWhole(const Change& change) {
   return platform::RemoveFile(change.path) ? 0 : ERR_IO;
 }
 
-int UnitOfWork::CarryOut(const Change& change) {
-  if (IsWhole(change)) return CarryOutWhole(change);
-  OpenFile& open = files_[change.file];
-  ++begun_;  // a file that is made may be there although it does not open
-  if (change.kind == Kind::kMake && !open.file.Open(open.path, platform::File::Mode::kCreateNew)) {
+// Whether the path of a file that was not there, and that none of the changes before has made, is
+// taken by now: by somebody whose file nobody could put back.
+bool UnitOfWork::IsTakenMeanwhile(std::size_t index) const {
+  const std::string& path = changes_[index].path;
+  const auto is_ours = [&path](const Change& change) { return change.path == path; };
+  return undos_[index].kind == UndoKind::kMade &&
+         std::none_of(changes_.begin(), changes_.begin() + static_cast<std::ptrdiff_t>(index),
+                      is_ours) &&
+         platform::FileExists(path);
+}
+
+int UnitOfWork::CarryOut(std::size_t index) {
+  const Change& change = changes_[index];
+  if (IsWhole(change)) {
+    if (!IsTakenMeanwhile(index)) return CarryOutWhole(change);
+    refused_path_ = change.path;
     return ERR_OPEN;
   }
+  OpenFile& open = files_[change.file];
+  const bool makes = change.kind == Kind::kMake;
+  if (makes && platform::FileExists(open.path)) return ERR_OPEN;  // somebody's, since a moment ago
+  ++begun_;  // a file that is made may be there although it does not open
+  if (makes && !open.file.Open(open.path, platform::File::Mode::kCreateNew)) return ERR_OPEN;
   return open.file.WriteAt(change.offset, change.bytes) ? 0 : ERR_IO;
 }
 
@@ -239,10 +265,11 @@ bool UnitOfWork::PutBackChange(const Change& change, const UndoRecord& undo) {
   if (IsWhole(change)) return PutBackWhole(change.path, undo) == 0;
   OpenFile& open = files_[change.file];
   if (!open.is_new) return PutBack(open.file, undo);
-  const bool is_gone =
-      open.file.is_open() && open.file.PlaceAt(open.path) == platform::File::Place::kElsewhere;
-  if (is_gone) return true;  // what stands there is somebody else's
-  return change.kind != Kind::kMake || PutBackWhole(open.path, undo) == 0;
+  if (change.kind != Kind::kMake) return true;  // it goes with the file
+  if (!open.file.is_open()) return RemoveUnopened(open.path);
+  // What stands there instead is somebody else's.
+  return open.file.PlaceAt(open.path) == platform::File::Place::kElsewhere ||
+         RemoveMade(open.file, open.path);
 }
 
 // Putting overwritten bytes back needs no new space, so that a full disk does not stand in its

@@ -53,9 +53,11 @@ class UnitOfWork {
 
   /// Carries the changes out in the order in which they were noted; after 0 they have reached the
   /// storage device. ERR_OPEN when someone else holds the journal or a file to replace, or has put
-  /// another file in the place of one that was taken over, or a file cannot be made or is none that
-  /// the journal may name, or ERR_IO, also when the new file could not be written beside the one to
-  /// replace; with an error everything is as before, or will be when the journal is rolled back.
+  /// another file in the place of one that was taken over or that was not there, or a file cannot
+  /// be made or is none that the journal may name, or ERR_IO, also when the new file could not be
+  /// written beside the one to replace; with an error everything is as before, or will be when the
+  /// journal is rolled back. Only a device that takes neither the end of the change nor its records
+  /// again may leave the change as it is, whole, with ERR_IO.
   [[nodiscard]] int Commit();
 
   /// After a Commit that failed: the file to replace or remove that it could not read, or could not
@@ -86,7 +88,8 @@ class UnitOfWork {
   [[nodiscard]] int NoteUndo(const Change& change);
   [[nodiscard]] int NoteOldFile(const std::string& path, UndoRecord& undo);
   [[nodiscard]] int CarryOutAll();
-  [[nodiscard]] int CarryOut(const Change& change);
+  [[nodiscard]] bool IsTakenMeanwhile(std::size_t index) const;
+  [[nodiscard]] int CarryOut(std::size_t index);
   [[nodiscard]] int CarryOutWhole(const Change& change);
   [[nodiscard]] int CarryOutReplacement(const Change& change);
   [[nodiscard]] int Finish();

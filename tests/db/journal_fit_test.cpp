@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/support/temp_folder.h"
+#include "util/crc32.h"
 
 namespace brovanta {
 namespace {
@@ -32,6 +33,10 @@ PresentFile UnreadableFile(std::int64_t size) {
 Bytes BytesOf(const std::string& text) {
   const auto bytes = std::as_bytes(std::span(text));
   return {bytes.begin(), bytes.end()};
+}
+
+std::string TextOf(const Bytes& bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
 RecordsOfFile All(const std::vector<UndoRecord>& records) {
@@ -156,18 +161,98 @@ TEST(JournalFitTest, AMadeFileMayHoldWhatTheDeviceHeldUnlessItIsWhole) {
   const std::vector<UndoRecord> change = {
       {UndoKind::kMade, "a", 0, 0, {}, AfterChange{20, 0, empty}},
       {UndoKind::kMade, "a", 0, 8, {}, AfterChange{20, 0, record}}};
-  EXPECT_EQ(FitOf(change, FileOf("zzzz")), Fit::kFits);
-  EXPECT_EQ(FitOf(change, FileOf("zzzzzzzzzzzzzzzzzzzz")), Fit::kFits);
+  EXPECT_EQ(FitOf(change, FileOf("zzzz")), Fit::kDoubtful);
+  EXPECT_EQ(FitOf(change, FileOf("zzzzzzzzzzzzzzzzzzzz")), Fit::kDoubtful);
   // Somebody's own: a record, and no record but another LastId.
-  const auto text = [](const Bytes& bytes) {
-    return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  };
   Bytes other = Hex("81 38 01 00 00 00 00 00 82 38 01 00 6f 74 68 65 83 38 01 00");
-  EXPECT_EQ(FitOf(change, FileOf(text(other))), Fit::kOther);
+  EXPECT_EQ(FitOf(change, FileOf(TextOf(other))), Fit::kOther);
   other = Hex("80 38 01 00 00 00 00 00 82 38 01 00 6f 74 68 65 83 38 01 00");
-  EXPECT_EQ(FitOf(change, FileOf(text(other))), Fit::kFits) << "no file begins like that";
+  EXPECT_EQ(FitOf(change, FileOf(TextOf(other))), Fit::kDoubtful) << "no file begins like that";
   other = Hex("81 38 01 00 09 00 00 00 83 38 01 00");
-  EXPECT_EQ(FitOf(change, FileOf(text(other))), Fit::kOther);
+  EXPECT_EQ(FitOf(change, FileOf(TextOf(other))), Fit::kOther);
+}
+
+/// 460 bytes end with an end mark; records of 'n' up to byte 1600 are added, 'o' stands before.
+struct Addition {
+  Addition() {
+    const Bytes old_mark = Hex("83 38 01 00");
+    const Bytes written =
+        test::Join({Hex("82 38 01 00"), Bytes(1136, std::byte{'n'}), Hex("83 38 01 00")});
+    old = std::string(456, 'o') + TextOf(old_mark);
+    done = std::string(456, 'o') + TextOf(written);
+    change = {{UndoKind::kOverwritten, "a", 460, 456, old_mark,
+               AfterChange{1600, 0, Bytes(written.begin(), written.begin() + 1024)}}};
+    EXPECT_TRUE(SumOfUntouched(All(change), FileOf(old), change[0].after->sum));
+  }
+  std::string old;
+  std::string done;
+  std::vector<UndoRecord> change;
+};
+
+// A device loses sectors whole, of 512 bytes, and publishes the size before the bytes. What stands
+// in the place of those that are lost may be zeros, noise, or what was cut off there before: the
+// end of a record, its end mark included.
+TEST(JournalFitTest, AnAdditionOfWhichSectorsAreLostFits) {
+  const Addition addition;
+  constexpr std::size_t kEnds[] = {512, 1024, 1536, 1600};
+  std::string stale = addition.done;
+  std::fill(stale.begin() + 460, stale.end() - 4, 's');
+  const std::string noise(1600, '?');
+  std::string zeros(1600, '\0');
+  int doubtful = 0;
+  for (const std::string& lost : {stale, noise, zeros}) {
+    for (unsigned has = 0; has < 16; ++has) {
+      std::string torn = addition.old + lost.substr(460);
+      std::size_t begin = 456;
+      for (unsigned sector = 0; sector < 4; ++sector) {
+        if ((has >> sector & 1U) != 0) {
+          std::copy(addition.done.begin() + static_cast<std::ptrdiff_t>(begin),
+                    addition.done.begin() + static_cast<std::ptrdiff_t>(kEnds[sector]),
+                    torn.begin() + static_cast<std::ptrdiff_t>(begin));
+        }
+        begin = kEnds[sector];
+      }
+      const Fit fit = FitOf(addition.change, FileOf(torn));
+      EXPECT_TRUE(fit == Fit::kFits || fit == Fit::kDoubtful) << has << " of " << lost[500];
+      if (fit == Fit::kDoubtful) ++doubtful;
+    }
+  }
+  // With the first sector, its mark and an end mark at the very end: of `stale` without the second
+  // or the third, of `noise` the same with the last.
+  EXPECT_EQ(doubtful, 6 + 3);
+}
+
+TEST(JournalFitTest, ARecordOfSomebodyElseIsTakenForATearWhereASectorBegins) {
+  const Addition addition;
+  for (const std::size_t place : {460U, 500U, 511U}) {
+    std::string other = addition.done;
+    other[place] = '?';
+    EXPECT_EQ(FitOf(addition.change, FileOf(other)), Fit::kOther) << place;
+    other[512] = '?';
+    EXPECT_EQ(FitOf(addition.change, FileOf(other)), Fit::kOther) << place;
+    other[place] = '\0';  // no sector is half written
+    EXPECT_EQ(FitOf(addition.change, FileOf(other)), Fit::kOther) << place;
+  }
+  for (const std::size_t place : {512U, 600U, 1024U}) {
+    std::string other = addition.done;
+    other[place] = '?';
+    EXPECT_EQ(FitOf(addition.change, FileOf(other)), Fit::kDoubtful) << place;
+  }
+}
+
+TEST(JournalFitTest, OfAFileThatCameByARenameEveryByteCounts) {
+  const std::string whole(2000, 'n');
+  const std::uint32_t sum = Crc32(std::as_bytes(std::span(whole)));
+  const std::vector<UndoRecord> change = {
+      {UndoKind::kMade, "a", 0, 0, {}, AfterChange{2000, sum, Bytes(1024, std::byte{'n'})}}};
+  EXPECT_EQ(FitOf(change, FileOf(whole)), Fit::kFits);
+  EXPECT_EQ(FitOf(change, MissingFile()), Fit::kFits);
+  for (const std::size_t place : {0U, 1023U, 1024U, 1999U}) {
+    std::string other = whole;
+    other[place] = 'x';
+    EXPECT_EQ(FitOf(change, FileOf(other)), Fit::kOther) << place;
+  }
+  EXPECT_EQ(FitOf(change, FileOf(whole.substr(1))), Fit::kOther);
 }
 
 TEST(JournalFitTest, OfALongWriteTheFirstBytesAreKnown) {

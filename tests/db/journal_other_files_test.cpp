@@ -6,12 +6,14 @@
 #include <filesystem>
 #include <functional>
 
+#include "db/error_codes.h"
 #include "db/journal.h"
 #include "db/record_format.h"
 #include "db/shopping_database.h"
 #include "db/unit_of_work.h"
 #include "tests/support/faulty_calls.h"
 #include "tests/support/temp_folder.h"
+#include "util/crc32.h"
 #include "util/little_endian.h"
 
 namespace brovanta {
@@ -200,6 +202,97 @@ TEST_F(JournalOtherFilesTest, AListThatWasReplacedSinceIsLeftAlone) {
     EXPECT_FALSE(folder_.ReadText("c.lst")) << k;
   }
   EXPECT_GE(times, 9);
+}
+
+/// A new file that is made and written to, and one that has grown from 512 bytes; of both the
+/// device shows what the change did not write.
+struct DoubtfulFiles {
+  DoubtfulFiles() {
+    const Bytes mark = Hex("82 38 01 00");
+    const Bytes end = Hex("83 38 01 00");
+    old = Join({Bytes(508, std::byte{'o'}), end});
+    torn = Join({Bytes(508, std::byte{'o'}), mark, Bytes(84, std::byte{'?'}), end});
+    UndoRecord grown{UndoKind::kOverwritten, "old.dat", 512, 508, end};
+    grown.after = AfterChange{600, 0, Join({mark, Bytes(84, std::byte{'n'}), end})};
+    grown.after->sum = Crc32(Join({Bytes(508, std::byte{'o'}), Bytes(4)}));
+    UndoRecord made{UndoKind::kMade, "made.dat", 0, 0, {}};
+    made.after = AfterChange{20, 0, Hex("81 38 01 00 00 00 00 00 83 38 01 00")};
+    UndoRecord written{UndoKind::kMade, "made.dat", 0, 8, {}};
+    written.after = AfterChange{20, 0, Join({mark, Hex("6e 6e 6e 6e"), end})};
+    journal = EncodeJournal(std::vector{grown, made, written});
+  }
+  void Write(const TempFolder& folder) const {
+    folder.Write("old.dat", torn);
+    folder.WriteText("made.dat", "zzzz");
+    folder.Write("backup.dat", journal);
+  }
+  Bytes old, torn, journal;
+};
+
+TEST_F(JournalOtherFilesTest, WhatMayBeSomebodyElsesIsKeptBeforeItIsUndone) {
+  const DoubtfulFiles files;
+  for (int k = 1;; ++k) {
+    files.Write(folder_);
+    for (const char* name : {"old.dat", "made.dat"}) {
+      std::filesystem::remove(folder_.File(std::string(name) + ".bad"));
+      std::filesystem::remove(folder_.File(std::string(name) + ".bad2"));
+    }
+    FaultyCalls calls(Fault::kIo, k);
+    int code = 0;
+    {
+      const SystemCallsInUse in_use(calls);
+      code = RollBackJournal(Path("backup.dat"));
+    }
+    if (code != 0) {
+      ASSERT_EQ(RollBackJournal(Path("backup.dat")), 0) << k;
+    }
+    EXPECT_EQ(folder_.Read("old.dat"), files.old) << k;
+    EXPECT_FALSE(folder_.Read("made.dat")) << k;
+    // Where it could not be seen that the first name is free, the next one was taken.
+    const auto kept_once = [this](const std::string& name) {
+      const auto first = folder_.Read(name + ".bad");
+      const auto second = folder_.Read(name + ".bad2");
+      EXPECT_NE(first.has_value(), second.has_value()) << name;
+      return first ? first : second;
+    };
+    EXPECT_EQ(kept_once("old.dat"), files.torn) << k;
+    EXPECT_EQ(kept_once("made.dat"), Bytes(4, std::byte{'z'})) << k;
+    EXPECT_FALSE(MayHoldRecords(Path("backup.dat"))) << k;
+    if (!calls.has_struck()) break;
+  }
+}
+
+TEST_F(JournalOtherFilesTest, WhatCannotBeKeptIsNotUndone) {
+  const DoubtfulFiles files;
+  files.Write(folder_);
+  FaultyCalls calls(Fault::kFull, 1);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_EQ(RollBackJournal(Path("backup.dat")), ERR_IO);
+  EXPECT_EQ(folder_.Read("old.dat"), files.torn);
+  EXPECT_EQ(folder_.ReadText("made.dat"), "zzzz");
+  EXPECT_EQ(folder_.Read("backup.dat"), files.journal);
+}
+
+// Its blocks may be those of the next file that is made.
+TEST_F(JournalOtherFilesTest, AFileThatWasMadeAndWrittenToIsWipedBeforeItIsRemoved) {
+  class Watch : public platform::SystemCalls {
+   public:
+    explicit Watch(const TempFolder& folder) : folder_(folder) {}
+    int Sync(int /*descriptor*/) override {
+      synced = folder_.Read("made.dat").value_or(synced);
+      return 0;
+    }
+    Bytes synced;
+
+   private:
+    const TempFolder& folder_;
+  };
+  const DoubtfulFiles files;
+  files.Write(folder_);
+  Watch calls(folder_);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0);
+  EXPECT_EQ(calls.synced, Bytes(4));
 }
 
 TEST_F(JournalOtherFilesTest, WhatNobodyCouldPutBackIsNotBegun) {

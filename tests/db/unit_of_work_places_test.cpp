@@ -1,8 +1,12 @@
 // Files that are not where a change believes them to be.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "db/error_codes.h"
 #include "db/journal.h"
@@ -71,6 +75,87 @@ TEST_F(UnitOfWorkPlacesTest, AFileRenamedOverANewOneStays) {
   const SystemCallsInUse in_use(calls);
   EXPECT_EQ(work.Commit(), ERR_OPEN);
   EXPECT_EQ(folder_.ReadText("a.dat"), "abcdefghij");
+}
+
+/// Somebody puts a file there while something is synced for the k-th time.
+class PutThere : public platform::SystemCalls {
+ public:
+  PutThere(const test::TempFolder& folder, const char* name, int at)
+      : folder_(folder), name_(name), at_(at) {}
+  int Sync(int /*descriptor*/) override {
+    if (++syncs_ == at_ && !folder_.Read(name_)) {
+      folder_.WriteText(name_, "somebody's");
+      was_put = true;
+    }
+    return 0;
+  }
+  bool was_put = false;
+
+ private:
+  const test::TempFolder& folder_;
+  const char* name_;
+  int at_;
+  int syncs_ = 0;
+};
+
+TEST_F(UnitOfWorkPlacesTest, AFileThatAppearsMeanwhileIsNeitherReplacedNorRemoved) {
+  const auto make = [](UnitOfWork& work, const std::string& path) {
+    work.Write(work.Make(path, Hex("41")), 1, Hex("42"));
+  };
+  const auto replace = [](UnitOfWork& work, const std::string& path) {
+    work.Replace(path, Hex("41"));
+  };
+  const auto remove = [](UnitOfWork& work, const std::string& path) { work.Remove(path); };
+  const std::vector<std::function<void(UnitOfWork&, const std::string&)>> changes{make, replace,
+                                                                                  remove};
+  for (const auto& change : changes) {
+    for (const int sync : {1, 2}) {  // of the new journal's folder, of its records
+      folder_.WriteText("a.dat", "0123456789");
+      std::filesystem::remove(folder_.File("b.dat"));
+      std::filesystem::remove(folder_.File("backup.dat"));
+      UnitOfWork work(Path("backup.dat"));
+      ASSERT_EQ(work.Begin(), 0);
+      work.Write(Adopt(work, "a.dat"), 0, Hex("41"));
+      change(work, Path("b.dat"));
+      PutThere calls(folder_, "b.dat", sync);
+      const SystemCallsInUse in_use(calls);
+      EXPECT_EQ(work.Commit(), ERR_OPEN);
+      EXPECT_TRUE(calls.was_put);
+      EXPECT_EQ(folder_.ReadText("b.dat"), "somebody's");
+      EXPECT_EQ(folder_.ReadText("a.dat"), "0123456789");
+      EXPECT_FALSE(MayHoldRecords(Path("backup.dat")));
+    }
+  }
+}
+
+TEST_F(UnitOfWorkPlacesTest, WhatWasPutBetweenLookingAndMakingIsNotRemoved) {
+  class Faster : public platform::SystemCalls {
+   public:
+    explicit Faster(const test::TempFolder& folder) : folder_(folder) {}
+    int Open(const char* path, int flags, mode_t mode) override {
+      const bool makes = (flags & O_CREAT) != 0 && std::string_view(path).ends_with("b.dat");
+      if (makes) folder_.WriteText("b.dat", "somebody's");
+      return SystemCalls::Open(path, flags, mode);
+    }
+
+   private:
+    const test::TempFolder& folder_;
+  };
+  Faster calls(folder_);
+  const SystemCallsInUse in_use(calls);
+  UnitOfWork work(Path("backup.dat"));
+  (void)work.Make(Path("b.dat"), Hex("41"));
+  EXPECT_EQ(work.Commit(), ERR_OPEN);
+  EXPECT_EQ(folder_.ReadText("b.dat"), "somebody's");
+  EXPECT_FALSE(MayHoldRecords(Path("backup.dat")));
+}
+
+TEST_F(UnitOfWorkPlacesTest, AFileWrittenTwiceMayHaveBeenMissing) {
+  UnitOfWork work(Path("backup.dat"));
+  work.Replace(Path("a.lst"), Hex("41"));
+  work.Replace(Path("a.lst"), Hex("42"));
+  EXPECT_EQ(work.Commit(), 0);
+  EXPECT_EQ(folder_.ReadText("a.lst"), "B");
 }
 
 TEST_F(UnitOfWorkPlacesTest, RecordsAreNotWrittenIntoAJournalThatIsGone) {

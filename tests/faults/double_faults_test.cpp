@@ -30,11 +30,31 @@ bool AddProduct(const std::string& folder, const char* name) {
   return database.products().Add(kProductKind, fields).has_value();
 }
 
+bool AddBread(const std::string& folder) { return AddProduct(folder, "Bread"); }
+
 bool MarkPurchased(const std::string& folder) {
   ShoppingDatabase database;
   (void)database.Open(folder);
   return database.products().Mark(kProductKind, 1, kProductPurchased) == 1;
 }
+
+/// A coupon feed of so many coupons, and the letter that fills them.
+struct Feed {
+  int count;
+  char letter;
+  bool operator()(const std::string& folder) const {
+    ShoppingDatabase database;
+    (void)database.Open(folder);
+    std::vector<NewDiscount> coupons(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+      NewDiscount& coupon = coupons[static_cast<std::size_t>(i)];
+      coupon.id = 100 + i;
+      coupon.source = 1;
+      coupon.fields.name = coupon.fields.product = std::string(40, letter);
+    }
+    return database.discounts().AddAll(coupons) == coupons.size();
+  }
+};
 
 /// A program's change; whether it said that it succeeded.
 using Action = std::function<bool(const std::string& folder)>;
@@ -98,11 +118,10 @@ class DoubleFaultsTest : public testing::Test {
     }
   }
 
-  /// Kills the first program at each of its calls; the second one confirms the bread.
-  void KillThenLosePower(const Action& first) {
-    const Action bread = [](const std::string& folder) { return AddProduct(folder, "Bread"); };
+  /// Kills the first program at each of its calls; the second one confirms its change.
+  void KillThenLosePower(const Action& first, const Action& second = AddBread) {
     const std::vector<Snapshot> unconfirmed{StateAfter({}), StateAfter({first})};
-    const std::vector<Snapshot> confirmed{StateAfter({bread}), StateAfter({first, bread})};
+    const std::vector<Snapshot> confirmed{StateAfter({second}), StateAfter({first, second})};
     bool died = true;
     for (int k = 1; died && !HasFailure(); ++k) {
       // A folder of its own each time, and another spelling for the second program: it knows
@@ -123,7 +142,7 @@ class DoubleFaultsTest : public testing::Test {
         ASSERT_EQ(database.Open(folder.path() + "/."), 0) << k;
         rolled_back_at = recording.events().size();
         rolled_back = TakeSnapshot(folder.path());
-        ASSERT_TRUE(bread(folder.path() + "/.")) << k;
+        ASSERT_TRUE(second(folder.path() + "/.")) << k;
       }
       const std::string where = "killed at call " + std::to_string(k);
       LosePower(recording, killed_at, unconfirmed, confirmed, where);
@@ -157,10 +176,17 @@ TEST_F(DoubleFaultsTest, ARecordThatWasRolledBackDoesNotComeBackInThePlaceOfTheN
   ExpectPoints(1000);
 }
 
+// The same with more than the block of the old end: of what was rolled back, and, in a file that
+// was made, of all of it.
+TEST_F(DoubleFaultsTest, AFeedThatWasRolledBackDoesNotComeBackInThePlaceOfTheNextOne) {
+  KillThenLosePower(Feed{5, 'a'}, Feed{5, 'b'});
+  ExpectPoints(1000);
+}
+
 // The device still holds the first journal behind the end of the emptied one, and the second one is
 // as long: with its size alone the first one would be back.
 TEST_F(DoubleFaultsTest, AnEmptiedJournalDoesNotComeBackInThePlaceOfTheNextOne) {
-  const Action bread = [](const std::string& folder) { return AddProduct(folder, "Bread"); };
+  const Action bread = AddBread;
   const Action cheese = [](const std::string& folder) { return AddProduct(folder, "Cheese"); };
   const TempFolder folder;
   Restore(folder.path(), before_);

@@ -29,8 +29,10 @@ std::string FolderOf(const std::string& name) {
   return slash == std::string::npos ? "." : name.substr(0, slash);
 }
 
-/// The smallest blocks that file systems are counted on to have.
+/// The smallest blocks that file systems are counted on to have, and the sectors that devices write
+/// whole or not at all.
 constexpr std::int64_t kBlock = 1024;
+constexpr std::size_t kSector = 512;
 
 /// What a file that has grown before its new bytes were written shows behind its old end.
 enum class Fill { kZeros, kStale, kNoise };
@@ -61,6 +63,13 @@ class StoredFile {
       return fill == Fill::kStale ? stale : std::byte{0};
     });
     size_ = std::max(size_, size);
+  }
+
+  /// A new file in the blocks of one that is gone.
+  [[nodiscard]] StoredFile Reused() const {
+    StoredFile file;
+    file.bytes_ = bytes_;
+    return file;
   }
 
   [[nodiscard]] Bytes Contents() const {
@@ -129,7 +138,7 @@ class Disk {
         }
         if (survivors != Survivors::kSome) continue;
         if (random() % 2 == 0) GrowAlone(*event, static_cast<Fill>(random() % 3), random);
-        if (random() % 2 == 0) ChangePart(*event, random);
+        if (random() % 4 != 0) ChangePart(*event, random);
       }
     }
   }
@@ -150,21 +159,35 @@ class Disk {
         names_[event.name] = event.file;
         return;
       case Kind::kRename:
+        Free(event.new_name);
         RenameIn(names_, event.name, event.new_name);
         return;
       case Kind::kRemove:
+        Free(event.name);
         names_.erase(event.name);
         return;
       case Kind::kTruncate:
-        contents_[event.file].Resize(static_cast<std::size_t>(event.offset));
+        ContentsOf(event.file).Resize(static_cast<std::size_t>(event.offset));
         return;
       case Kind::kWrite:
-        contents_[event.file].Write(static_cast<std::size_t>(event.offset), event.bytes);
+        ContentsOf(event.file).Write(static_cast<std::size_t>(event.offset), event.bytes);
         return;
       case Kind::kSyncFile:
       case Kind::kSyncFolder:
         return;
     }
+  }
+
+  /// The blocks of the file of that name, if there is one, are those of the next file that is made.
+  void Free(const std::string& name) {
+    const auto found = names_.find(name);
+    if (found != names_.end()) free_ = ContentsOf(found->second).Reused();
+  }
+
+  StoredFile& ContentsOf(int file) {
+    const auto [found, is_new] = contents_.try_emplace(file);
+    if (is_new) found->second = std::exchange(free_, {});
+    return found->second;
   }
 
   /// What is cut off before it was written is not written any more, but for the block of the end.
@@ -185,35 +208,37 @@ class Disk {
   void GrowAlone(const DiskEvent& event, Fill fill, std::mt19937& random) {
     if (event.kind != Kind::kWrite) return;
     const std::size_t end = static_cast<std::size_t>(event.offset) + event.bytes.size();
-    contents_[event.file].GrowUnwritten(end, fill, random);
+    ContentsOf(event.file).GrowUnwritten(end, fill, random);
   }
 
   /// What of a write stands in front of the file's old end.
   void ChangeHead(DiskEvent event) {
-    const std::size_t size = contents_[event.file].Contents().size();
+    const std::size_t size = ContentsOf(event.file).Contents().size();
     const auto offset = static_cast<std::size_t>(event.offset);
     const std::size_t head = size - std::min(size, offset);
     if (event.kind == Kind::kWrite) event.bytes.resize(std::min(event.bytes.size(), head));
     Change(event);
   }
 
-  /// A write of which the front or the back is there.
-  void ChangePart(DiskEvent event, std::mt19937& random) {
-    if (event.kind == Kind::kWrite && !event.bytes.empty()) {
-      const std::size_t cut = random() % (event.bytes.size() + 1);
-      if (random() % 2 == 0) {
-        event.bytes.resize(cut);
-      } else {
-        event.bytes.erase(event.bytes.begin(),
-                          event.bytes.begin() + static_cast<std::ptrdiff_t>(cut));
-        event.offset += static_cast<std::int64_t>(cut);
-      }
+  /// A write of which any sectors are there.
+  void ChangePart(const DiskEvent& event, std::mt19937& random) {
+    if (event.kind != Kind::kWrite) return Change(event);
+    const auto offset = static_cast<std::size_t>(event.offset);
+    for (std::size_t begin = 0; begin < event.bytes.size();) {
+      const std::size_t rest_of_sector = kSector - (offset + begin) % kSector;
+      const std::size_t end = std::min(begin + rest_of_sector, event.bytes.size());
+      DiskEvent part = event;
+      part.offset += static_cast<std::int64_t>(begin);
+      part.bytes = {event.bytes.begin() + static_cast<std::ptrdiff_t>(begin),
+                    event.bytes.begin() + static_cast<std::ptrdiff_t>(end)};
+      if (random() % 2 == 0) Change(part);
+      begin = end;
     }
-    Change(event);
   }
 
   std::map<std::string, int> names_;
   std::map<int, StoredFile> contents_;
+  StoredFile free_;  // blocks of the file that was removed last
   std::map<std::string, std::vector<const DiskEvent*>> waiting_names_;
   std::map<int, std::vector<const DiskEvent*>> waiting_bytes_;
 };

@@ -78,7 +78,7 @@ enum class Survivors {
   kBytesOnly,
   kSizesOnly,  ///< files have grown; behind their old ends stands what the device held there before
   kNoTails,    ///< the same, and the bytes in front of their old ends are there
-  kSome,       ///< any of the writes, torn, and of the sizes; names up to any one
+  kSome,       ///< any sectors of the writes, any of the sizes; names up to any one
 };
 
 inline constexpr std::array kWholeSurvivors{Survivors::kAll,       Survivors::kNone,

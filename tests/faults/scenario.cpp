@@ -26,7 +26,10 @@ bool IsTemporary(const std::string& name) {
 }
 
 bool IsData(const std::string& name) {
-  return !name.starts_with("backup.dat") && name != kScratchName && !IsTemporary(name);
+  // What may have been somebody else's was kept before it was undone.
+  const bool is_kept_record_file = name.find(".dat.bad") != std::string::npos;
+  return !name.starts_with("backup.dat") && name != kScratchName && !IsTemporary(name) &&
+         !is_kept_record_file;
 }
 
 Bytes ReadFile(const fs::path& path) {
