@@ -6,8 +6,6 @@
 #include <map>
 #include <mutex>
 #include <optional>
-#include <set>
-#include <tuple>
 #include <utility>
 
 #include "db/error_codes.h"
@@ -75,11 +73,21 @@ int OpenFile(const std::string& path, const RecordsOfFile& records, FilesToPutBa
   return 0;
 }
 
+// Whether a file stands where the folder of a file was that is to be put back.
+bool HasLostItsFolder(const std::string& folder, const UndoRecord& record) {
+  const std::size_t slash = record.name.find('/');
+  if (record.kind != UndoKind::kReplaced || slash == std::string::npos) return false;
+  File there;
+  return there.Open(folder + record.name.substr(0, slash), File::Mode::kRead);
+}
+
 // Looks at every file before the first one changes.
 int OpenFiles(const std::string& folder, std::span<const UndoRecord> records, FilesToPutBack& to) {
   for (const auto& [name, records_of_file] : ByFile(records)) {
     const std::string path = folder + name;
-    if (platform::IsOtherThanFile(path)) to.fit = false;
+    if (platform::IsOtherThanFile(path) || HasLostItsFolder(folder, *records_of_file.front())) {
+      to.fit = false;
+    }
     if (!to.fit) return 0;
     if (const int code = OpenFile(path, records_of_file, to); code != 0) return code;
   }
@@ -143,40 +151,47 @@ int SetAside(const std::string& path) {
   return aside && platform::RenameFile(path, *aside) ? 0 : ERR_OPEN;
 }
 
-// The journals whose emptiness is known to have reached the storage device. One that a program left
-// which was killed, or whose device failed, may look empty and come back full after a power loss;
-// a change that needs no records would be undone by it then.
+// The journals whose emptiness is known to have reached the storage device, by their paths, in the
+// states in which this program left them. One that a program left which was killed, or whose device
+// failed, may look empty and come back full after a power loss; a change that needs no records
+// would be undone by it then.
 class Settled {
  public:
-  // Whether this one is, or is from now on: asks the device once for each journal.
+  // Whether this one is, or is from now on: asks the device once for each journal, and again when
+  // another program has changed it since.
   bool Settle(const std::string& path, File& file) {
-    const auto key = KeyOf(path, file);
-    if (!key) return false;
+    const auto state = file.State();
+    if (!state) return false;
     const std::lock_guard lock(mutex_);
-    if (keys_.count(*key) > 0) return true;
+    const auto found = states_.find(path);
+    if (found != states_.end() && found->second == *state) return true;
     if (!file.Sync() || !platform::SyncFolderOf(path)) return false;
-    keys_.insert(*key);
+    states_[path] = *state;
     return true;
   }
-  // Under whatever name it was settled; all of them when the file does not say which one it is.
+  // It has been emptied by this program, and that has reached the device: its state is another one,
+  // under whatever name it was settled.
+  void Keep(const File& file) {
+    const auto state = file.State();
+    const std::lock_guard lock(mutex_);
+    for (auto& [path, left] : states_) {
+      if (state && IsOf(left, *state)) left = *state;
+    }
+  }
+  // All of them when the file does not say which one it is.
   void Forget(const File& file) {
     const auto state = file.State();
     const std::lock_guard lock(mutex_);
-    std::erase_if(keys_, [&](const Key& key) {
-      return !state || (std::get<1>(key) == state->device && std::get<2>(key) == state->number);
-    });
+    std::erase_if(states_, [&](const auto& entry) { return !state || IsOf(entry.second, *state); });
   }
 
  private:
-  using Key = std::tuple<std::string, std::uint64_t, std::uint64_t>;
-  static std::optional<Key> KeyOf(const std::string& path, const File& file) {
-    const auto state = file.State();
-    if (!state) return std::nullopt;
-    return Key(path, state->device, state->number);
+  static bool IsOf(const platform::FileState& one, const platform::FileState& other) {
+    return one.device == other.device && one.number == other.number;
   }
 
   std::mutex mutex_;
-  std::set<Key> keys_;
+  std::map<std::string, platform::FileState> states_;
 };
 
 Settled& SettledJournals() {
@@ -209,9 +224,13 @@ bool MakeEmpty(File& file, std::size_t size = journal_layout::kEmptySize) {
   const bool is_long = file.Size() > kSmallestBlock;
   const bool wiped = Wipe(file, journal_layout::kEmptySize);
   const bool waited = !wiped || !is_long || file.Sync();
-  if (waited && file.Truncate(static_cast<std::int64_t>(size)) && file.Sync()) return true;
-  SettledJournals().Forget(file);
-  return false;
+  const bool done = waited && file.Truncate(static_cast<std::int64_t>(size)) && file.Sync();
+  if (done) {
+    SettledJournals().Keep(file);
+  } else {
+    SettledJournals().Forget(file);
+  }
+  return done;
 }
 
 // Whether an empty journal ends where it should.

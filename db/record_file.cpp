@@ -31,8 +31,10 @@ int OpenRecordFile(MarkedReader& reader, const std::string& path, platform::File
     reader.Close();
     if (const int failed = RollBackJournal(journal); failed != 0) {
       // It could not be set aside or cut, in a folder that may only be read.
-      return HasNothingToFollow(journal) ? reader.Open(path, mode, kFirstRecordMark, image)
-                                         : failed;
+      if (!HasNothingToFollow(journal)) return failed;
+      const int code_then = reader.Open(path, mode, kFirstRecordMark, image);
+      if (HasNothingToFollow(journal)) return code_then;
+      reader.Close();
     }
   }
   return ERR_OPEN;

@@ -1,12 +1,17 @@
 // Readers beside a journal that a program left behind, or that one is just writing.
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
+#include <functional>
+#include <string_view>
+#include <utility>
 
 #include "db/error_codes.h"
 #include "db/journal.h"
 #include "db/record_file.h"
 #include "db/shopping_database.h"
+#include "platform/system_calls.h"
 #include "tests/db/raw_files.h"
 #include "tests/support/plain_user.h"
 #include "tests/support/temp_folder.h"
@@ -174,6 +179,35 @@ TEST_F(HotJournalTest, NeitherDoesATornOneWhoseFirstWordsAreWhole) {
 TEST_F(HotJournalTest, NeitherDoesAnEmptiedOneThatMayNotBeCut) {
   folder_.Write(kJournal, Join({EncodeEmptyJournal(), Bytes(40)}));
   ExpectToReadBesideIt(0444);
+}
+
+// A journal of another kind could not be set aside; then it went, and somebody ended in the middle
+// of a change before the file was opened again.
+TEST_F(HotJournalTest, AChangeThatBeginsWhileTheReaderLooksAgainIsNotReadHalf) {
+  class Meanwhile : public platform::SystemCalls {
+   public:
+    explicit Meanwhile(std::function<void()> change) : change_(std::move(change)) {}
+    int Rename(const char* from, const char* to) override {
+      if (times_opened_ >= 2) return SystemCalls::Rename(from, to);
+      errno = EACCES;
+      return -1;
+    }
+    int Open(const char* path, int flags, mode_t mode) override {
+      const bool is_file = std::string_view(path).ends_with("discount.dat");
+      if (is_file && ++times_opened_ == 2) change_();
+      return SystemCalls::Open(path, flags, mode);
+    }
+
+   private:
+    std::function<void()> change_;
+    int times_opened_ = 0;
+  };
+  folder_.WriteText(kJournal, "a backup of another kind");
+  Meanwhile calls([this] { LeaveHalfAChange(); });
+  const platform::SystemCallsInUse in_use(calls);
+  EXPECT_EQ(database_.discounts().Load(nullptr), 0);
+  EXPECT_EQ(database_.discounts().size(), 2U);
+  ExpectRolledBack();
 }
 
 TEST_F(HotJournalTest, AWholeOneThatMayNotBeWrittenKeepsReadersOut) {

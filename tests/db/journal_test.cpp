@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <utility>
 
 #include "db/error_codes.h"
 #include "tests/db/journal_fixture.h"
@@ -153,6 +154,22 @@ TEST_F(JournalTest, AFolderUnderARecordsNameSetsItAside) {
   EXPECT_TRUE(std::filesystem::is_directory(folder_.File("WebSearch")));
 }
 
+TEST_F(JournalTest, AFileInThePlaceOfTheResultsFolderSetsItAside) {
+  folder_.WriteText("a.dat", "XXXX");
+  folder_.WriteText("WebSearch", "a file");
+  const UndoRecord overwritten{UndoKind::kOverwritten, "a.dat", 4, 0, Hex("30")};
+  WriteJournal({overwritten, {UndoKind::kReplaced, "WebSearch/2.dat", 3, 0, Hex("6f 6c 64")}});
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "XXXX");
+  EXPECT_TRUE(folder_.Read("backup.dat.bad"));
+  // Where no results were before, there may have been a file all along.
+  WriteJournal({overwritten, {UndoKind::kMade, "WebSearch/2.dat", 0, 0, {}}});
+  EXPECT_EQ(RollBackJournal(Path()), 0);
+  EXPECT_EQ(folder_.ReadText("a.dat"), "0XXX");
+  EXPECT_EQ(folder_.ReadText("WebSearch"), "a file");
+  ExpectEmptyJournal();
+}
+
 TEST_F(JournalTest, AJournalThatNamesItselfIsSetAside) {
   for (const UndoKind kind : {UndoKind::kOverwritten, UndoKind::kReplaced, UndoKind::kMade}) {
     WriteJournal({{kind, kJournal, 0, 0, {}}});
@@ -223,6 +240,47 @@ TEST_F(JournalTest, WithoutSpaceForZerosAFileIsCutAllTheSame) {
   EXPECT_TRUE(calls.has_struck());
   EXPECT_EQ(folder_.ReadText("a.dat"), "0123");
   ExpectEmptyJournal();
+}
+
+// A product marked as purchased the first time, with a name and results: a file that has grown, one
+// that is replaced, one that is made and written to, and one that came by a rename.
+TEST_F(JournalTest, ARollBackOfRecordsThatTellWhatComesAfterIsDoneTheNextTimeToo) {
+  const auto with = [](UndoRecord record, AfterChange after) {
+    record.after = std::move(after);
+    return record;
+  };
+  for (const Fault fault : {Fault::kIo, Fault::kShort, Fault::kFull}) {
+    for (int k = 1;; ++k) {
+      folder_.WriteText("a.dat", "01AB45CDEF");
+      folder_.WriteText("store.lst", "new");
+      folder_.WriteText("made.dat", "made");
+      std::filesystem::create_directory(folder_.File("WebSearch"));
+      folder_.WriteText("WebSearch/2.dat", "new");
+      WriteJournal(
+          {// The CRC-32 of "01", two zeros and "45".
+           with({UndoKind::kOverwritten, "a.dat", 6, 2, Hex("32 33")},
+                {10, 0xC46000EC, Hex("41 42")}),
+           with({UndoKind::kOverwritten, "a.dat", 6, 6, {}}, {10, 0xC46000EC, Hex("43 44 45 46")}),
+           // The CRC-32 of "new".
+           with({UndoKind::kReplaced, "store.lst", 3, 0, Hex("6f 6c 64")}, {3, 0x6BE34445, {}}),
+           with({UndoKind::kMade, "made.dat", 0, 0, {}}, {4, 0, Hex("6d 61")}),
+           with({UndoKind::kMade, "made.dat", 0, 2, {}}, {4, 0, Hex("64 65")}),
+           with({UndoKind::kMade, "WebSearch/2.dat", 0, 0, {}}, {3, 0x6BE34445, Hex("6e 65 77")})});
+      FaultyCalls calls(fault, k);
+      {
+        const SystemCallsInUse in_use(calls);
+        (void)RollBackJournal(Path());
+      }
+      ASSERT_EQ(RollBackJournal(Path()), 0) << k;
+      EXPECT_EQ(folder_.ReadText("a.dat"), "012345") << k;
+      EXPECT_EQ(folder_.ReadText("store.lst"), "old") << k;
+      EXPECT_FALSE(folder_.ReadText("made.dat")) << k;
+      EXPECT_FALSE(folder_.ReadText("WebSearch/2.dat")) << k;
+      EXPECT_FALSE(folder_.Read("backup.dat.bad")) << k;
+      ExpectEmptyJournal();
+      if (k > calls.count()) break;
+    }
+  }
 }
 
 TEST_F(JournalTest, AnEmptiedJournalIsCutAndNoFileChanges) {

@@ -1,7 +1,11 @@
 // The journal as a unit of work writes and empties it.
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 
 #include "db/error_codes.h"
 #include "db/unit_of_work.h"
@@ -64,6 +68,76 @@ TEST_F(JournalWritingTest, ThatItIsEmptyReachesTheDeviceOnceForEachProgram) {
     ASSERT_EQ(journal.Hold(Path()), 0);
     EXPECT_EQ(calls.count, 2) << "the journal and its folder, the first time only";
   }
+}
+
+/// Gives every change of the journal a time of its own, of whichever program.
+class Times : public CountedSyncs {
+ public:
+  Times()
+      : changes_(static_cast<int*>(mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE,
+                                        MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {
+    if (changes_ == MAP_FAILED) std::abort();
+  }
+  ~Times() override { munmap(changes_, sizeof *changes_); }
+  ssize_t WriteAt(int descriptor, const void* bytes, std::size_t size, off_t offset) override {
+    ++*changes_;
+    return SystemCalls::WriteAt(descriptor, bytes, size, offset);
+  }
+  int Truncate(int descriptor, off_t size) override {
+    ++*changes_;
+    return CountedSyncs::Truncate(descriptor, size);
+  }
+  int Sync(int descriptor) override {
+    if (ends_behind_the_cut && truncated) _exit(0);
+    return CountedSyncs::Sync(descriptor);
+  }
+  int StatusOf(int descriptor, struct stat* status) override {
+    const int result = SystemCalls::StatusOf(descriptor, status);
+    status->st_ctim = {1714996800, *changes_};
+    return result;
+  }
+  bool ends_behind_the_cut = false;
+
+ private:
+  int* changes_;
+};
+
+// It was settled; then another program wrote into it, cut it and was killed before that had reached
+// the device: there its records stand.
+TEST_F(JournalWritingTest, OneThatAnotherProgramLeftSinceIsSettledAgain) {
+  const std::vector<UndoRecord> records = {{UndoKind::kMade, "a.dat", 0, 0, {}}};
+  folder_.Write(kJournal, EncodeEmptyJournal());
+  Times calls;
+  const SystemCallsInUse in_use(calls);
+  const auto syncs_of_holding = [&] {
+    const int before = calls.count;
+    Journal journal;
+    EXPECT_EQ(journal.Hold(Path()), 0);
+    return calls.count - before;
+  };
+  EXPECT_EQ(syncs_of_holding(), 2);
+  {
+    Journal journal;
+    ASSERT_EQ(journal.Hold(Path()), 0);
+    ASSERT_EQ(journal.Write(records), 0);
+    ASSERT_EQ(journal.Empty(), 0);
+  }
+  EXPECT_EQ(syncs_of_holding(), 0) << "as this program left it";
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    Journal journal;
+    if (journal.Hold(Path()) != 0 || journal.Write(records) != 0) _exit(2);
+    calls.ends_behind_the_cut = true;
+    (void)journal.Empty();
+    _exit(1);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_EQ(status, 0);
+  ExpectEmptyJournal();
+  EXPECT_EQ(syncs_of_holding(), 2);
+  EXPECT_EQ(syncs_of_holding(), 0);
 }
 
 TEST_F(JournalWritingTest, OneThatMayBeFullOnTheDeviceIsNotHeld) {

@@ -1,3 +1,6 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 
@@ -9,6 +12,7 @@
 #include "search/results_file.h"
 #include "search/search_manager.h"
 #include "tests/faults/scenario.h"
+#include "tests/support/faulty_calls.h"
 
 namespace brovanta::test {
 namespace {
@@ -146,23 +150,27 @@ void ChangeDiscounts(std::vector<Scenario>& all) {
   }
 }
 
+void HouseholdAndFeed(const TempFolder& folder) {
+  Household(folder);
+  folder.WriteText("update.feed",
+                   "<CP><ID>70</ID><SR>1</SR><NM>A</NM><SI>0</SI><CI>0</CI></CP>"
+                   "<CP><ID>71</ID><SR>1</SR><NM>B</NM><SI>0</SI><CI>0</CI></CP>"
+                   "<CP><ID>72</ID><SR>2</SR><NM>C</NM><SI>0</SI><CI>0</CI></CP>");
+}
+
+/// Each needs a new name in both lists: without one of them the feed cannot have any.
+bool ImportFeed(const std::string& folder) {
+  ShoppingDatabase database;
+  (void)database.Open(folder);
+  return ImportCoupons(database.discounts(), folder + "\\update.feed") == 0 &&
+         database.discounts().size() == 3;
+}
+
 void ImportFeeds(std::vector<Scenario>& all) {
-  const auto coupons = [](const TempFolder& folder) {
-    Household(folder);
-    folder.WriteText("update.feed",
-                     "<CP><ID>70</ID><SR>1</SR><NM>A</NM><SI>0</SI><CI>0</CI></CP>"
-                     "<CP><ID>71</ID><SR>1</SR><NM>B</NM><SI>0</SI><CI>0</CI></CP>"
-                     "<CP><ID>72</ID><SR>2</SR><NM>C</NM><SI>0</SI><CI>0</CI></CP>");
-  };
-  // Each needs a new name in both lists: without one of them the feed cannot have any.
-  const auto import = [](const std::string& folder) {
-    ShoppingDatabase database;
-    (void)database.Open(folder);
-    return ImportCoupons(database.discounts(), folder + "\\update.feed") == 0 &&
-           database.discounts().size() == 3;
-  };
-  Scenario feed{"coupon feed", coupons, import, {{"store.lst", "category.lst", "discount.dat"}}};
-  all.push_back(std::move(feed));
+  all.push_back({"coupon feed",
+                 HouseholdAndFeed,
+                 ImportFeed,
+                 {{"store.lst", "category.lst", "discount.dat"}}});
   const auto list = [](const TempFolder& folder) {
     Household(folder);
     folder.WriteText("update.feed",
@@ -265,6 +273,29 @@ void SaveOptions(std::vector<Scenario>& all) {
   all.push_back(std::move(options));
 }
 
+/// Does the work in a program that ends when all of it is done but the journal, which it is about
+/// to empty.
+void EndWhenDone(const std::function<void()>& work) {
+  class Calls : public FaultyCalls {
+   public:
+    ssize_t WriteAt(int descriptor, const void* bytes, std::size_t size, off_t offset) override {
+      const bool is_wiped = offset == journal_layout::kEmptySize && size > 0 &&
+                            *static_cast<const std::byte*>(bytes) == std::byte{0};
+      if (is_wiped) _exit(0);
+      return FaultyCalls::WriteAt(descriptor, bytes, size, offset);
+    }
+  };
+  const pid_t child = fork();
+  if (child == 0) {
+    Calls calls;
+    const platform::SystemCallsInUse in_use(calls);
+    work();
+    _exit(1);
+  }
+  int status = 0;
+  if (child < 0 || waitpid(child, &status, 0) != child || status != 0) Fail();
+}
+
 /// What a program leaves that ended while it marked a product as purchased.
 void RollBack(std::vector<Scenario>& all) {
   const auto torn = [](const TempFolder& folder) {
@@ -291,6 +322,26 @@ void RollBack(std::vector<Scenario>& all) {
     ShoppingDatabase database;
     return database.Open(folder) == 0;
   };
+  const auto none_before = [](const TempFolder& folder) {
+    Household(folder);
+    std::filesystem::remove(folder.File("purchase.dat"));
+    EndWhenDone([&folder] {
+      ShoppingDatabase database;
+      (void)database.Open(folder.path());
+      (void)database.products().Mark(kProductKind, 1, kProductPurchased);
+    });
+  };
+  const auto feed = [](const TempFolder& folder) {
+    HouseholdAndFeed(folder);
+    EndWhenDone([&folder] { (void)ImportFeed(folder.path()); });
+  };
+  const auto search = [](const TempFolder& folder) {
+    Lists(folder);
+    EndWhenDone([&folder] { (void)SaveSearch(folder.path()); });
+  };
+  all.push_back({"first purchase rolled back", none_before, run, {}});
+  all.push_back({"coupon feed rolled back", feed, run, {}});
+  all.push_back({"search saved rolled back", search, run, {}});
   all.push_back({"roll-back", torn, run, {}});
 }
 

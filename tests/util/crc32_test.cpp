@@ -43,6 +43,11 @@ TEST(Crc32Test, AnySplitGivesTheSumOfTheWhole) {
   for (std::size_t i = 0; i <= text.size(); ++i) {
     EXPECT_EQ(Crc32(BytesOf(text.substr(i)), Crc32(BytesOf(text.substr(0, i)))), 0xCBF43926u);
   }
+  // So long that both parts hold pieces of sixteen bytes, and what is left over.
+  const std::string_view longer = "The quick brown fox jumps over the lazy dog";
+  for (std::size_t i = 0; i <= longer.size(); ++i) {
+    EXPECT_EQ(Crc32(BytesOf(longer.substr(i)), Crc32(BytesOf(longer.substr(0, i)))), 0x414FA339u);
+  }
 }
 
 TEST(Crc32Test, OneChangedBitChangesTheSum) {
