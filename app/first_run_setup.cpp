@@ -40,10 +40,9 @@ bool IsThere(const RegistryStore& store, const char* name) {
 
 void StoreMissing(const RegistryStore& store, const char* name, const std::string& value) {
   if (IsThere(store, name)) return;
-  auto key = RegistryKey::Create(store, kProgramKey);
   // Without a place for settings the program runs on its defaults, and asks again at the next
   // start.
-  if (key) static_cast<void>(key->SetText(name, value));
+  static_cast<void>(RegistryKey::StoreText(store, kProgramKey, name, value));
 }
 
 /// The native path of a documented one; the working folder will be another one soon.

@@ -109,7 +109,9 @@ RegistryStore::Answer RegistryStore::Ask(std::string_view key_path, std::string_
   if (contents.state == State::kForeign) return Answer::kForeign;
   const RegistryValue* const found = contents.file.Find(key_path, name);
   if (found == nullptr) {
-    return contents.file.HasDamagedValue(key_path, name) ? Answer::kDamaged : Answer::kNone;
+    if (contents.state == State::kMissing) return Answer::kNone;
+    if (!contents.file.HasValues()) return Answer::kForeign;  // nobody here leaves such a file
+    return contents.file.HasDamagedValue(name) ? Answer::kDamaged : Answer::kNone;
   }
   value = *found;
   return Answer::kValue;
@@ -136,6 +138,11 @@ std::optional<RegistryKey> RegistryKey::Create(const RegistryStore& store,
   if (!contents.file.HasKey(key_path) && !contents.file.AddKey(key_path)) return std::nullopt;
   if (!Store(store.file_path(), contents)) return std::nullopt;
   return RegistryKey(store.file_path(), std::string(key_path));
+}
+
+bool RegistryKey::StoreText(const RegistryStore& store, std::string_view key_path,
+                            std::string_view name, std::string_view utf8) {
+  return RegistryKey(store.file_path(), std::string(key_path)).SetText(name, utf8);
 }
 
 std::optional<RegistryValue> RegistryKey::Query(std::string_view name) const {

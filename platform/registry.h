@@ -44,8 +44,8 @@ class RegistryStore {
     kValue,       ///< it is there
     kNone,        ///< the file was read, or there is no file: no such value
     kUnreadable,  ///< there is a file, or may be one, and it cannot be read
-    kForeign,     ///< there is a file, and it is no registry file: another one, or a damaged one
-    kDamaged,     ///< there is a line for the value that cannot be understood
+    kForeign,  ///< there is a file, and it is no registry file, or has not one value: a damaged one
+    kDamaged,  ///< not found, but there is a damaged line that may be the value's
   };
 
   /// Asks for a value in one look at the file; `value` is filled in for kValue.
@@ -68,6 +68,11 @@ class RegistryKey {
   /// read (while it exists) or written. To know that, it is written anew even where the key exists.
   [[nodiscard]] static std::optional<RegistryKey> Create(const RegistryStore& store,
                                                          std::string_view key_path);
+
+  /// SetText under the key, which is made in the same step where it is missing: a program that ends
+  /// in the middle leaves no key without a value.
+  [[nodiscard]] static bool StoreText(const RegistryStore& store, std::string_view key_path,
+                                      std::string_view name, std::string_view utf8);
 
   /// The value of that name, or nothing.
   [[nodiscard]] std::optional<RegistryValue> Query(std::string_view name) const;

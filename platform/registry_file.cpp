@@ -33,13 +33,45 @@ std::string FullKey(std::string_view key_path) {
   return key;
 }
 
-// Whether the line begins with the name, with its quotation marks or without.
-bool BeginsWithName(std::string_view line, std::string_view name) {
+char Lowered(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
+
+// How many letters make one name of the other: changed, left out or put in.
+std::size_t Distance(std::string_view one, std::string_view other) {
+  std::vector<std::size_t> row(other.size() + 1);
+  for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
+  for (std::size_t i = 0; i < one.size(); ++i) {
+    std::size_t diagonal = std::exchange(row[0], i + 1);
+    for (std::size_t j = 0; j < other.size(); ++j) {
+      const std::size_t changed = diagonal + (Lowered(one[i]) == Lowered(other[j]) ? 0U : 1U);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
+    }
+  }
+  return row.back();
+}
+
+bool IsNearly(std::string_view text, std::string_view name) {
+  const std::size_t most = name.size() / 5;
+  const bool is_near = text.size() <= name.size() + most && name.size() <= text.size() + most;
+  return is_near && Distance(text, name) <= most;
+}
+
+// Whether a line that is not understood may have been one for the name, whatever stands in front of
+// it, with its quotation marks or without, or cut within it.
+bool MayBeLineOf(std::string_view line, std::string_view name) {
   line = Trimmed(line);
-  if (line.starts_with('"')) line.remove_prefix(1);
-  if (!SameRegistryName(line.substr(0, name.size()), name)) return false;
-  return line.size() == name.size() ||
-         std::isalnum(static_cast<unsigned char>(line[name.size()])) == 0;
+  const std::string_view start = line.starts_with('"') ? line.substr(1) : line;
+  if (start.size() < name.size() && SameRegistryName(start, name.substr(0, start.size()))) {
+    return true;
+  }
+  const auto is_letter = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
+  line.remove_prefix(
+      static_cast<std::size_t>(std::find_if(line.begin(), line.end(), is_letter) - line.begin()));
+  if (SameRegistryName(line.substr(0, name.size()), name) &&
+      (line.size() <= name.size() || !is_letter(line[name.size()]))) {
+    return true;
+  }
+  return IsNearly(Trimmed(line.substr(0, line.find_first_of("\"="))), name);
 }
 
 // Whether only bytes in hexadecimal stand in the line, as behind a continuation mark.
@@ -161,22 +193,20 @@ const RegistryValue* RegistryFile::Find(std::string_view key_path, std::string_v
   return found < entries_.size() ? &entries_[found].value : nullptr;
 }
 
-bool RegistryFile::HasDamagedValue(std::string_view key_path, std::string_view name) const {
-  const std::string key = FullKey(key_path);
-  bool inside = false;
-  bool is_lost = false;  // below a key that has no name
-  for (const Entry& entry : entries_) {
-    if (entry.kind == Kind::kKey) {
-      is_lost = entry.name.empty();
-      inside = is_lost || SameRegistryName(entry.name, key);
-      continue;
-    }
-    const bool is_damaged = entry.kind == Kind::kOther && BeginsWithName(entry.raw, name);
-    const bool has_no_key =
-        is_lost && entry.kind == Kind::kValue && SameRegistryName(entry.name, name);
-    if (inside && (is_damaged || has_no_key)) return true;
-  }
-  return false;
+bool RegistryFile::HasValues() const {
+  return std::any_of(entries_.begin() + 1, entries_.end(), [](const Entry& entry) {
+    return entry.kind == Kind::kValue || entry.kind == Kind::kOther;
+  });
+}
+
+bool RegistryFile::HasDamagedValue(std::string_view name) const {
+  const Entry& last = entries_.back();
+  const bool is_whole = last.kind == Kind::kValue || last.kind == Kind::kBlankOrComment;
+  if (!is_whole && !last.raw.ends_with('\n')) return true;
+  return std::any_of(entries_.begin() + 1, entries_.end(), [name](const Entry& entry) {
+    if (entry.kind == Kind::kOther) return MayBeLineOf(entry.raw, name);
+    return entry.kind == Kind::kValue && IsNearly(entry.name, name);
+  });
 }
 
 // Behind the last line of the key's last section; blank lines and comments in front of the next

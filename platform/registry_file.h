@@ -39,9 +39,14 @@ class RegistryFile {
   /// stands twice the last one counts. Valid until the next change.
   [[nodiscard]] const RegistryValue* Find(std::string_view key_path, std::string_view name) const;
 
-  /// Whether a line that is not understood begins with the name, or one that is understood has lost
-  /// its key: the key's own line is without its closing bracket.
-  [[nodiscard]] bool HasDamagedValue(std::string_view key_path, std::string_view name) const;
+  /// Whether there is anything but the header, keys, comments and blank lines.
+  [[nodiscard]] bool HasValues() const;
+
+  /// Whether a value that Find does not find may be there, damaged: a line begins with the name, or
+  /// nearly, or is the beginning of the name; a value of that name, or nearly, stands under another
+  /// key or under none; or the last line is cut. Nearly is another letter, one too few, or one too
+  /// many in five.
+  [[nodiscard]] bool HasDamagedValue(std::string_view name) const;
 
   /// Puts the value in the place of the one of that name, else behind the last one of its key,
   /// whose section is added where it is missing. False for a name or path that cannot stand in the

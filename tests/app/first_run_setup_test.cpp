@@ -146,7 +146,9 @@ TEST_F(FirstRunSetupTest, SettingsThatAreNoneDoNotLeadToTheDefaultFolder) {
   const std::string file = folder_.File("config/registry.reg");
   fs::create_directory(folder_.File("config"));
   for (const char* text :
-       {"\x01\x02\x03", "Windows Registry Edi",
+       {"\x01\x02\x03", "Windows Registry Edi", "", "\n\n", "Windows Registry Editor Version 5.00",
+        "Windows Registry Editor Version 5.00\n\n",
+        "Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\Software\\Brovanta]\n",
         "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"=\"/card\"\n"}) {
     folder_.WriteText("config/registry.reg", text);
     EXPECT_EQ(SetUpData(), "") << text;
@@ -166,7 +168,15 @@ TEST_F(FirstRunSetupTest, ALineThatNamesNoFolderDoesNotLeadToTheDefaultFolder) {
         "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"\n",
         "[HKEY_CURRENT_USER\\Software\\Brovanta]\nInstallPath=\"/card\"\n",
         "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"=dword:00000001\n",
-        "[HKEY_CURRENT_USER\\Software\\Brovanta\n\"InstallPath\"=\"/card\"\n"}) {
+        "[HKEY_CURRENT_USER\\Software\\Brovanta\n\"InstallPath\"=\"/card\"\n",
+        "HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"=\"/card\"\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta\\Options]\n\"Tax\"=dword:1\n"
+        "HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPath\"=\"/card\"\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovbnta]\n\"InstallPath\"=\"/card\"\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallPaht\"=\"/card\"\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta]\n#\"InstallPath\"=\"/card\"\n",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"InstallP",
+        "[HKEY_CURRENT_USER\\Software\\Brovanta]\n\"UpdateServer\"=\"http://x\"\n[HKEY"}) {
     const std::string text = std::string("Windows Registry Editor Version 5.00\n\n").append(lines);
     folder_.WriteText("config/registry.reg", text);
     EXPECT_EQ(SetUpData(), "") << text;

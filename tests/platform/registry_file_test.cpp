@@ -219,17 +219,49 @@ TEST(RegistryFileTest, AValueWhoseLineIsDamagedIsToldFromOneThatIsNotThere) {
   const std::string key = "[HKEY_CURRENT_USER\\Software\\Example]\n";
   const auto is_damaged = [&](const std::string& lines) {
     const auto file = RegistryFile::Parse(kStart + lines);
-    return file && file->HasDamagedValue("Software\\Example", "Path");
+    return file && file->HasDamagedValue("InstallPath");
   };
-  for (const char* line : {"\"Path\"=\"/x", "\"Path\"", "\"Path", "path=/x", " \"PATH\"=dword:z"}) {
-    EXPECT_TRUE(is_damaged(key + line)) << line;
-    EXPECT_FALSE(is_damaged("[HKEY_CURRENT_USER\\Other]\n" + std::string(line))) << line;
-  }
-  EXPECT_TRUE(is_damaged("[HKEY_CURRENT_USER\\Softw\n\"Path\"=\"/x\"\n"));
   for (const char* line :
-       {"\"Path\"=\"/x\"", "\"Paths\"=\"/x", "; \"Path\"=\"/x", "\"A Path\"=?", ""}) {
-    EXPECT_FALSE(is_damaged(key + line)) << line;
+       {"\"InstallPath\"=\"/x", "\"InstallPath\"", "\"InstallPath", "installpath=/x",
+        " \"INSTALLPATH\"=dword:z", "InstallPath /x", "#\"InstallPath\"=\"/x\"", "\"InstallP",
+        "InstallP", "\"", "\"InstallPaht\"=\"/x\"", "\"Install Path\"=\"/x\"",
+        "\"nstallPath\"=\"/x\"", "\"1nstallPaths\"=?", "InstllPath\"=\"/x\""}) {
+    EXPECT_TRUE(is_damaged(key + line + "\n")) << line;
+    EXPECT_TRUE(is_damaged("[HKEY_CURRENT_USER\\Other]\n" + std::string(line) + "\n")) << line;
   }
+  for (const char* lines : {"[HKEY_CURRENT_USER\\Softw\n\"InstallPath\"=\"/x\"\n",
+                            "HKEY_CURRENT_USER\\Software\\Example]\n\"InstallPath\"=\"/x\"\n",
+                            "[HKEY_CURRENT_USER\\Softwere\\Example]\n\"InstallPath\"=\"/x\"\n",
+                            "\"InstallPath\"=\"/x\"\n"}) {
+    EXPECT_TRUE(is_damaged(lines)) << lines;
+  }
+  for (const char* line : {"\"InstallPathOfOld\"=\"/x", "; \"InstallPath\"=\"/x", "\"Inst\"=?",
+                           "\"Path\"=?", "", "\"UpdateServer\"=\"http://x\"", "\"Tax\"=dword:z"}) {
+    EXPECT_FALSE(is_damaged(key + line + "\n")) << line;
+  }
+}
+
+TEST(RegistryFileTest, OfAFileCutInALineAnyValueMayBeLost) {
+  const std::string key = "[HKEY_CURRENT_USER\\Software\\Example]";
+  const auto is_damaged = [](const std::string& lines) {
+    const auto file = RegistryFile::Parse(kStart + lines);
+    return file && file->HasDamagedValue("InstallPath");
+  };
+  for (const std::string& lines : {key, key.substr(0, 20), key + "\n\"Upd",
+                                   key + "\n\"Tax\"=hex(4):0,\\", key + "\n\"Tax\"=dword:1\n["}) {
+    EXPECT_TRUE(is_damaged(lines)) << lines;
+  }
+  EXPECT_FALSE(is_damaged(key + "\n\"Tax\"=dword:1")) << "a person wrote the last line";
+  EXPECT_FALSE(is_damaged(key + "\n\"Tax\"=dword:1\n; so far"));
+}
+
+TEST(RegistryFileTest, AHeaderAndKeysAreNoValues) {
+  for (const std::string& lines :
+       {std::string(), kStart, kStart + "[HKEY_CURRENT_USER\\A]\n; b\n"}) {
+    EXPECT_FALSE(Parsed(lines).HasValues()) << lines;
+  }
+  EXPECT_TRUE(Parsed(kStart + "[HKEY_CURRENT_USER\\A]\n\"x\"=dword:1\n").HasValues());
+  EXPECT_TRUE(Parsed(kStart + "\"x").HasValues());
 }
 
 TEST(RegistryFileTest, NamesWithControlCharactersAreRefused) {

@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "platform/file.h"
+#include "platform/system_calls.h"
 #include "tests/support/temp_folder.h"
 
 namespace brovanta::platform {
@@ -149,7 +150,11 @@ TEST_F(RegistryTest, WhoAsksLearnsWhyThereIsNoValue) {
   EXPECT_EQ(ask(), Answer::kForeign);
   const std::string start =
       "Windows Registry Editor Version 5.00\n[HKEY_CURRENT_USER\\Software\\Example]\n";
-  folder_.WriteText("registry.reg", start);
+  for (const std::string& without_values : {std::string(), start}) {
+    folder_.WriteText("registry.reg", without_values);
+    EXPECT_EQ(ask(), Answer::kForeign) << "a damaged one";
+  }
+  folder_.WriteText("registry.reg", start + "\"Other\"=dword:00000007\n");
   EXPECT_EQ(ask(), Answer::kNone);
   folder_.WriteText("registry.reg", start + "\"Path\"=?\n");
   EXPECT_EQ(ask(), Answer::kDamaged);
@@ -159,6 +164,24 @@ TEST_F(RegistryTest, WhoAsksLearnsWhyThereIsNoValue) {
   std::filesystem::remove(folder_.File("registry.reg"));
   std::filesystem::create_directory(folder_.File("registry.reg"));
   EXPECT_EQ(ask(), Answer::kUnreadable);
+}
+
+TEST_F(RegistryTest, AValueIsStoredInOneStepWithItsKey) {
+  class Renames : public SystemCalls {
+   public:
+    int Rename(const char* from, const char* to) override {
+      ++count;
+      return SystemCalls::Rename(from, to);
+    }
+    int count = 0;
+  };
+  Renames calls;
+  const SystemCallsInUse in_use(calls);
+  EXPECT_TRUE(RegistryKey::StoreText(store_, "Software\\Example", "Path", "/x"));
+  EXPECT_EQ(calls.count, 1);
+  EXPECT_EQ(folder_.ReadText("registry.reg"),
+            "Windows Registry Editor Version 5.00\n\n"
+            "[HKEY_CURRENT_USER\\Software\\Example]\n\"Path\"=\"/x\"\n");
 }
 
 TEST_F(RegistryTest, AFileOfAnotherKindIsPutAsideBeforeItIsReplaced) {
