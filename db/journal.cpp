@@ -65,9 +65,11 @@ int OpenFile(const std::string& path, const RecordsOfFile& records, FilesToPutBa
   };
   const Fit fit = FitOf(records, present);
   if (fit == Fit::kNotRead) return ERR_IO;
-  to.fit = fit != Fit::kOther;
+  // What is too large to be kept stays as it is.
+  const bool can_be_kept = present.size <= platform::kLargestWholeFile;
+  to.fit = fit == Fit::kFits || (fit == Fit::kDoubtful && can_be_kept);
   const UndoRecord& first = *records.front();
-  if (fit == Fit::kDoubtful) to.doubtful.push_back(first.name);
+  if (fit == Fit::kDoubtful && to.fit) to.doubtful.push_back(first.name);
   const bool is_written = first.kind == UndoKind::kOverwritten || IsMadeInPlace(records);
   if (to.fit && is_written && file.is_open()) to.files[first.name] = std::move(file);
   return 0;
@@ -281,6 +283,7 @@ bool PutBack(File& file, const UndoRecord& record) {
 }
 
 bool RemoveMade(File& file, const std::string& path) {
+  if (file.PlaceAt(path) == File::Place::kElsewhere) return true;
   return (!Wipe(file, 0) || file.Sync()) && platform::RemoveFile(path);
 }
 

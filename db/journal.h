@@ -38,7 +38,7 @@ namespace brovanta {
 [[nodiscard]] bool PutBack(platform::File& file, const UndoRecord& record);
 
 /// Removes a file that was made at the path and written to, its bytes first: the next file that is
-/// made might show them. False when it could not be removed.
+/// made might show them. Another one that stands there stays. False when it could not be removed.
 [[nodiscard]] bool RemoveMade(platform::File& file, const std::string& path);
 
 /// The same for a file that was replaced or made by a rename; synced. 0, ERR_OPEN when someone else

@@ -266,10 +266,7 @@ bool UnitOfWork::PutBackChange(const Change& change, const UndoRecord& undo) {
   OpenFile& open = files_[change.file];
   if (!open.is_new) return PutBack(open.file, undo);
   if (change.kind != Kind::kMake) return true;  // it goes with the file
-  if (!open.file.is_open()) return RemoveUnopened(open.path);
-  // What stands there instead is somebody else's.
-  return open.file.PlaceAt(open.path) == platform::File::Place::kElsewhere ||
-         RemoveMade(open.file, open.path);
+  return open.file.is_open() ? RemoveMade(open.file, open.path) : RemoveUnopened(open.path);
 }
 
 // Putting overwritten bytes back needs no new space, so that a full disk does not stand in its

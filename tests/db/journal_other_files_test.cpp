@@ -11,6 +11,7 @@
 #include "db/record_format.h"
 #include "db/shopping_database.h"
 #include "db/unit_of_work.h"
+#include "platform/text_file.h"
 #include "tests/support/faulty_calls.h"
 #include "tests/support/temp_folder.h"
 #include "util/crc32.h"
@@ -260,6 +261,43 @@ TEST_F(JournalOtherFilesTest, WhatMayBeSomebodyElsesIsKeptBeforeItIsUndone) {
     EXPECT_FALSE(MayHoldRecords(Path("backup.dat"))) << k;
     if (!calls.has_struck()) break;
   }
+}
+
+TEST_F(JournalOtherFilesTest, WhatIsTooLargeToBeKeptIsSomebodyElses) {
+  const DoubtfulFiles files;
+  files.Write(folder_);
+  constexpr std::int64_t kSize = platform::kLargestWholeFile + 1;
+  UndoRecord made{UndoKind::kMade, "made.dat", 0, 0, {}};
+  made.after = AfterChange{kSize, 0, Hex("81 38 01 00")};
+  UndoRecord written{UndoKind::kMade, "made.dat", 0, 8, {}};
+  written.after = AfterChange{kSize, 0, Hex("82 38 01 00")};
+  folder_.Write("backup.dat", EncodeJournal(std::vector{made, written}));
+  std::filesystem::resize_file(folder_.File("made.dat"), kSize);
+  EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0);
+  EXPECT_EQ(std::filesystem::file_size(folder_.File("made.dat")), kSize);
+  EXPECT_TRUE(folder_.Read("backup.dat.bad"));
+}
+
+// Its name is in two records; after the first of them somebody else may make one.
+TEST_F(JournalOtherFilesTest, AFileThatSomebodyMakesBehindTheRemovalStays) {
+  class Faster : public platform::SystemCalls {
+   public:
+    explicit Faster(const TempFolder& folder) : folder_(folder) {}
+    int Remove(const char* path) override {
+      const int result = SystemCalls::Remove(path);
+      if (result == 0) folder_.WriteText("made.dat", "somebody's");
+      return result;
+    }
+
+   private:
+    const TempFolder& folder_;
+  };
+  const DoubtfulFiles files;
+  files.Write(folder_);
+  Faster calls(folder_);
+  const SystemCallsInUse in_use(calls);
+  EXPECT_EQ(RollBackJournal(Path("backup.dat")), 0);
+  EXPECT_EQ(folder_.ReadText("made.dat"), "somebody's");
 }
 
 TEST_F(JournalOtherFilesTest, WhatCannotBeKeptIsNotUndone) {
