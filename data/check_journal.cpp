@@ -17,7 +17,8 @@ namespace brovanta::data_tool {
 namespace {
 
 constexpr std::size_t kTemporarySuffix = 7;  // ".XXXXXX"
-constexpr char kSetAside[] = "set aside by the program because it could not be read";
+constexpr char kSetAside[] =
+    "kept by the program: it could not be read, or a change undone in it may have been somebody's";
 constexpr char kLeftBehind[] =
     "left behind by a program that ended while it wrote; nothing reads it";
 
@@ -37,7 +38,8 @@ bool Fits(const std::string& name, const RecordsOfFile& records, const ReadByNam
     std::copy(piece.begin(), piece.end(), bytes.begin());
     return static_cast<std::int64_t>(piece.size());
   };
-  return FitOf(records, file) == Fit::kFits;
+  const Fit fit = FitOf(records, file);
+  return fit == Fit::kFits || fit == Fit::kDoubtful;
 }
 
 bool IsTemporaryOf(std::string_view name, std::string_view file) {

@@ -57,6 +57,15 @@ TEST(CheckJournalTest, TellsWhenAFileHasGrownSinceTheChange) {
               ElementsAre(HasSubstr("but not in these files (product.dat)")));
 }
 
+TEST(CheckJournalTest, WhatMayBeSomebodyElsesIsUndone) {
+  const UndoRecord made{UndoKind::kMade, "product.dat", 0, 0, {}, AfterChange{20, 0, {}}};
+  UndoRecord written = made;
+  written.offset = 8;
+  written.after->bytes = test::Bytes(12, std::byte{'n'});
+  EXPECT_THAT(LookAt(EncodeJournal(std::vector{made, written})),
+              ElementsAre(HasSubstr("undoes it at its next start")));
+}
+
 TEST(CheckJournalTest, OfAFileThatIsHeldOrMissingItSaysWhatTheProgramWillDo) {
   UndoRecord change = kChange;
   change.name = "held.dat";
@@ -87,8 +96,8 @@ TEST(CheckLeftOversTest, NotesWhatWasSetAsideAndWhatWasLeftBehind) {
           "may hold what files held",
           "note store.lst.aB3dE6 - #-: left behind by a program that ended while it wrote; "
           "nothing reads it",
-          "note store.lst.bad2 - #-: set aside by the program because it could not be "
-          "read"));
+          "note store.lst.bad2 - #-: kept by the program: it could not be read, or a change undone "
+          "in it may have been somebody's"));
 }
 
 TEST(CheckLeftOversTest, LooksIntoTheFolderOfTheResultsAsWell) {
@@ -99,8 +108,8 @@ TEST(CheckLeftOversTest, LooksIntoTheFolderOfTheResultsAsWell) {
   EXPECT_THAT(test::Lines(findings),
               ElementsAre("note WebSearch/2.dat.aB3dE6 - #-: left behind by a program that ended "
                           "while it wrote; nothing reads it",
-                          "note WebSearch/12.dat.bad - #-: set aside by the program because it "
-                          "could not be read"));
+                          "note WebSearch/12.dat.bad - #-: kept by the program: it could not be "
+                          "read, or a change undone in it may have been somebody's"));
 }
 
 }  // namespace
