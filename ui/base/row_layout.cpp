@@ -1,5 +1,7 @@
 #include "ui/base/row_layout.h"
 
+#include <algorithm>
+
 namespace brovanta {
 namespace {
 
@@ -22,17 +24,32 @@ void SetSides(QLayout& line, int side) {
   if (sides != before) line.setContentsMargins(sides);
 }
 
-int ArrangeFilters(QBoxLayout& line, int room) {
+FilterPlan PlanFilters(const QBoxLayout& line, int room) {
   int buttons = 0;
-  for (int i = 0; i < line.count(); ++i) buttons += line.itemAt(i)->sizeHint().width();
-  const int wanted = buttons + kFilterGap + 2 * kFilterSide;
-  const bool close = wanted > room && buttons + 2 * kLeastSide <= room;
-  SetSides(line, close ? kLeastSide : kFilterSide);
-  const int gap = close ? 0 : kFilterGap;
+  int highest = 0;
+  int one_below_the_other = 0;
+  for (int i = 0; i < line.count(); ++i) {
+    const QSize size = line.itemAt(i)->sizeHint();
+    buttons += size.width();
+    highest = std::max(highest, size.height());
+    one_below_the_other += size.height();
+  }
+  FilterPlan plan;
+  plan.wanted = buttons + kFilterGap + 2 * kFilterSide;
+  plan.close = plan.wanted > room && buttons + 2 * kLeastSide <= room;
+  plan.in_a_row = plan.close || plan.wanted <= room;
+  plan.height = plan.in_a_row ? highest : one_below_the_other + kFilterGap * (line.count() - 1);
+  return plan;
+}
+
+int ArrangeFilters(QBoxLayout& line, int room) {
+  const FilterPlan plan = PlanFilters(line, room);
+  SetSides(line, plan.close ? kLeastSide : kFilterSide);
+  const int gap = plan.close ? 0 : kFilterGap;
   // A line that is told what it has asks for an arrangement all the same, which brings us here.
   if (line.spacing() != gap) line.setSpacing(gap);
-  SetInARow(line, close || wanted <= room);
-  return wanted;
+  SetInARow(line, plan.in_a_row);
+  return plan.wanted;
 }
 
 void SetInARow(QBoxLayout& line, bool in_a_row) {

@@ -12,7 +12,16 @@ namespace brovanta {
 void SetSides(QLayout& line, int side);
 
 /// Two filters, which stand side by side, close together where there is little room, and below each
-/// other where that does not help. Returns what they want to stand side by side as usual.
+/// other where that does not help.
+struct FilterPlan {
+  int wanted = 0;  ///< to stand side by side as usual
+  bool close = false;
+  bool in_a_row = false;
+  int height = 0;  ///< of the line
+};
+[[nodiscard]] FilterPlan PlanFilters(const QBoxLayout& line, int room);
+
+/// Arranges them so. Returns what they want to stand side by side as usual.
 int ArrangeFilters(QBoxLayout& line, int room);
 
 /// Side by side, or one below the other.

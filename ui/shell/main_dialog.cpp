@@ -273,26 +273,46 @@ bool MainDialog::eventFilter(QObject* watched, QEvent* event) {
   return QDialog::eventFilter(watched, event);
 }
 
+/// How high period and filters get where they have so much room.
+int MainDialog::SelectorHeight(int room) const {
+  const QBoxLayout& selectors = *form_->selectorLayout;
+  const QGridLayout& lines = *form_->periodLayout;
+  const int buttons = std::max(form_->viewModeButton->sizeHint().height(),
+                               form_->updateButton->sizeHint().height());
+  const int heading = form_->headingFrame->sizeHint().height();
+  const int wanted = WidthInARow(lines);
+  const int period = wanted <= room ? std::max(buttons, heading)
+                                    : buttons + lines.verticalSpacing() + heading;
+  const FilterPlan filters = PlanFilters(*form_->filterLayout, room);
+  const QMargins around = selectors.contentsMargins();
+  return around.top() + around.bottom() +
+         (ShareALine(wanted + filters.wanted, room) ? std::max(period, filters.height)
+                                                    : period + filters.height);
+}
+
+/// On a wide and low screen period and filters share one line, so that the list gets the height.
+bool MainDialog::ShareALine(int wanted, int room) const {
+  return wanted <= room && height() < width();
+}
+
 int MainDialog::RoomForSelectors() const {
-  // As if the filters stood side by side: below each other they could bring the bar themselves.
-  const int saved =
-      form_->filterRow->sizeHint().height() - form_->storeFilterButton->sizeHint().height();
-  const int wanted = form_->recordTree->parentWidget()->minimumSizeHint().height() - saved;
+  // Reckoned for what they would be in the whole width: the bar would change that.
+  const int rest = form_->recordTree->parentWidget()->minimumSizeHint().height() -
+                   form_->selectorLayout->minimumSize().height();
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-  return wanted > height() ? width() - bar : width();
+  return rest + SelectorHeight(width()) > height() ? width() - bar : width();
 }
 
 void MainDialog::ArrangeSelectors() {
+  form_->recordTree->setMinimumHeight(std::max(kLowestList, kLeastLines * fontMetrics().height()));
   const int room = RoomForSelectors();
   const int tabs = form_->tabBar->sizeHint().width();
   SetSides(*form_->tabLayout, tabs + 2 * kTabSide <= room ? kTabSide : kLeastTabSide);
-  form_->recordTree->setMinimumHeight(std::max(kLowestList, kLeastLines * fontMetrics().height()));
 
   const int period = WidthInARow(*form_->periodLayout);
   PlaceHeading(period <= room);
   const int filters = ArrangeFilters(*form_->filterLayout, room);
-  // On a wide and low screen both share one line, so that the list gets the height.
-  SetInARow(*form_->selectorLayout, period + filters <= room && height() < width());
+  SetInARow(*form_->selectorLayout, ShareALine(period + filters, room));
 }
 
 void MainDialog::PlaceHeading(bool between_the_buttons) {

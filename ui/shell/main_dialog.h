@@ -72,6 +72,8 @@ class MainDialog : public QDialog {
 
  private:
   void SetUpWindow();
+  [[nodiscard]] int SelectorHeight(int room) const;
+  [[nodiscard]] bool ShareALine(int wanted, int room) const;
   [[nodiscard]] int RoomForSelectors() const;
   void ArrangeSelectors();
   void PlaceHeading(bool between_the_buttons);
