@@ -23,6 +23,10 @@
         <source>Year</source>
         <translation>Jahr</translation>
     </message>
+    <message>
+        <source>Months</source>
+        <translation>Monate</translation>
+    </message>
 </context>
 <context>
     <name>DateHeadings</name>
@@ -116,6 +120,22 @@
     <message>
         <source>%1, from %2</source>
         <translation>%1, ab %2</translation>
+    </message>
+    <message>
+        <source>-%1%</source>
+        <translation>-%1 %</translation>
+    </message>
+    <message>
+        <source>-%1</source>
+        <translation>-%1</translation>
+    </message>
+    <message>
+        <source>%1 until %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1 from %2</source>
+        <translation>%1 ab %2</translation>
     </message>
 </context>
 <context>
@@ -1145,6 +1165,10 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
         <source>There was an error while saving the Brovanta options to the registry.</source>
         <translation>Beim Speichern der Einstellungen von Brovanta ist ein Fehler aufgetreten.</translation>
     </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
 </context>
 <context>
     <name>brovanta::PeriodSelector</name>
@@ -1186,6 +1210,10 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
     <message>
         <source>Find</source>
         <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Find: %1</source>
+        <translation>Suche: %1</translation>
     </message>
 </context>
 <context>
@@ -1351,10 +1379,6 @@ Bitte versuchen Sie die Suche noch einmal.</translation>
 <context>
     <name>brovanta::SearchResultsDialog</name>
     <message>
-        <source>Search: </source>
-        <translation>Suche: </translation>
-    </message>
-    <message>
         <source>View result</source>
         <translation>Ergebnis ansehen</translation>
     </message>
@@ -1409,6 +1433,10 @@ Bitte versuchen Sie die Suche noch einmal.</translation>
     <message>
         <source>There was an error while saving the search results to the database.</source>
         <translation>Beim Speichern der Suchergebnisse in der Datenbank ist ein Fehler aufgetreten.</translation>
+    </message>
+    <message>
+        <source>Search: %1</source>
+        <translation>Suche: %1</translation>
     </message>
 </context>
 <context>

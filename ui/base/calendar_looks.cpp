@@ -5,7 +5,9 @@
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QMenu>
 #include <QPalette>
+#include <QSpinBox>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <algorithm>
@@ -96,9 +98,17 @@ void DressCalendar(QCalendarWidget& calendar) {
     palette.setColor(QPalette::Disabled, QPalette::Text, theme::kQuietText);
     calendar.setPalette(palette);
   });
+  // Lower than a finger, and in the way of the arrow to the next month.
+  if (auto* year = calendar.findChild<QSpinBox*>(QLatin1String("qt_calendar_yearedit"))) {
+    year->setButtonSymbols(QAbstractSpinBox::NoButtons);
+  }
   calendar.setAccessibleName(QCoreApplication::translate("Calendar", "Calendar"));
   NamePart(calendar, "qt_calendar_calendarview", QCoreApplication::translate("Calendar", "Days"));
   NamePart(calendar, "qt_calendar_yearedit", QCoreApplication::translate("Calendar", "Year"));
+  auto* month = calendar.findChild<QToolButton*>(QLatin1String("qt_calendar_monthbutton"));
+  if (month != nullptr && month->menu() != nullptr) {
+    month->menu()->setAccessibleName(QCoreApplication::translate("Calendar", "Months"));
+  }
   NameArrow(calendar, "qt_calendar_prevmonth",
             QCoreApplication::translate("Calendar", "Month before"));
   NameArrow(calendar, "qt_calendar_nextmonth",

@@ -1,5 +1,7 @@
 #include "ui/base/discount_tree.h"
 
+#include <utility>
+
 #include "ui/base/discount_words.h"
 #include "ui/base/record_tree.h"
 #include "ui/base/store_names.h"
@@ -17,7 +19,8 @@ int FillDiscountTree(RecordTree& tree, ShoppingDatabase& database, const Discoun
   for (const DiscountRecord* record = discounts.First(); record != nullptr;
        record = discounts.Next()) {
     const QString store = stores.Of(record->StoreId);
-    RowDetail detail{.note = DiscountWords(*record)};
+    DiscountNote note = DiscountNoteOf(*record);
+    RowDetail detail{.note = std::move(note.words), .brief = std::move(note.brief)};
     if (look.coupon_name != nullptr) {
       cut = look.coupon_name(record->Name.view());
       detail.spoken = SpokenNames(record->Name.view(), store);  // nothing is too long to be heard

@@ -17,28 +17,35 @@ QString ShortDate(DateStamp stamp) {
   return SpokenLocale().toString(DateOfStamp(stamp), ShortDateForm());
 }
 
-QString ValueWords(const DiscountRecord& discount) {
+DiscountNote ValueNote(const DiscountRecord& discount) {
   QString number = QString::fromStdString(FormatTwoDecimals(discount.Value));
   const bool percent = discount.ValueType == kPercent;
   if (percent && number.endsWith(QLatin1String(".00"))) number.chop(3);
-  return (percent ? Words(QT_TRANSLATE_NOOP("DiscountWords", "%1% off"))
-                  : Words(QT_TRANSLATE_NOOP("DiscountWords", "%1 off")))
-      .arg(number);
+  if (percent) {
+    return {Words(QT_TRANSLATE_NOOP("DiscountWords", "%1% off")).arg(number),
+            Words(QT_TRANSLATE_NOOP("DiscountWords", "-%1%")).arg(number)};
+  }
+  return {Words(QT_TRANSLATE_NOOP("DiscountWords", "%1 off")).arg(number),
+          Words(QT_TRANSLATE_NOOP("DiscountWords", "-%1")).arg(number)};
 }
 
 }  // namespace
 
-QString DiscountWords(const DiscountRecord& discount) {
-  QString value = ValueWords(discount);
+DiscountNote DiscountNoteOf(const DiscountRecord& discount) {
+  const DiscountNote value = ValueNote(discount);
   if (discount.EndDate > 0) {
-    return Words(QT_TRANSLATE_NOOP("DiscountWords", "%1, until %2"))
-        .arg(value, ShortDate(discount.EndDate));
+    const QString date = ShortDate(discount.EndDate);
+    return {Words(QT_TRANSLATE_NOOP("DiscountWords", "%1, until %2")).arg(value.words, date),
+            Words(QT_TRANSLATE_NOOP("DiscountWords", "%1 until %2")).arg(value.brief, date)};
   }
   if (discount.StartDate > 0) {
-    return Words(QT_TRANSLATE_NOOP("DiscountWords", "%1, from %2"))
-        .arg(value, ShortDate(discount.StartDate));
+    const QString date = ShortDate(discount.StartDate);
+    return {Words(QT_TRANSLATE_NOOP("DiscountWords", "%1, from %2")).arg(value.words, date),
+            Words(QT_TRANSLATE_NOOP("DiscountWords", "%1 from %2")).arg(value.brief, date)};
   }
-  return value;
+  return {value.words, {}};
 }
+
+QString DiscountWords(const DiscountRecord& discount) { return DiscountNoteOf(discount).words; }
 
 }  // namespace brovanta

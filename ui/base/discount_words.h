@@ -7,6 +7,14 @@
 
 namespace brovanta {
 
+/// The words, and what a row shows that is too narrow for them: "-20% until 11/30/2026", empty
+/// where the words are short anyway.
+struct DiscountNote {
+  QString words;
+  QString brief;
+};
+[[nodiscard]] DiscountNote DiscountNoteOf(const DiscountRecord& discount);
+
 /// "20% off, until 11/30/2026", "1.50 off, from 11/1/2026", "5.00 off".
 [[nodiscard]] QString DiscountWords(const DiscountRecord& discount);
 

@@ -26,6 +26,13 @@ QString ShortenedName(const QString& name) {
   return name.left(kKeptOfLongName) + QLatin1String("...");
 }
 
+QString ShortenedSearch(const QString& words) {
+  constexpr qsizetype kLongest = 24;
+  constexpr qsizetype kKept = 21;
+  if (words.size() <= kLongest) return words;
+  return words.left(kKept) + QLatin1String("...");
+}
+
 std::unique_ptr<QMenu> BuildFilterMenu(int commands, const QString& all_text,
                                        const NameList& names) {
   auto menu = std::make_unique<QMenu>();

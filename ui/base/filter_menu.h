@@ -21,6 +21,10 @@ inline constexpr std::int32_t kLargestFilterId = 9999;
 /// A name for a filter button: of more than 14 characters the first 11 and "...".
 [[nodiscard]] QString ShortenedName(const QString& name);
 
+/// What was looked for, as an empty list says it: of more than 24 characters the first ones and
+/// "...".
+[[nodiscard]] QString ShortenedSearch(const QString& words);
+
 /// "All ...", then the names in list order up to the first entry without one. Ids that have no
 /// command are left out. Every action has its command in data().
 [[nodiscard]] std::unique_ptr<QMenu> BuildFilterMenu(int commands, const QString& all_text,

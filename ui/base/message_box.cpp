@@ -80,14 +80,21 @@ class NarrowBox : public QMessageBox {
     const int natural = label->fontMetrics().size(0, text()).width();
     label->setMinimumWidth(qMin(natural + 1, widest - kAroundText - icon));
     auto* const buttons = findChild<QDialogButtonBox*>();
-    if (buttons != nullptr) buttons->setOrientation(Qt::Horizontal);
+    if (buttons != nullptr) Turn(*buttons, Qt::Horizontal);
     layout()->activate();
     if (buttons != nullptr && layout()->totalMinimumSize().width() > room.width()) {
-      buttons->setOrientation(Qt::Vertical);
+      Turn(*buttons, Qt::Vertical);
       layout()->activate();
     }
     const int width = qMin(layout()->totalMinimumSize().width(), room.width());
     return {width, layout()->totalHeightForWidth(width)};
+  }
+
+  /// As wide as the text in either direction.
+  static void Turn(QDialogButtonBox& buttons, Qt::Orientation orientation) {
+    buttons.setOrientation(orientation);
+    buttons.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    buttons.updateGeometry();
   }
 
   void NamePicture() {

@@ -149,6 +149,8 @@ void ModalDialog::Arrange() {
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   for (FormColumns& form : forms_) form.Fit(width() - bar);
   FitButtonLines(*this);
+  FitTabs(*this);
+  FitLabels(*this);
 }
 
 }  // namespace brovanta

@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTabBar>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <algorithm>
@@ -99,6 +100,14 @@ void FitButtonTexts(QBoxLayout& line, const QFont& font, int share) {
   }
 }
 
+bool IsScrolled(const QWidget& widget) {
+  const QWidget* parent = widget.parentWidget();
+  while (parent != nullptr && qobject_cast<const QScrollArea*>(parent) == nullptr) {
+    parent = parent->parentWidget();
+  }
+  return parent != nullptr;
+}
+
 /// The field with the focus in its area, with the label that says what it is where it stands above.
 QRect PlaceOfField(const QWidget& field, const QScrollArea& area) {
   const QRect place(field.mapTo(area.widget(), QPoint(0, 0)), field.size());
@@ -167,7 +176,8 @@ void FitButtonLines(QWidget& window) {
     const QString name = line->objectName();
     if (name != QLatin1String("buttonLayout") && name != QLatin1String("couponLayout")) continue;
     const bool own_margins = line->parentWidget()->layout() == line;
-    const int room = window.width() - (own_margins ? 0 : 2 * theme::kMargin + bar);
+    const bool scrolls = IsScrolled(*line->parentWidget());
+    const int room = window.width() - (scrolls ? bar : 0) - (own_margins ? 0 : 2 * theme::kMargin);
     const int spaces = line->spacing() * std::max(0, line->count() - 1);
     int wanted = spaces;
     for (int i = 0; i < line->count(); ++i) wanted += ButtonWidth(*line->itemAt(i), window.font());
@@ -176,6 +186,52 @@ void FitButtonLines(QWidget& window) {
     SetInARow(*line, wanted <= free);
     const int share = wanted <= free ? (free - spaces) / std::max(1, line->count()) : free;
     FitButtonTexts(*line, window.font(), share);
+  }
+}
+
+void FitTabs(QWidget& window) {
+  for (QTabBar* tabs : window.findChildren<QTabBar*>()) {
+    if (tabs->count() == 0 || tabs->tabText(0).isEmpty()) continue;
+    constexpr int kAroundTab = 4;
+    const int space = window.style()->pixelMetric(QStyle::PM_TabBarTabHSpace, nullptr, tabs);
+    const QFontMetrics metrics(window.font());
+    int texts = 0;
+    for (int i = 0; i < tabs->count(); ++i) {
+      texts += metrics.horizontalAdvance(tabs->tabText(i)) + 1;
+    }
+    const QFont fitting =
+        FittingFont(window.font(), texts, window.width() - tabs->count() * (space + kAroundTab));
+    if (tabs->font() != fitting) tabs->setFont(fitting);
+  }
+}
+
+namespace {
+
+/// What stands in a line with the label.
+int WidthBeside(const QWidget& window, QLabel& label) {
+  int beside = 0;
+  for (const QBoxLayout* line : window.findChildren<QBoxLayout*>()) {
+    if (line->direction() != QBoxLayout::LeftToRight || line->indexOf(&label) < 0) continue;
+    for (int i = 0; i < line->count(); ++i) {
+      QLayoutItem* const item = line->itemAt(i);
+      if (item->widget() == &label) continue;
+      beside += item->sizeHint().width() + line->spacing();
+    }
+  }
+  return beside;
+}
+
+}  // namespace
+
+void FitLabels(QWidget& window) {
+  const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &window);
+  for (QLabel* label : window.findChildren<QLabel*>()) {
+    if (!label->wordWrap() || qobject_cast<WrappedLabel*>(label) != nullptr) continue;
+    QFont font = window.font();
+    font.setBold(label->font().bold());
+    const int room = window.width() - 2 * theme::kMargin - bar - WidthBeside(window, *label);
+    const QFont fitting = FontForWords(font, label->text(), room);
+    if (label->font() != fitting) label->setFont(fitting);
   }
 }
 

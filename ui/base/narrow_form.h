@@ -40,6 +40,13 @@ class FormColumns {
 /// the lines of the layouts named "buttonLayout" and "couponLayout".
 void FitButtonLines(QWidget& window);
 
+/// Lets the tabs of a window write in letters with which all of them fit its width.
+void FitTabs(QWidget& window);
+
+/// Lets the labels that take several lines write in letters with which no word is wider than the
+/// window.
+void FitLabels(QWidget& window);
+
 /// Lets the whole of a window scroll where it is higher than the screen; what it holds keeps its
 /// order and places. To be called once, when the window has its layout.
 void ScrollWhole(QWidget& window);

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kHeadingPadding = 4;
 constexpr int kMarkSize = 12;
+constexpr int kLeastDetail = 13;
 
 /// The font, smaller where large print would cut a heading's end off.
 QFont Fitting(const QFont& font, const QString& text, int width) {
@@ -22,6 +23,13 @@ QFont Fitting(const QFont& font, const QString& text, int width) {
   const int wanted = QFontMetrics(font).horizontalAdvance(text) + 1;
   if (wanted <= width) return font;
   return ScaledFont(font, std::max(kSmallest, 0.98 * width / wanted));
+}
+
+/// The words, or their brief form where even small letters would cut them.
+const QString& DetailThatFits(const QFont& font, const DetailWords& words, int room) {
+  if (words.brief.isEmpty()) return words.text;
+  const QFont fitting = FittingFont(font, words.text, room);
+  return QFontMetrics(fitting).horizontalAdvance(words.text) <= room ? words.text : words.brief;
 }
 
 /// A name that large print would cut gets smaller, but not as small as the rest of its row.
@@ -54,11 +62,15 @@ RecordDelegate::RecordDelegate(QTreeView& tree, const RecordModel& model)
       model_(model),
       recurring_mark_(NamedIcon(QStringLiteral("mark_recurring"), theme::kQuietText)) {}
 
-const RecordDelegate::Look& RecordDelegate::LookFor(const QFont& font) const {
-  if (look_.row_height != 0 && look_.of == font) return look_;
+// The width is that with the scroll bar, which may not come and go with the height of the rows.
+const RecordDelegate::Look& RecordDelegate::LookNow() const {
+  const QFont font = tree_.font();
+  if (look_.row_height != 0 && look_.of == font && look_.width == tree_.width()) return look_;
   look_.of = font;
-  look_.name = ScaledFont(font, kNameTextScale);
-  look_.bold = BoldFont(font);
+  look_.width = tree_.width();
+  look_.side = RowFont(font, look_.width - kRowIndent - kRowRightMargin);
+  look_.name = ScaledFont(look_.side, kNameTextScale);
+  look_.bold = BoldFont(look_.side);
   const int lines =
       QFontMetrics(look_.name).height() + std::max(QFontMetrics(look_.bold).height(), kMarkSize);
   look_.row_height = std::max(theme::kRowHeight, lines + 2 * kRowPadding);
@@ -69,7 +81,7 @@ const RecordDelegate::Look& RecordDelegate::LookFor(const QFont& font) const {
 
 QSize RecordDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
                                const QModelIndex& index) const {
-  const Look& look = LookFor(tree_.font());
+  const Look& look = LookNow();
   const bool heading = model_.HeadingAt(index) != nullptr;
   return {kRowIndent, heading ? look.heading_height : look.row_height};
 }
@@ -88,7 +100,7 @@ void RecordDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 
 void RecordDelegate::PaintHeading(QPainter& painter, const QStyleOptionViewItem& option,
                                   const HeadingRow& row, bool open) const {
-  const Look& look = LookFor(tree_.font());
+  const Look& look = LookNow();
   PaintRowGround(painter, option, theme::kBar);
   const QRectF rect = option.rect;
   PaintChevron(painter, {rect.left() + kRowIndent / 2.0 + 2, rect.center().y()}, open);
@@ -100,7 +112,7 @@ void RecordDelegate::PaintHeading(QPainter& painter, const QStyleOptionViewItem&
 
 void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& option,
                                  const RecordRow& row) const {
-  const Look& look = LookFor(tree_.font());
+  const Look& look = LookNow();
   PaintRowGround(painter, option, theme::kGround);
   PaintRowLine(painter, option.rect, kRowIndent);
 
@@ -112,7 +124,7 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
   RowLines lines = TwoLines(inner, name_height, detail_height);
   if (words.text.isEmpty() && !row.recurring()) lines.upper = inner;  // no second line
   QRect lower = lines.lower;
-  const QRect upper = PaintSideText(painter, look.of, theme::kQuietText, lines.upper,
+  const QRect upper = PaintSideText(painter, look.side, theme::kQuietText, lines.upper,
                                     option.rect.width(), info.storeName);
   PaintRowText(painter, NameFont(look.name, info.name, upper.width()), theme::kText, upper,
                info.name, Qt::AlignLeft);
@@ -123,9 +135,10 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
         &painter, {right - kMarkSize, lower.center().y() - kMarkSize / 2, kMarkSize, kMarkSize});
     lower.setWidth(lower.width() - kMarkSize - kMarkSize / 3 - kRowGap);
   }
-  const QFont& detail = words.overdue ? look.bold : look.of;
-  PaintRowText(painter, FittingFont(detail, words.text, lower.width()),
-               words.overdue ? theme::kWarm : theme::kQuietText, lower, words.text, Qt::AlignLeft);
+  const QFont& detail = words.overdue ? look.bold : look.side;
+  const QString& text = DetailThatFits(detail, words, lower.width());
+  PaintRowText(painter, FittingFont(detail, text, lower.width(), kLeastDetail),
+               words.overdue ? theme::kWarm : theme::kQuietText, lower, text, Qt::AlignLeft);
 }
 
 }  // namespace brovanta

@@ -26,20 +26,22 @@ class RecordDelegate : public QStyledItemDelegate {
                                const QModelIndex& index) const override;
 
   /// The height of each record row and of each heading, in logical pixels.
-  [[nodiscard]] int RowHeight() const { return LookFor(tree_.font()).row_height; }
-  [[nodiscard]] int HeadingHeight() const { return LookFor(tree_.font()).heading_height; }
+  [[nodiscard]] int RowHeight() const { return LookNow().row_height; }
+  [[nodiscard]] int HeadingHeight() const { return LookNow().heading_height; }
 
  private:
   /// Fonts and heights that follow from the tree's font.
   struct Look {
-    QFont of;    ///< the tree's font, which the others are made of: stores and details
-    QFont name;  ///< what a row is about
-    QFont bold;  ///< headings and what is overdue
+    QFont of;       ///< the tree's font, for
+    int width = 0;  ///< of the tree
+    QFont side;     ///< stores and details; what the others are made of
+    QFont name;     ///< what a row is about
+    QFont bold;     ///< headings and what is overdue
     int row_height = 0;
     int heading_height = 0;
   };
 
-  [[nodiscard]] const Look& LookFor(const QFont& font) const;
+  [[nodiscard]] const Look& LookNow() const;
   void PaintHeading(QPainter& painter, const QStyleOptionViewItem& option, const HeadingRow& row,
                     bool open) const;
   void PaintRecord(QPainter& painter, const QStyleOptionViewItem& option,

@@ -90,7 +90,7 @@ TreeItemInfo RecordRow::info() const {
 
 DetailWords RecordRow::Words() const {
   if (detail_.shows_due) return DueWords(detail_.due, TodayStamp());
-  return {detail_.note, false};
+  return {detail_.note, false, detail_.brief};
 }
 
 QString RecordRow::AccessibleText() const {

@@ -29,8 +29,9 @@ struct RecordContent {
 
 /// What a row says besides its name and store.
 struct RowDetail {
-  QString spoken = {};                ///< name and store to screen readers; empty = as shown
-  QString note = {};                  ///< fixed words, or
+  QString spoken = {};  ///< name and store to screen readers; empty = as shown
+  QString note = {};    ///< fixed words, with a form for narrow rows, or
+  QString brief = {};
   bool shows_due = false;             ///< words for `due` as of the day on which they are read
   DateStamp due = kNoDate;            ///< kNoDate = no words
   std::uint16_t recurrence_kind = 0;  ///< a product's schedule fields; marked if it recurs
@@ -42,6 +43,7 @@ struct RowDetail {
 struct DetailWords {
   QString text;
   bool overdue = false;
+  QString brief = {};  ///< for a row too narrow for the text; may be empty
 };
 
 /// "due today", "due tomorrow", "in 3 days", "2 days overdue": whole dates, local time.

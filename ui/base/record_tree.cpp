@@ -113,6 +113,14 @@ void RecordTree::mousePressEvent(QMouseEvent* event) {
   QTreeView::mousePressEvent(event);
 }
 
+void RecordTree::resizeEvent(QResizeEvent* event) {
+  // The letters of large print go with the width, and the heights of the rows with them.
+  if (delegate_->RowHeight() != std::exchange(row_height_, delegate_->RowHeight())) {
+    scheduleDelayedItemsLayout();
+  }
+  QTreeView::resizeEvent(event);
+}
+
 void RecordTree::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
   PaintRowViewSigns(*this, empty_text_);

@@ -52,6 +52,7 @@ class RecordTree : public QTreeView {
   void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void updateGeometries() override;
 
@@ -61,6 +62,7 @@ class RecordTree : public QTreeView {
   RecordModel* model_;
   RecordDelegate* delegate_;
   QString empty_text_;
+  int row_height_ = 0;  // as it was laid out
 };
 
 }  // namespace brovanta

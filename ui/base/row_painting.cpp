@@ -3,6 +3,7 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "ui/base/theme.h"
@@ -22,7 +23,15 @@ QFont ScaledFont(QFont font, double scale) {
 }
 
 QFont FittingFont(const QFont& font, const QString& text, int room, int least) {
-  return FittingFont(font, QFontMetrics(font).horizontalAdvance(text) + 1, room, least);
+  const auto taken = [&text](const QFont& tried) {
+    return QFontMetrics(tried).horizontalAdvance(text) + 1;
+  };
+  QFont fitting = FittingFont(font, taken(font), room, least);
+  // The widths of letters do not go with their heights to the pixel.
+  for (int pixels = QFontInfo(fitting).pixelSize(); pixels > least && taken(fitting) > room;) {
+    fitting.setPixelSize(--pixels);
+  }
+  return fitting;
 }
 
 QFont FittingFont(const QFont& font, int wanted, int room, int least) {
@@ -32,6 +41,22 @@ QFont FittingFont(const QFont& font, int wanted, int room, int least) {
   QFont smaller = font;
   smaller.setPixelSize(std::max(least, pixels * room / wanted));
   return smaller;
+}
+
+QFont RowFont(const QFont& font, int room) {
+  constexpr int kLetters = 16;  // of which most words in a row have fewer
+  const QString letters(kLetters, QLatin1Char('n'));
+  return FittingFont(font, QFontMetrics(font).horizontalAdvance(letters), room);
+}
+
+QFont FontForWords(const QFont& font, const QString& text, int room) {
+  static const QRegularExpression kBlank(QStringLiteral("\\s"));
+  const QFontMetrics metrics(font);
+  QString longest;
+  for (const QString& word : text.split(kBlank)) {
+    if (metrics.horizontalAdvance(word) > metrics.horizontalAdvance(longest)) longest = word;
+  }
+  return FittingFont(font, longest, room);
 }
 
 QFont BoldFont(QFont font) {

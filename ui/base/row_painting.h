@@ -28,6 +28,14 @@ inline constexpr double kNameTextScale = 1.15;
 [[nodiscard]] QFont FittingFont(const QFont& font, int wanted, int room,
                                 int least = theme::kLeastTextPixels);
 
+/// The font for the rows of a list that leaves so much room for their texts: large print is as
+/// large in all of them as the width allows, so that what a row is about stays larger than the
+/// rest.
+[[nodiscard]] QFont RowFont(const QFont& font, int room);
+
+/// A font in which no word of a text is wider than the room.
+[[nodiscard]] QFont FontForWords(const QFont& font, const QString& text, int room);
+
 /// The ground of a row, which shows whether the row is selected.
 void PaintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QColor& ground);
 

@@ -44,6 +44,7 @@ struct EmptyWords {
     around = kLeastAroundWords;
     int pixels = QFontInfo(font).pixelSize();
     while (pixels > theme::kLeastTextPixels && !Fit(ground)) font.setPixelSize(--pixels);
+    if (!Fit(ground)) rest.clear();  // what can be done; it is described to screen readers as well
   }
 };
 

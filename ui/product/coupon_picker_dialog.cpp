@@ -1,10 +1,13 @@
 #include "ui/product/coupon_picker_dialog.h"
 
+#include <QStyle>
 #include <QTimer>
+#include <algorithm>
 
 #include "ui/base/discount_tree.h"
 #include "ui/base/filter_menu.h"
 #include "ui/base/message_box.h"
+#include "ui/base/narrow_form.h"
 #include "ui/base/period_selector.h"
 #include "ui/base/row_layout.h"
 #include "ui/base/wide_text.h"
@@ -16,6 +19,7 @@ namespace brovanta {
 namespace {
 
 constexpr HeadingBlanks kPickerBlanks{.unknown_date = 60, .without_change = 60};
+constexpr int kLowestList = 72;
 constexpr std::size_t kFirstCutCoupon = 20;
 constexpr std::size_t kKeptOfCoupon = 17;
 constexpr qsizetype kFirstCutStore = 9;
@@ -43,6 +47,9 @@ CouponPickerDialog::CouponPickerDialog(ShoppingDatabase& database, const std::st
   form_->periodHeadingButton->SetAlignment(ColorButton::kPictureCentered, false);
   // The line that controls share on a wide screen must not keep the window from getting narrow.
   layout()->setSizeConstraint(QLayout::SetNoConstraint);
+  form_->recordTree->setMinimumHeight(kLowestList);
+  ScrollWhole(*this);
+  layout()->setSizeConstraint(QLayout::SetNoConstraint);
   period_ =
       std::make_unique<PeriodSelector>(*form_->viewModeButton, *form_->periodHeadingButton, *this);
   stores_ = std::make_unique<NameFilter>(*form_->storeFilterButton, kStoreCommands,
@@ -55,6 +62,7 @@ CouponPickerDialog::CouponPickerDialog(ShoppingDatabase& database, const std::st
   if (ResetAndFill() != 0) {
     QTimer::singleShot(0, this, &CouponPickerDialog::ReportReadError);  // the dialog is open then
   }
+  form_->recordTree->parentWidget()->installEventFilter(this);
   form_->recordTree->setFocus();
 }
 
@@ -102,7 +110,7 @@ QString CouponPickerDialog::EmptyWords(int code) const {
         narrowed
             ? tr("Find and Clear, All Stores and All Categories together show everything again.")
             : tr("Find and Clear show everything again.");
-    return tr("Nothing found for \"%1\" %2").arg(WideText(filter_.text), period) +
+    return tr("Nothing found for \"%1\" %2").arg(ShortenedSearch(WideText(filter_.text)), period) +
            QLatin1Char('\n') + hint;
   }
   if (narrowed) {
@@ -230,13 +238,35 @@ void CouponPickerDialog::Select() {
   done(kCompleted);
 }
 
+bool CouponPickerDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) Arrange();
+  return ModalDialog::eventFilter(watched, event);
+}
+
+bool CouponPickerDialog::ShareALine(int wanted, int room) const {
+  return wanted <= room && height() < width();
+}
+
+int CouponPickerDialog::SelectorHeight(int room) const {
+  const int period = form_->periodLayout->sizeHint().height();
+  const FilterPlan filters = PlanFilters(*form_->filterLayout, room);
+  const int wanted = WidthInARow(*form_->periodLayout) + filters.wanted;
+  const QMargins around = form_->selectorLayout->contentsMargins();
+  return around.top() + around.bottom() +
+         (ShareALine(wanted, room) ? std::max(period, filters.height) : period + filters.height);
+}
+
 void CouponPickerDialog::Arrange() {
   ModalDialog::Arrange();
+  SetInARow(*form_->bottomLayout, height() < width());  // the list gets the height
+  // Reckoned for the whole width, as on the main screen: the scroll bar would change that.
+  const int rest = form_->recordTree->parentWidget()->minimumSizeHint().height() -
+                   form_->selectorLayout->minimumSize().height();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  const int room = rest + SelectorHeight(width()) > height() ? width() - bar : width();
   const int selectors =
-      WidthInARow(*form_->periodLayout) + ArrangeFilters(*form_->filterLayout, width());
-  const bool low = height() < width();  // the list gets the height
-  SetInARow(*form_->selectorLayout, low && selectors <= width());
-  SetInARow(*form_->bottomLayout, low);
+      WidthInARow(*form_->periodLayout) + ArrangeFilters(*form_->filterLayout, room);
+  SetInARow(*form_->selectorLayout, ShareALine(selectors, room));
 }
 
 }  // namespace brovanta

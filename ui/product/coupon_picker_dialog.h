@@ -33,8 +33,12 @@ class CouponPickerDialog : public ModalDialog {
 
  protected:
   void Arrange() override;
+  /// What the scrolled screen holds asks for other room.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  [[nodiscard]] int SelectorHeight(int room) const;
+  [[nodiscard]] bool ShareALine(int wanted, int room) const;
   void Connect();
   void OnPeriodChosen();
   void OnFilterChosen(int command);

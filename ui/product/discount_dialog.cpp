@@ -1,5 +1,6 @@
 #include "ui/product/discount_dialog.h"
 
+#include <QLineEdit>
 #include <QShortcut>
 #include <set>
 
@@ -95,11 +96,13 @@ void DiscountDialog::FillProducts() {
 
 void DiscountDialog::ShowRecord() {
   form_->couponNameEdit->setText(WideText(record_->Name.view()));
+  form_->couponNameEdit->setCursorPosition(0);  // of a long name the beginning is shown
   SelectData(*form_->typeBox, record_->Type);
   SelectData(*form_->valueTypeBox, record_->ValueType);
   form_->storeBox->SelectId(record_->StoreId);
   form_->categoryBox->SelectId(record_->CategoryId);
   form_->productBox->setEditText(WideText(record_->Product.view()));
+  form_->productBox->lineEdit()->setCursorPosition(0);
   form_->valueEdit->setText(AmountText(record_->Value));
   form_->startDateEdit->ShowStamp(record_->StartDate);
   form_->endDateEdit->ShowStamp(record_->EndDate);

@@ -37,12 +37,12 @@ PickerBar::PickerBar(QWidget* parent) : PictureBar(parent) {
 
 void PickerBar::ShowFindText(const QString& text) {
   QAction* find = action(kPickerFind);
-  const QString name = text.isEmpty() ? find->text() : find->text() + QStringLiteral(": ") + text;
+  const QString name = text.isEmpty() ? find->text() : tr("Find: %1").arg(text);
   find->setIcon(text.isEmpty()
                     ? CommandIcon(kFindPicture)
                     : NamedIcon(QStringLiteral("toolbar_129_%1").arg(kFindPicture), theme::kWarm));
-  find->setToolTip(ToolTipText(
-      name + QStringLiteral(" (%1)").arg(find->shortcut().toString(QKeySequence::NativeText))));
+  const QString keys = find->shortcut().toString(QKeySequence::NativeText);
+  find->setToolTip(ToolTipText(QStringLiteral("%1 (%2)").arg(name, keys)));
   button(kPickerFind)->setAccessibleName(name);
 }
 

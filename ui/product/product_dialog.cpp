@@ -106,6 +106,7 @@ void ProductDialog::SetUpCoupons(const std::string& update_server) {
 
 void ProductDialog::ShowRecord() {
   form_->productNameEdit->setText(WideText(record_->Name.view()));
+  form_->productNameEdit->setCursorPosition(0);  // of a long name the beginning is shown
   ShowNotes(*form_->notesEdit, record_->Notes.view());
   const int code = PurchaseTypeCode(record_->PurchaseKind, record_->Every);
   form_->purchaseTypeBox->setCurrentIndex(form_->purchaseTypeBox->findData(code));

@@ -96,7 +96,7 @@ void CommandBar::BuildMenu() {
   QFont bold = tools_button_->font();
   bold.setBold(true);
   tools_button_->setFont(bold);
-  tools_button_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  tools_button_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
 
 void CommandBar::BuildToolBar() {

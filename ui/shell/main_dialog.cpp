@@ -281,8 +281,8 @@ int MainDialog::SelectorHeight(int room) const {
                                form_->updateButton->sizeHint().height());
   const int heading = form_->headingFrame->sizeHint().height();
   const int wanted = WidthInARow(lines);
-  const int period = wanted <= room ? std::max(buttons, heading)
-                                    : buttons + lines.verticalSpacing() + heading;
+  const int period =
+      wanted <= room ? std::max(buttons, heading) : buttons + lines.verticalSpacing() + heading;
   const FilterPlan filters = PlanFilters(*form_->filterLayout, room);
   const QMargins around = selectors.contentsMargins();
   return around.top() + around.bottom() +

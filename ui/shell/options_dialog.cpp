@@ -50,6 +50,7 @@ void MakeTitle(QLabel* label) {
   font.setPixelSize(qMax(kTitlePixels, QFontInfo(font).pixelSize()));
   font.setWeight(QFont::Bold);
   label->setFont(font);
+  label->setWordWrap(true);
 }
 
 }  // namespace
@@ -83,6 +84,8 @@ void OptionsDialog::FillCountries() {
   });
   // The settings and the update server have the English name.
   for (const auto& [shown, name] : countries) form_->countryBox->addItem(shown, name);
+  const int none = form_->countryBox->findText(QString(), Qt::MatchExactly);
+  form_->countryBox->setItemData(none, tr("none"), Qt::AccessibleTextRole);
   form_->countryBox->setCompleter(nullptr);  // it would turn a typed "Ger" into "Germany"
   // More could be saved, but not read back.
   form_->countryBox->lineEdit()->setMaxLength(AppOptions::kTextLength);

@@ -5,6 +5,7 @@
 #include "platform/file.h"
 #include "ui/base/date_headings.h"
 #include "ui/base/discount_tree.h"
+#include "ui/base/filter_menu.h"
 #include "ui/base/period.h"
 #include "ui/base/record_tree.h"
 #include "ui/base/store_names.h"
@@ -110,7 +111,7 @@ QString EmptyListWords(const MainState& state, int view_mode, int code) {
   if (state.filter.find_text) {
     return Empty(
         Words(QT_TRANSLATE_NOOP("RecordLists", "Nothing found for \"%1\" %2"))
-            .arg(WideText(*state.filter.find_text), period),
+            .arg(ShortenedSearch(WideText(*state.filter.find_text)), period),
         narrowed
             ? QT_TRANSLATE_NOOP(
                   "RecordLists",

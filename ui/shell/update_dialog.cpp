@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "ui/base/icons.h"
+#include "ui/base/narrow_form.h"
 #include "ui/base/theme.h"
 #include "ui_145_update.h"
 
@@ -97,6 +98,7 @@ void UpdateDialog::ShowWhatIsQueued() {
 void UpdateDialog::Show(const UpdateView& view) {
   if (closed_) return;
   form_->statusLabel->setText(tr(view.text.c_str()));
+  FitLabels(*this);
   form_->progressBar->setValue(view.steps_finished);
   form_->okButton->setEnabled(view.ok_enabled);
   form_->cancelButton->setEnabled(view.cancel_enabled);

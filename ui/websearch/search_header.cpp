@@ -30,6 +30,21 @@ SearchHeader::SearchHeader(QWidget* parent)
   layout->addWidget(label_, 1, Qt::AlignVCenter);
 }
 
-void SearchHeader::SetText(const QString& text) { label_->setText(text); }
+void SearchHeader::SetText(const QString& text) {
+  label_->setText(text);
+  FitWords();
+}
+
+void SearchHeader::resizeEvent(QResizeEvent* event) {
+  LinedFrame::resizeEvent(event);
+  FitWords();
+}
+
+// The label breaks a word that is too long for it anywhere.
+void SearchHeader::FitWords() {
+  const int room = width() - 2 * theme::kMargin - kPictureSize.width() - layout()->spacing();
+  const QFont fitting = FontForWords(BoldFont(font()), label_->text(), room);
+  if (label_->font() != fitting) label_->setFont(fitting);
+}
 
 }  // namespace brovanta

@@ -17,7 +17,12 @@ class SearchHeader : public LinedFrame {
   /// The label is named "headerLabel".
   void SetText(const QString& text);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  void FitWords();
+
   WrappedLabel* label_;
 };
 

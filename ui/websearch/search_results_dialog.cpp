@@ -25,7 +25,7 @@ SearchResultsDialog::SearchResultsDialog(const SavedSearches& searches, std::int
       form_(std::make_unique<Ui::SearchResultsForm>()) {
   form_->setupUi(this);
   layout()->setSizeConstraint(QLayout::SetNoConstraint);
-  form_->searchHeader->SetText(tr("Search: ") + search_text);
+  form_->searchHeader->SetText(tr("Search: %1").arg(search_text));
   AddCommands();
   Load();
   OnCaretChanged();

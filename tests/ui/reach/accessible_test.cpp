@@ -29,7 +29,7 @@ TEST(AccessibleTest, EveryControlOfEveryScreenSaysWhatItIs) {
     EXPECT_THAT(Lines(AccessibleComplaints(*open.screen)), IsEmpty()) << open.name;
     ++seen;
   });
-  EXPECT_EQ(seen, 47);
+  EXPECT_EQ(seen, 82);
 }
 
 TEST(AccessibleTest, RowsAreReadAsSentences) {

@@ -9,16 +9,21 @@
 #include <QScrollArea>
 #include <QTest>
 #include <QVBoxLayout>
+#include <optional>
 #include <tuple>
 
+#include "tests/support/dialog_watch.h"
 #include "tests/support/form_check.h"
+#include "tests/support/german.h"
 #include "tests/support/small_screen.h"
 #include "tests/ui/reach/cut_text.h"
 #include "tests/ui/reach/fit_check.h"
 #include "tests/ui/reach/large_print.h"
 #include "tests/ui/reach/screens.h"
+#include "tests/ui/reach/sentences.h"
 #include "tests/ui/reach/text_lines.h"
 #include "ui/base/color_button.h"
+#include "ui/base/message_box.h"
 
 namespace brovanta::test {
 namespace {
@@ -27,9 +32,9 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-void ExpectAllFits(const char* print) {
+void ExpectAllFits(const char* print, bool states) {
   Screens screens;
-  screens.ForEach([print](const OpenScreen& open) {
+  const auto look = [print](const OpenScreen& open) {
     EXPECT_THAT(Lines(FitComplaints(*open.screen)), IsEmpty()) << open.name << ", " << print;
     EXPECT_THAT(Lines(CutTexts(*open.screen)), IsEmpty()) << open.name << ", " << print;
     const QSize whole = QApplication::primaryScreen()->size();
@@ -37,7 +42,9 @@ void ExpectAllFits(const char* print) {
         << open.name << ", " << print << ": " << open.screen->window()->width() << " x "
         << open.screen->window()->height();
     SavePicture(open.screen, QString::fromStdString(open.name + ", " + print));
-  });
+  };
+  screens.ForEachAsOpened(look);
+  if (states) screens.ForEachState(look);
 }
 
 /// The whole program runs on a screen of this size: a process of its own for each.
@@ -52,9 +59,18 @@ TEST_P(FitTest, NothingIsCutOrOutOfReach) {
   }
   ASSERT_EQ(QApplication::primaryScreen()->geometry().size(), std::get<0>(GetParam()));
   ASSERT_EQ(qApp->devicePixelRatio(), std::get<1>(GetParam()) / 100.0);
-  ExpectAllFits("usual print");
+  // A scale changes the pixels, not the words nor what there is to be seen.
+  const bool all = std::get<1>(GetParam()) == 100;
+  ExpectAllFits("usual print", all);
+  {
+    const LargePrint large;
+    ExpectAllFits("large print", all);
+  }
+  if (!all) return;
+  const German german;
+  ExpectAllFits("German, usual print", all);
   const LargePrint large;
-  ExpectAllFits("large print");
+  ExpectAllFits("German, large print", all);
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, FitTest,
@@ -67,6 +83,45 @@ INSTANTIATE_TEST_SUITE_P(Screens, FitTest,
                                   std::to_string(size.height()) + "at" +
                                   std::to_string(std::get<1>(tested.param));
                          });
+
+/// Every sentence of the program in a box of its own.
+void ExpectMessagesFit(const QStringList& sentences, const std::string& how) {
+  const QStringList messages = MessagesOf(sentences);
+  EXPECT_GT(messages.size(), 50);
+  const QSize whole = QApplication::primaryScreen()->size();
+  QWidget window;
+  window.show();
+  for (const QString& message : messages) {
+    const DialogWatch watch([&](QWidget& box) {
+      EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+      EXPECT_THAT(Lines(FitComplaints(box)), IsEmpty()) << message.toStdString() << ", " << how;
+      EXPECT_THAT(Lines(CutTexts(box)), IsEmpty()) << message.toStdString() << ", " << how;
+      EXPECT_EQ(box.size().boundedTo(whole), box.size()) << message.toStdString() << ", " << how;
+      box.close();
+    });
+    if (message.contains(QLatin1Char('?'))) {
+      static_cast<void>(AskYesNoCancel(&window, message));  // with the most buttons
+    } else {
+      ShowMessage(&window, message);
+    }
+  }
+}
+
+TEST(FitMessagesTest, EverySentenceFitsABoxOnTheSmallestScreen) {
+  if (!OnSmallScreen()) {
+    EXPECT_EQ(RunOnSmallScreen("FitMessagesTest.EverySentenceFitsABoxOnTheSmallestScreen",
+                               QSize(240, 320)),
+              0);
+    return;
+  }
+  for (const bool german : {false, true}) {
+    const std::optional<German> spoken = german ? std::make_optional<German>() : std::nullopt;
+    const QStringList texts = german ? GermanTexts() : EnglishTexts();
+    ExpectMessagesFit(texts, german ? "German" : "English");
+    const LargePrint large;
+    ExpectMessagesFit(texts, german ? "German, large print" : "large print");
+  }
+}
 
 /// A small form that fits until somebody spoils it.
 class SpoiledFitTest : public testing::Test {

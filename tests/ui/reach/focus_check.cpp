@@ -84,6 +84,7 @@ class Walk {
   QStringList Complaints() {
     if (QApplication::focusWidget() == nullptr ||
         !(screen_.isAncestorOf(QApplication::focusWidget()))) {
+      if (!HasControls()) return {};  // one can only wait
       return {QStringLiteral("nothing has the keyboard")};
     }
     const QList<QWidget*> forth = Around(Qt::Key_Tab, true);
@@ -92,8 +93,7 @@ class Walk {
     if (back != forth) complaints_ << QStringLiteral("Shift+Tab goes another way than Tab");
     JudgeOrder(forth);
     for (QWidget* widget : screen_.findChildren<QWidget*>()) {
-      const bool usable = widget->isVisible() && widget->isEnabled() && IsControl(widget);
-      if (usable && !Reached(forth, widget)) {
+      if (IsUsable(widget) && !Reached(forth, widget)) {
         complaints_ << Called(widget) + QStringLiteral(": not reached");
       }
     }
@@ -101,6 +101,15 @@ class Walk {
   }
 
  private:
+  static bool IsUsable(const QWidget* widget) {
+    return widget->isVisible() && widget->isEnabled() && IsControl(widget);
+  }
+
+  [[nodiscard]] bool HasControls() const {
+    const QList<QWidget*> widgets = screen_.findChildren<QWidget*>();
+    return std::any_of(widgets.cbegin(), widgets.cend(), &Walk::IsUsable);
+  }
+
   /// A date lets go behind its last part.
   static QWidget* Next(QWidget* now, Qt::Key key) {
     const int presses = qobject_cast<QAbstractSpinBox*>(now) != nullptr ? 3 : 1;

@@ -82,6 +82,10 @@ void Screens::AddSomeCoupons() {
   EXPECT_TRUE(database_.discounts().Add(0, 0, fields).has_value());
   fields.name = "Two for the price of one on everything";
   EXPECT_TRUE(database_.discounts().Add(12, 1, fields).has_value());
+  fields.name = "Spring offer";
+  fields.value_type = 2;
+  fields.value = 1234.5;
+  EXPECT_TRUE(database_.discounts().Add(0, 0, fields).has_value());
 }
 
 void Screens::AddSomeSearches() {
@@ -118,11 +122,30 @@ void Screens::ForEachWindow(const Look& look) {
 }
 
 void Screens::ForEach(const Look& look) {
+  ForEachAsOpened(look);
+  ForEachState(look);
+}
+
+void Screens::ForEachAsOpened(const Look& look) {
   ForEachWindow(look);
   OverMain();
   OverProducts();
   OverPicker();
   Messages();
+}
+
+void Screens::ForEachState(const Look& look) {
+  look_ = look;
+  NarrowedMain();
+  UnreadableMain();
+  ManyStores();
+  CalendarParts();
+  NarrowedPicker();
+  CouponParts();
+  ProductParts();
+  SmallLists();
+  UpdateStates();
+  ProgressStates();
 }
 
 void Screens::Show(const std::string& name, QWidget& window) {
@@ -152,16 +175,16 @@ void Screens::ShowMenu(const std::string& name, QWidget& window, const char* but
 void Screens::ShowList(const std::string& name, QWidget& window, const char* combo) {
   auto* box = window.findChild<QComboBox*>(QString::fromLatin1(combo));
   ASSERT_NE(box, nullptr) << combo;
+  box->setFocus(Qt::TabFocusReason);  // in view
+  QCoreApplication::processEvents();
   box->showPopup();
   ShowOver(name, ScreenKind::kPopup, *box->view()->window(), window);
   box->hidePopup();
 }
 
-void Screens::ShowDropDownCalendar(const std::string& name, QWidget& window, const char* field) {
-  auto* date = window.findChild<QDateEdit*>(QString::fromLatin1(field));
-  ASSERT_NE(date, nullptr) << field;
-  date->setFocus(Qt::TabFocusReason);
-  QTest::keyClick(date, Qt::Key_Down, Qt::AltModifier);
+void Screens::ShowDropDownCalendar(const std::string& name, QWidget& window, QDateEdit& date) {
+  date.setFocus(Qt::TabFocusReason);
+  QTest::keyClick(&date, Qt::Key_Down, Qt::AltModifier);
   QWidget* const popup = QApplication::activePopupWidget();
   ASSERT_NE(popup, nullptr) << name;
   ShowOver(name, ScreenKind::kPopup, *popup, window);

@@ -15,6 +15,7 @@
 #include "tests/support/zone_guard.h"
 #include "ui/shell/main_dialog.h"
 
+class QDateEdit;
 class QMenu;
 
 namespace brovanta::test {
@@ -43,11 +44,17 @@ class Screens {
   Screens();
   ~Screens();
 
-  /// All of them.
+  /// All of them, and what they look like in the middle of the work.
   void ForEach(const Look& look);
+
+  /// All of them, as they open.
+  void ForEachAsOpened(const Look& look);
 
   /// The windows only, without what lies over them.
   void ForEachWindow(const Look& look);
+
+  /// What they look like in the middle of the work only: with filters, open lists, waiting.
+  void ForEachState(const Look& look);
 
  private:
   void Fill();
@@ -70,13 +77,24 @@ class Screens {
   void Results();
   void Messages();
 
+  void NarrowedMain();
+  void UnreadableMain();
+  void ManyStores();
+  void CalendarParts();
+  void NarrowedPicker();
+  void CouponParts();
+  void ProductParts();
+  void SmallLists();
+  void UpdateStates();
+  void ProgressStates();
+
   std::unique_ptr<MainDialog> OpenMain(const TempFolder& folder);
   void Show(const std::string& name, QWidget& window);
   void ShowOver(const std::string& name, ScreenKind kind, QWidget& screen, QWidget& window);
   void ShowMenu(const std::string& name, QWidget& window, const char* button);
   void ShowList(const std::string& name, QWidget& window, const char* combo);
   void ShowMessageBox(const std::string& name, const std::function<void()>& open);
-  void ShowDropDownCalendar(const std::string& name, QWidget& window, const char* field);
+  void ShowDropDownCalendar(const std::string& name, QWidget& window, QDateEdit& date);
 
   ZoneGuard zone_{"UTC"};
   FixedClock clock_{1795262400};  // 12:00:00

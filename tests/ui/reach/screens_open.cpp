@@ -2,10 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <QCalendarWidget>
+#include <QDateEdit>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
-#include <QTabBar>
 #include <QTest>
 #include <limits>
 #include <utility>
@@ -13,6 +13,7 @@
 #include "tests/search/agents.h"
 #include "tests/support/stuck_download.h"
 #include "tests/ui/base/shown_rows.h"
+#include "tests/ui/reach/screen_parts.h"
 #include "tests/ui/reach/screens.h"
 #include "ui/base/color_button.h"
 #include "ui/base/message_box.h"
@@ -33,29 +34,6 @@ namespace {
 constexpr const char* kServer = "http://server:8427";
 constexpr const char* kLists[] = {"products", "coupons", "purchases", "searches"};
 constexpr double kTax = 8.25;
-
-template <typename Widget = QWidget>
-Widget& Find(QWidget& window, const char* name) {
-  auto* const found = window.findChild<Widget*>(QString::fromLatin1(name));
-  if (found == nullptr) qFatal("no %s", name);
-  return *found;
-}
-
-void ChooseTab(QWidget& window, int index) {
-  auto& tabs = Find<QTabBar>(window, "tabBar");
-  QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(index).center());
-}
-
-void Click(QWidget& window, const char* button) {
-  QTest::mouseClick(&Find(window, button), Qt::LeftButton);
-}
-
-/// A window manager gives it the keyboard back when a menu over it has closed.
-void Activate(QWidget& window) {
-  window.activateWindow();
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-  QCoreApplication::processEvents();
-}
 
 ProductFilter AllProducts() {
   ProductFilter filter;
@@ -154,7 +132,7 @@ void Screens::OverProducts() {
   ShowMenu("product, slot menu", dialog, "couponSlotButton1");
   ShowList("product, list of types", dialog, "purchaseTypeBox");
   ShowList("product, list of stores", dialog, "storeBox");
-  ShowDropDownCalendar("product, calendar", dialog, "purchaseDateEdit");
+  ShowDropDownCalendar("product, calendar", dialog, Find<QDateEdit>(dialog, "purchaseDateEdit"));
 }
 
 void Screens::Discounts() {
