@@ -33,7 +33,8 @@ int RunOnSmallScreen(const char* test, QSize screen, int scale) {
   process.setProcessChannelMode(QProcess::ForwardedChannels);
   process.start(QCoreApplication::applicationFilePath(),
                 {QStringLiteral("--gtest_filter=") + QString::fromLatin1(test)});
-  return process.waitForFinished() ? process.exitCode() : -1;
+  constexpr int kPatience = 300'000;  // milliseconds, on a machine that others use as well
+  return process.waitForFinished(kPatience) ? process.exitCode() : -1;
 }
 
 }  // namespace brovanta::test

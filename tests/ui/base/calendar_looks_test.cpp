@@ -7,6 +7,8 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QLocale>
+#include <QMenu>
+#include <QSpinBox>
 #include <QTextCharFormat>
 #include <QToolButton>
 
@@ -79,6 +81,17 @@ TEST(CalendarLooksTest, TheDaysOfANarrowCalendarAreLargerThanItsMonthInLargePrin
   EXPECT_EQ(PixelsOf(calendar, "qt_calendar_monthbutton"), 28);
   EXPECT_EQ(PixelsOf(calendar, "qt_calendar_calendarview"), 28);
   QApplication::setFont(before);
+}
+
+TEST(CalendarLooksTest, TheYearIsTypedWithoutArrowsInTheWay) {
+  QCalendarWidget calendar;
+  DressCalendar(calendar);
+  const auto* year = calendar.findChild<QSpinBox*>(QStringLiteral("qt_calendar_yearedit"));
+  ASSERT_NE(year, nullptr);
+  EXPECT_EQ(year->buttonSymbols(), QAbstractSpinBox::NoButtons);
+  const auto* month = calendar.findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"));
+  ASSERT_NE(month, nullptr);
+  EXPECT_EQ(month->menu()->accessibleName().toStdString(), "Months");
 }
 
 }  // namespace

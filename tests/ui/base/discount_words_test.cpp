@@ -20,6 +20,15 @@ std::string Words(std::uint16_t value_type, double value, DateStamp start, DateS
   return DiscountWords(discount).toStdString();
 }
 
+std::string Brief(std::uint16_t value_type, double value, DateStamp start, DateStamp end) {
+  DiscountRecord discount;
+  discount.ValueType = value_type;
+  discount.Value = value;
+  discount.StartDate = start;
+  discount.EndDate = end;
+  return DiscountNoteOf(discount).brief.toStdString();
+}
+
 class DiscountWordsTest : public testing::Test {
  private:
   test::ZoneGuard zone_{"UTC"};
@@ -52,6 +61,16 @@ TEST_F(DiscountWordsTest, ACountryThatIsAskedForHasItsDates) {
   SpeakLanguage(QStringLiteral("en_GB"));
   EXPECT_EQ(Words(2, 5, 0, kLast), "5.00 off, until 30/11/2026");
   SpeakLanguage(QStringLiteral("en"));
+}
+
+TEST_F(DiscountWordsTest, ANarrowRowHasABriefForm) {
+  EXPECT_EQ(Brief(1, 20, 0, kLast), "-20% until 11/30/2026");
+  EXPECT_EQ(Brief(2, 1234.5, 0, kLast), "-1234.50 until 11/30/2026");
+  EXPECT_EQ(Brief(2, 5, kFirst, 0), "-5.00 from 11/1/2026");
+  EXPECT_EQ(Brief(2, 5, 0, 0), "") << "short anyway";
+  const test::German german;
+  EXPECT_EQ(Brief(1, 20, 0, kLast), "-20 % bis 30.11.2026");
+  EXPECT_EQ(Brief(2, 5, kFirst, 0), "-5,00 ab 1.11.2026");
 }
 
 }  // namespace

@@ -46,6 +46,13 @@ TEST_F(FilterMenuTest, NameOf14CharactersIsShownWholeAndOneOf15Shortened) {
   EXPECT_EQ(ShortenedName(QString()).toStdString(), "");
 }
 
+TEST_F(FilterMenuTest, ASearchOf24CharactersIsShownWholeAndOneOf25Shortened) {
+  EXPECT_EQ(ShortenedSearch(QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWX")).toStdString(),
+            "ABCDEFGHIJKLMNOPQRSTUVWX");
+  EXPECT_EQ(ShortenedSearch(QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXY")).toStdString(),
+            "ABCDEFGHIJKLMNOPQRSTU...");
+}
+
 TEST_F(FilterMenuTest, MenuListsAllAndThenTheNamesByAscendingId) {
   EXPECT_THAT(Built(Names({{5001, "Zoo"}, {12, "Fresh"}})),
               ElementsAre(Pair(10000, "All Stores"), Pair(10012, "Fresh"), Pair(15001, "Zoo")));

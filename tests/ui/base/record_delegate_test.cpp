@@ -160,5 +160,38 @@ TEST_F(RecordDelegateTest, LargePrintOnANarrowScreenCutsNoWordOfTheRows) {
   EXPECT_TRUE(said.contains(QStringLiteral("Corner Shop"))) << said.join(u'|').toStdString();
 }
 
+TEST_F(RecordDelegateTest, LargePrintOnANarrowScreenKeepsTheNameTheLargest) {
+  QFont large = tree_.font();
+  large.setPixelSize(28);
+  tree_.setFont(large);
+  tree_.resize(230, 200);
+  Row({.name = "Extra virgin olive oil", .storeName = QStringLiteral("Corner Shop")},
+      {.note = QStringLiteral("due")});
+  int name = 0;
+  int detail = 0;
+  for (const test::PaintedText& text : test::PaintedTexts(*tree_.viewport(), false)) {
+    if (text.text.startsWith(QLatin1String("Extra"))) name = text.pixel_size;
+    if (text.text == QLatin1String("due")) detail = text.pixel_size;
+  }
+  EXPECT_GE(name, detail);
+  EXPECT_GT(detail, 14);
+}
+
+TEST_F(RecordDelegateTest, ANarrowRowSaysTheBriefForm) {
+  tree_.resize(230, 200);
+  const auto said = [this](const char* note) {
+    Row({.name = "Milk"},
+        {.note = QString::fromLatin1(note), .brief = QStringLiteral("-1234.50 until 12/21/2026")});
+    QStringList texts;
+    for (const test::PaintedText& text : test::PaintedTexts(*tree_.viewport(), false)) {
+      texts << text.text;
+    }
+    return texts;
+  };
+  EXPECT_TRUE(said("1234.50 off, until the last day")
+                  .contains(QStringLiteral("-1234.50 until 12/21/2026")));
+  EXPECT_TRUE(said("1.50 off").contains(QStringLiteral("1.50 off")));
+}
+
 }  // namespace
 }  // namespace brovanta

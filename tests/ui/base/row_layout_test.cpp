@@ -48,5 +48,17 @@ TEST(RowLayoutTest, FiltersMoveTogetherBeforeTheyGoBelowEachOther) {
   EXPECT_EQ(line.contentsMargins().left(), 5);
 }
 
+TEST(RowLayoutTest, APlanTellsHowHighTheFiltersGet) {
+  QWidget window;
+  QHBoxLayout line(&window);
+  line.addWidget(new Block);
+  line.addWidget(new Block);
+  EXPECT_TRUE(PlanFilters(line, 64).in_a_row);
+  EXPECT_EQ(PlanFilters(line, 64).height, 10);
+  EXPECT_FALSE(PlanFilters(line, 63).in_a_row);
+  EXPECT_EQ(PlanFilters(line, 63).height, 10 + 6 + 10);
+  EXPECT_EQ(line.direction(), QBoxLayout::LeftToRight) << "nothing is arranged yet";
+}
+
 }  // namespace
 }  // namespace brovanta

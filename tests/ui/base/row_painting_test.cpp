@@ -113,6 +113,23 @@ TEST_F(RowPaintingTest, LettersGetSmallerWhereATextWouldBeCutButNotSmall) {
   EXPECT_EQ(FittingFont(font_, words, 10, 20).pixelSize(), 20);
 }
 
+TEST_F(RowPaintingTest, EachWordHasRoomAndTheWholeTextNeedNot) {
+  const QString words = QStringLiteral("The results could not be read");
+  font_.setPixelSize(32);
+  const int longest = QFontMetrics(font_).horizontalAdvance(QStringLiteral("results")) + 1;
+  EXPECT_EQ(FontForWords(font_, words, longest), font_);
+  const QFont fitting = FontForWords(font_, words, longest - 20);
+  EXPECT_LT(fitting.pixelSize(), 32);
+  EXPECT_LE(QFontMetrics(fitting).horizontalAdvance(QStringLiteral("results")), longest - 20);
+}
+
+TEST_F(RowPaintingTest, LargePrintInRowsIsAsLargeAsTheWidthAllows) {
+  font_.setPixelSize(28);
+  EXPECT_EQ(RowFont(font_, 322), font_) << "on a usual screen as it is";
+  EXPECT_LT(RowFont(font_, 202).pixelSize(), 24);
+  EXPECT_GE(RowFont(font_, 202).pixelSize(), theme::kLeastTextPixels);
+}
+
 TEST_F(RowPaintingTest, SmallLettersStayAsTheyAre) {
   font_.setPixelSize(theme::kLeastTextPixels - 2);
   EXPECT_EQ(FittingFont(font_, QStringLiteral("until 12/21/2026"), 10), font_);
