@@ -52,7 +52,8 @@ TEST(AccessibleTest, RowsAreReadAsSentences) {
               ElementsAre("Shop 3, searching", "Shop 2, 12 results", "Shop 1, failed"));
   const auto coupons =
       ElementsAre("Saturday 11/21/2026", "Spring offer, Corner Shop, 10% off, until 12/21/2026",
-                  "Two for the price of one on everything, Corner Shop, 10% off, until 12/21/2026");
+                  "Two for the price of one on everything, Corner Shop, 10% off, until 12/21/2026",
+                  "Spring offer, Corner Shop, 1234.50 off, until 12/21/2026");
   EXPECT_THAT(rows["main, coupons"], coupons);
   EXPECT_THAT(rows["picker"], coupons) << "whole, although its rows are cut";
   EXPECT_THAT(rows["main, searches"], ElementsAre("Saturday 11/21/2026", "coffee machine"));

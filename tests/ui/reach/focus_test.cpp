@@ -43,20 +43,24 @@ TEST(FocusTest, InLargePrintAsWell) {
 TEST(FocusTest, EscapeClosesAMenuAndItsButtonHasTheKeyboardAgain) {
   Screens screens;
   int menus = 0;
-  screens.ForEach([&menus](const OpenScreen& open) {
+  int with_button = 0;
+  screens.ForEach([&](const OpenScreen& open) {
     if (qobject_cast<QMenu*>(open.screen) == nullptr) return;
     const auto buttons = open.window->findChildren<ColorButton*>();
     const auto opener = std::find_if(buttons.begin(), buttons.end(), [&open](ColorButton* button) {
       return button->menu() == open.screen;
     });
-    ASSERT_NE(opener, buttons.end()) << open.name;
     QTest::keyClick(open.screen, Qt::Key_Escape);
     EXPECT_FALSE(open.screen->isVisible()) << open.name;
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << open.name;
-    EXPECT_EQ(QApplication::focusWidget(), *opener) << open.name;
+    EXPECT_NE(open.window->focusWidget(), nullptr) << open.name;
     ++menus;
+    if (opener == buttons.end()) return;  // the calendar's own, which no key opens
+    EXPECT_EQ(QApplication::focusWidget(), *opener) << open.name;
+    ++with_button;
   });
   EXPECT_EQ(menus, 9);
+  EXPECT_EQ(with_button, 8);
 }
 
 /// Three buttons, one below the other.

@@ -30,30 +30,35 @@ const QRegularExpression kBetween(QStringLiteral("[,:] "));  // the parts of a s
 const QChar kDots(0x2026);
 
 /// What people and web pages have put into the data of Screens, and what the boxes there say.
-const char* const kData[] = {"Milk",
-                             "Bread",
-                             "Soap",
-                             "Spring offer",
-                             "one for each household",
-                             "Two for the price of one on everything",
-                             "Two for the price..",
-                             "Corner Shop",
-                             "Corner..",
-                             "Mediterranean Delicatessen & Wine",
-                             "Oil, vinegar and spices",
-                             "Dairy",
-                             "Litre",
-                             "coffee",
-                             "coffee machine",
-                             "Groceries",
-                             "Shop 1",
-                             "Shop 2",
-                             "Shop 3",
-                             "Ships in two days. Two years of warranty.",
-                             "http://shop.example/items/4711?colour=steel&from=search",
-                             "There was an error while reading the database.",
-                             "Do you want to permanently delete the selected coupon?",
-                             "Do you want to permanently delete the selected product?"};
+const char* const kData[] = {
+    "Milk",
+    "Bread",
+    "Soap",
+    "Spring offer",
+    "one for each household",
+    "Two for the price of one on everything",
+    "Two for the price..",
+    "Corner Shop",
+    "Corner..",
+    "Mediterranean Delicatessen & Wine",
+    "Oil, vinegar and spices",
+    "Dairy",
+    "Litre",
+    "coffee",
+    "coffee machine",
+    "Groceries",
+    "Shop 1",
+    "Shop 2",
+    "Shop 3",
+    "Ships in two days. Two years of warranty.",
+    "Only the bottle with the green label, and only as long as it is pressed in autumn.",
+    "Ask for the one behind the counter.",
+    "olive",
+    "spring",
+    "http://shop.example/items/4711?colour=steel&from=search",
+    "There was an error while reading the database.",
+    "Do you want to permanently delete the selected coupon?",
+    "Do you want to permanently delete the selected product?"};
 
 /// Names of keys and of the program, numbers, prices, dates.
 bool IsValue(const QString& text) {
@@ -85,6 +90,7 @@ KnownTexts::KnownTexts(const QString& path) {
   EXPECT_GT(left_over_.size(), 200);
   left_over_ -= german;
   for (const char* const text : kData) texts_.insert(Plain(QString::fromLatin1(text)));
+  Add(QStringLiteral("Store number %1"));
   texts_.insert(QString::fromLatin1(kLongName));
   texts_.insert(QString::fromLatin1(kLongTitle));
   AddLocale();
@@ -143,6 +149,8 @@ bool KnownTexts::IsDate(const QString& line) const {
 bool KnownTexts::HasLine(const QString& line) const {
   static const QRegularExpression kWithKey(QStringLiteral("^(.+) \\(([^()]+)\\)$"));
   if (texts_.contains(line) || IsValue(line) || IsDate(line)) return true;
+  static const QString kCut = QStringLiteral("...");  // the names on buttons
+  if (line.endsWith(kCut) && HasPiece(line.chopped(kCut.size()))) return true;
   const QRegularExpressionMatch key = kWithKey.match(line);
   if (key.hasMatch() && IsValue(key.captured(2))) return HasLine(key.captured(1));
   if (const auto known = asked_.constFind(line); known != asked_.constEnd()) return *known;
