@@ -84,6 +84,12 @@ void ModalDialog::setVisible(bool visible) {
     Prepare();
   }
   QDialog::setVisible(visible);
+  // Shown, the dialog selects the text of its first field, which moves a long one to its end.
+  auto* const field = qobject_cast<QLineEdit*>(focusWidget());
+  if (visible && field != nullptr && field->hasSelectedText()) {
+    const auto length = static_cast<int>(field->text().size());
+    field->setSelection(length, -length);
+  }
 }
 
 void ModalDialog::Prepare() {

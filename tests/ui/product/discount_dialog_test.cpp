@@ -106,6 +106,8 @@ TEST_F(DiscountDialogTest, EditingShowsTheRecord) {
   const DiscountRecord record = Stored(0, 0, Full());
   Run(&record, kEditDiscountMode, [&] {
     EXPECT_EQ(Line("couponNameEdit")->text(), QString::fromUtf8("Café week"));
+    EXPECT_EQ(Line("couponNameEdit")->cursorPosition(), 0) << "of a long one the beginning";
+    EXPECT_EQ(Combo("productBox")->lineEdit()->cursorPosition(), 0);
     EXPECT_EQ(Combo("typeBox")->currentText(), QStringLiteral("Mail In Rebate"));
     EXPECT_EQ(Combo("productBox")->currentText(), QStringLiteral("Coffee"));
     EXPECT_EQ(Combo("valueTypeBox")->currentText(), QStringLiteral("Amount ($)"));

@@ -62,6 +62,7 @@ TEST_F(ProductDialogTest, EditingShowsTheRecord) {
   const ProductRecord record = Stored(kProductKind, Weekly());
   Run(&record, kProductMode, [&] {
     EXPECT_EQ(Line("productNameEdit")->text(), QStringLiteral("Müsli"));
+    EXPECT_EQ(Line("productNameEdit")->cursorPosition(), 0) << "of a long one the beginning";
     EXPECT_EQ(Find<QPlainTextEdit>("notesEdit")->toPlainText(), QStringLiteral("soft\nbox"));
     EXPECT_EQ(Combo("storeBox")->currentText(), QStringLiteral("Fresh"));
     EXPECT_EQ(Combo("categoryBox")->currentText(), QStringLiteral("Breakfast"));

@@ -1,8 +1,10 @@
 // Every screen where there is little room: on small screens, at every scale, in large print.
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -97,6 +99,12 @@ void ExpectMessagesFit(const QStringList& sentences, const std::string& how) {
       EXPECT_THAT(Lines(FitComplaints(box)), IsEmpty()) << message.toStdString() << ", " << how;
       EXPECT_THAT(Lines(CutTexts(box)), IsEmpty()) << message.toStdString() << ", " << how;
       EXPECT_EQ(box.size().boundedTo(whole), box.size()) << message.toStdString() << ", " << how;
+      const auto* const row = box.findChild<QDialogButtonBox*>();
+      ASSERT_NE(row, nullptr);
+      for (const QAbstractButton* button : row->buttons()) {
+        const bool column = row->orientation() == Qt::Vertical;
+        EXPECT_GE(button->width(), column ? box.width() * 3 / 4 : 0) << message.toStdString();
+      }
       box.close();
     });
     if (message.contains(QLatin1Char('?'))) {
