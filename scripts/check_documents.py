@@ -15,6 +15,7 @@ HINTS = {
     "Add one with +, or get new ones by Update.",
     "All Stores and All Categories show everything again.",
     "Find and Clear show everything again.",
+    "Find and Clear, All Stores and All Categories together show everything again.",
     "Products that you mark as purchased are shown here.",
     "Search again with other words.",
     "Search the web shops with +.",

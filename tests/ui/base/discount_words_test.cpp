@@ -70,7 +70,7 @@ TEST_F(DiscountWordsTest, ANarrowRowHasABriefForm) {
   EXPECT_EQ(Brief(2, 5, 0, 0), "") << "short anyway";
   const test::German german;
   EXPECT_EQ(Brief(1, 20, 0, kLast), "-20 % bis 30.11.2026");
-  EXPECT_EQ(Brief(2, 5, kFirst, 0), "-5,00 ab 1.11.2026");
+  EXPECT_EQ(Brief(2, 5, kFirst, 0), "-5.00 ab 1.11.2026");
 }
 
 }  // namespace
