@@ -1167,7 +1167,7 @@ Bitte sehen Sie jeden angewendeten Rabatt durch und prüfen Sie ihn.</translatio
     </message>
     <message>
         <source>none</source>
-        <translation>keine</translation>
+        <translation>ohne</translation>
     </message>
 </context>
 <context>

@@ -48,9 +48,18 @@ void OptionalDateEdit::SetName(const QString& name, const QString& check_name) {
   date_edit_->setAccessibleName(name);
 }
 
-// Large print gets smaller where the whole date would not be seen.
 void OptionalDateEdit::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
+  FitDate();
+}
+
+void OptionalDateEdit::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) FitDate();
+}
+
+// Large print gets smaller where the whole date would not be seen.
+void OptionalDateEdit::FitDate() {
   constexpr int kAround = 48;  // arrow and margins of the date, gap before it
   const int room = width() - check_box_->sizeHint().width() - kAround;
   const QFont fitting = FittingFont(font(), QStringLiteral("00/00/0000"), room);

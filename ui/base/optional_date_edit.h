@@ -35,8 +35,10 @@ class OptionalDateEdit : public QWidget {
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void FitDate();
   void OnToggled(bool dated);
 
   QCheckBox* check_box_;

@@ -32,7 +32,7 @@ const QString& DetailThatFits(const QFont& font, const DetailWords& words, int r
   return QFontMetrics(fitting).horizontalAdvance(words.text) <= room ? words.text : words.brief;
 }
 
-/// A name that large print would cut gets smaller, but not as small as the rest of its row.
+/// A name that large print would cut gets smaller, so that more of it is read, but stays large.
 QFont NameFont(const QFont& font, const QString& name, int width) {
   constexpr int kLeastName = 20;
   return FittingFont(font, name, width, kLeastName);

@@ -33,7 +33,13 @@ RecordTree::RecordTree(QWidget* parent)
 void RecordTree::SetEmptyText(const QString& text) {
   empty_text_ = text;
   DescribeEmptyView(*this, empty_text_);
-  if (rows().empty()) viewport()->update();
+  if (!rows().empty()) return;
+  viewport()->update();
+  updateGeometry();  // LeastHeight
+}
+
+int RecordTree::LeastHeight(int lowest, int width) const {
+  return rows().empty() ? std::max(lowest, EmptyTextHeight(*this, empty_text_, width)) : lowest;
 }
 
 void RecordTree::ClearRows() { SetRows({}); }

@@ -23,6 +23,10 @@ class RecordTree : public QTreeView {
   void SetEmptyText(const QString& text);
   [[nodiscard]] const QString& empty_text() const { return empty_text_; }
 
+  /// How high the list should be at least in this width: `lowest`, or without rows as high as what
+  /// it says then.
+  [[nodiscard]] int LeastHeight(int lowest, int width) const;
+
   /// Drops every row. Sends no signal.
   void ClearRows();
 

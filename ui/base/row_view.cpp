@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QScroller>
 #include <QTreeView>
+#include <algorithm>
 
 #include "ui/base/row_painting.h"
 #include "ui/base/theme.h"
@@ -32,11 +33,15 @@ struct EmptyWords {
   [[nodiscard]] int HeadHeight(const QRect& room) const {
     return QFontMetrics(BoldFont(font)).boundingRect(room, kHow, head).height();
   }
+  [[nodiscard]] QRect Below(const QRect& room) const {
+    return QFontMetrics(font).boundingRect(room, kHow, rest);
+  }
+  [[nodiscard]] int Height(const QRect& room) const {
+    return HeadHeight(room) + (rest.isEmpty() ? 0 : kLineGap + Below(room).height());
+  }
   [[nodiscard]] bool Fit(const QRect& ground) const {
     const QRect room = Room(ground);
-    const QRect below = QFontMetrics(font).boundingRect(room, kHow, rest);
-    const int high = HeadHeight(room) + (rest.isEmpty() ? 0 : kLineGap + below.height());
-    return high <= room.height() && below.width() <= room.width();
+    return Height(room) <= room.height() && Below(room).width() <= room.width();
   }
   /// With less ground around them where there is little, and then in smaller letters.
   void MakeFit(const QRect& ground) {
@@ -48,9 +53,12 @@ struct EmptyWords {
   }
 };
 
+EmptyWords WordsOf(const QString& text, const QFont& font) {
+  return {text.section(QLatin1Char('\n'), 0, 0), text.section(QLatin1Char('\n'), 1), font};
+}
+
 void PaintEmptyText(QPainter& painter, const QRect& ground, const QString& text) {
-  EmptyWords words{text.section(QLatin1Char('\n'), 0, 0), text.section(QLatin1Char('\n'), 1),
-                   painter.font()};
+  EmptyWords words = WordsOf(text, painter.font());
   words.MakeFit(ground);
   const QRect room = words.Room(ground);
   painter.setFont(BoldFont(words.font));
@@ -88,6 +96,15 @@ void DropFocusRow(QTreeView& view) {
 
 void DescribeEmptyView(QTreeView& view, const QString& empty_text) {
   view.setAccessibleDescription(view.model()->rowCount() == 0 ? empty_text : QString());
+}
+
+int EmptyTextHeight(const QTreeView& view, const QString& empty_text, int width) {
+  EmptyWords words = WordsOf(empty_text, view.font());
+  const int pixels = QFontInfo(words.font).pixelSize();
+  words.font.setPixelSize(std::min(pixels, theme::kLeastTextPixels));
+  words.around = kLeastAroundWords;
+  const QRect room = words.Room({0, 0, width, QWIDGETSIZE_MAX});
+  return words.Height(room) + 2 * (words.around + view.frameWidth());
 }
 
 void PaintRowViewSigns(QTreeView& view, const QString& empty_text) {

@@ -22,6 +22,10 @@ void DropFocusRow(QTreeView& view);
 /// words change, or whether there are rows.
 void DescribeEmptyView(QTreeView& view, const QString& empty_text);
 
+/// How high a list of this width must be to show the words for a list without rows, in the least
+/// letters that they get.
+[[nodiscard]] int EmptyTextHeight(const QTreeView& view, const QString& empty_text, int width);
+
 /// Paints quiet words on the ground of a list without rows, and the frame of the caret, or of the
 /// list where there is none, while the list has the focus. To be called when the rows have been
 /// painted.

@@ -258,11 +258,14 @@ int CouponPickerDialog::SelectorHeight(int room) const {
 
 void CouponPickerDialog::Arrange() {
   ModalDialog::Arrange();
-  SetInARow(*form_->bottomLayout, height() < width());  // the list gets the height
+  // The list gets the height.
+  SetInARow(*form_->bottomLayout,
+            height() < width() && WidthInARow(*form_->bottomLayout) <= width());
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  form_->recordTree->setMinimumHeight(form_->recordTree->LeastHeight(kLowestList, width() - bar));
   // Reckoned for the whole width, as on the main screen: the scroll bar would change that.
   const int rest = form_->recordTree->parentWidget()->minimumSizeHint().height() -
                    form_->selectorLayout->minimumSize().height();
-  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   const int room = rest + SelectorHeight(width()) > height() ? width() - bar : width();
   const int selectors =
       WidthInARow(*form_->periodLayout) + ArrangeFilters(*form_->filterLayout, room);

@@ -304,7 +304,9 @@ int MainDialog::RoomForSelectors() const {
 }
 
 void MainDialog::ArrangeSelectors() {
-  form_->recordTree->setMinimumHeight(std::max(kLowestList, kLeastLines * fontMetrics().height()));
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  form_->recordTree->setMinimumHeight(form_->recordTree->LeastHeight(
+      std::max(kLowestList, kLeastLines * fontMetrics().height()), width() - bar));
   const int room = RoomForSelectors();
   const int tabs = form_->tabBar->sizeHint().width();
   SetSides(*form_->tabLayout, tabs + 2 * kTabSide <= room ? kTabSide : kLeastTabSide);

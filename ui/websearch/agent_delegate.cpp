@@ -12,6 +12,12 @@ namespace {
 
 constexpr int kNameColumn = 0;
 
+/// Of the same size in all rows and both columns.
+QFont FontOfRows(const QStyleOptionViewItem& option) {
+  if (option.widget == nullptr) return option.font;
+  return RowFont(option.font, option.widget->width() - option.decorationSize.width() - kRowGap);
+}
+
 }  // namespace
 
 void AgentDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -28,7 +34,7 @@ void AgentDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     text.setLeft(text.left() + picture.width() + kRowGap);
   }
   const QString words = index.data().toString();
-  PaintRowText(*painter, FittingFont(option.font, words, text.width()),
+  PaintRowText(*painter, FittingFont(FontOfRows(option), words, text.width()),
                is_name ? theme::kText : theme::kQuietText, text, words,
                is_name ? Qt::AlignLeft : Qt::AlignRight);
   PaintRowLine(*painter, option.rect, 0);
@@ -36,7 +42,7 @@ void AgentDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 }
 
 QSize AgentDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  const QFontMetrics metrics(option.font);
+  const QFontMetrics metrics(FontOfRows(option));
   const int wanted = metrics.horizontalAdvance(index.data().toString()) + 1 + kRowRightMargin;
   return {std::min(wanted, widest_),
           std::max(theme::kFingerHeight, metrics.height() + 2 * kRowPadding)};

@@ -100,5 +100,18 @@ TEST_F(OptionalDateEditTest, BothPartsHaveNamesForAScreenReader) {
   EXPECT_EQ(field_.date_edit().accessibleName(), QStringLiteral("Start date"));
 }
 
+TEST_F(OptionalDateEditTest, ADateFollowsPrintThatGrowsWhileItIsShown) {
+  field_.ShowStamp(kToday);
+  field_.resize(176, field_.height());
+  QFont large = field_.font();
+  large.setPixelSize(28);
+  field_.setFont(large);
+  QCoreApplication::processEvents();
+  const QFont font = field_.date_edit().font();
+  EXPECT_LT(font.pixelSize(), 28);
+  EXPECT_LE(QFontMetrics(font).horizontalAdvance(QStringLiteral("00/00/0000")),
+            field_.date_edit().width());
+}
+
 }  // namespace
 }  // namespace brovanta

@@ -17,6 +17,7 @@
 #include "tests/support/dialog_watch.h"
 #include "tests/support/form_check.h"
 #include "tests/support/german.h"
+#include "tests/support/painted_texts.h"
 #include "tests/support/small_screen.h"
 #include "tests/ui/reach/cut_text.h"
 #include "tests/ui/reach/fit_check.h"
@@ -26,6 +27,7 @@
 #include "tests/ui/reach/text_lines.h"
 #include "ui/base/color_button.h"
 #include "ui/base/message_box.h"
+#include "ui/base/record_tree.h"
 
 namespace brovanta::test {
 namespace {
@@ -34,11 +36,27 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
+/// What empty lists would say, to the eye as to a screen reader, and do not paint.
+QStringList UnpaintedHints(QWidget& screen) {
+  QStringList unpainted;
+  for (RecordTree* list : screen.findChildren<RecordTree*>()) {
+    if (!list->isVisible() || list->model()->rowCount() != 0) continue;
+    QString painted;
+    for (const PaintedText& text : PaintedTexts(*list)) painted += text.text;
+    painted.remove(QLatin1Char(' '));  // a line may end behind a hyphen as well as at a blank
+    for (const QString& line : list->empty_text().split(QLatin1Char('\n'))) {
+      if (!painted.contains(QString(line).remove(QLatin1Char(' ')))) unpainted << line;
+    }
+  }
+  return unpainted;
+}
+
 void ExpectAllFits(const char* print, bool states) {
   Screens screens;
   const auto look = [print](const OpenScreen& open) {
     EXPECT_THAT(Lines(FitComplaints(*open.screen)), IsEmpty()) << open.name << ", " << print;
     EXPECT_THAT(Lines(CutTexts(*open.screen)), IsEmpty()) << open.name << ", " << print;
+    EXPECT_THAT(Lines(UnpaintedHints(*open.screen)), IsEmpty()) << open.name << ", " << print;
     const QSize whole = QApplication::primaryScreen()->size();
     EXPECT_EQ(open.screen->window()->size().boundedTo(whole), open.screen->window()->size())
         << open.name << ", " << print << ": " << open.screen->window()->width() << " x "
