@@ -63,6 +63,9 @@ std::optional<TreeItemInfo> RecordTree::CaretInfo() const {
 }
 
 void RecordTree::updateGeometries() {
+  // What waits to be laid out comes back here; in the middle of the base's work it would be after
+  // the rows are no longer said to be equally high.
+  executeDelayedItemsLayout();
   // The base would ask for the height of every single row to find the range of the scroll bar.
   QScrollBar& bar = *verticalScrollBar();
   const int position = bar.value();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
+#include <QStyledItemDelegate>
 #include <QTest>
 
 #include "tests/support/zone_guard.h"
@@ -176,6 +177,42 @@ TEST_F(RecordTreeTest, EmptyTreeShowsItsWords) {
   EXPECT_NE(words, blank);
   Fill();
   EXPECT_EQ(tree_.viewport()->grab().toImage(), rows);
+}
+
+/// Counts how often the tree asks how high a row is.
+class AskedDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& /*option*/,
+                 const QModelIndex& /*index*/) const override {
+    ++asked_;
+    return {20, 48};
+  }
+  [[nodiscard]] int asked() const { return asked_; }
+
+ private:
+  mutable int asked_ = 0;
+};
+
+TEST_F(RecordTreeTest, ALongListIsShownAndResizedWithoutAskingEachRowForItsHeight) {
+  constexpr int kRows = 1000;
+  constexpr int kShown = 50;
+  RecordTree tree;
+  AskedDelegate delegate;
+  tree.setItemDelegate(&delegate);
+  DateHeadings headings;
+  for (int i = 0; i < kRows; ++i) headings.Add(kSaturday, {.id = i, .name = "Bread"}, {});
+  tree.SetRows(headings.Take());
+  tree.resize(360, 400);
+  tree.show();
+  QTest::qWait(1);
+  EXPECT_LT(delegate.asked(), kShown);
+  EXPECT_GT(delegate.asked(), 0);  // the counted one is the one in use
+  tree.setFont(QFont(tree.font().family(), 40));
+  tree.resize(240, 300);
+  QTest::qWait(1);
+  EXPECT_LT(delegate.asked(), 2 * kShown);
 }
 
 TEST_F(RecordTreeTest, DoubleFontMakesHigherRows) {
