@@ -5,18 +5,22 @@
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QDir>
-#include <QLocalSocket>
+#include <QFile>
+#include <QFileInfo>
+#include <QSocketNotifier>
 #include <QThread>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 namespace brovanta {
 
 namespace {
 
-constexpr char kRaise[] = "raise ";
-constexpr char kRaised[] = "raised\n";
+constexpr std::string_view kRaise = "raise ";  // and the token of the newer start, if it has one
+constexpr std::string_view kRaised = "raised\n";
 constexpr char kActivationToken[] = "XDG_ACTIVATION_TOKEN";
-constexpr int kLongestRequest = 512;
+constexpr std::size_t kLongestRequest = 512;
 constexpr int kRetryInterval = 20;
 
 /// The session's own folder. Each start in a sandbox has one to itself, of which this part is
@@ -37,18 +41,29 @@ QString SocketPath(const std::string& folder) {
          QString::fromLatin1(hash.left(20));
 }
 
+std::string NativePath(const QString& path) { return QFile::encodeName(path).toStdString(); }
+
+/// Reads up to the end of a line into `line`, which is then whole. False when none can come any
+/// more: the other end is gone, or says too much.
+bool ReadLine(platform::LocalSocket& socket, std::string& line) {
+  const std::optional<std::string> bytes = socket.Read();
+  if (!bytes) return false;
+  line += *bytes;
+  return line.size() <= kLongestRequest;
+}
+
+bool IsWhole(const std::string& line) { return line.find('\n') != std::string::npos; }
+
 }  // namespace
 
 SingleInstance::SingleInstance(const std::string& data_folder, platform::FolderLock lock)
     : folder_(platform::CanonicalFolder(data_folder.empty() ? "." : data_folder)),
       socket_path_(SocketPath(folder_.empty() ? data_folder : folder_)),
-      lock_(std::move(lock)) {
-  QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] {
-    while (QLocalSocket* socket = server_.nextPendingConnection()) Answer(socket);
-  });
-}
+      lock_(std::move(lock)) {}
 
-SingleInstance::~SingleInstance() { server_.close(); }
+SingleInstance::~SingleInstance() {
+  if (listener_.valid()) QFile::remove(socket_path_);
+}
 
 SingleInstance::Outcome SingleInstance::Claim(int patience) {
   const QDeadlineTimer deadline(patience);
@@ -70,43 +85,68 @@ bool SingleInstance::Lock() {
 }
 
 void SingleInstance::Listen() {
-  QLocalServer::removeServer(socket_path_);  // what a dead program left
-  server_.setSocketOptions(QLocalServer::UserAccessOption);
+  listener_ = platform::LocalSocket::ListenAt(NativePath(socket_path_));
   // Without a socket the lock still holds; only the window cannot be asked for.
-  server_.listen(socket_path_);
+  if (!listener_.valid()) return;
+  connected_ = std::make_unique<QSocketNotifier>(listener_.descriptor(), QSocketNotifier::Read);
+  QObject::connect(connected_.get(), &QSocketNotifier::activated, connected_.get(),
+                   [this] { AcceptAskers(); });
 }
 
-void SingleInstance::Answer(QLocalSocket* socket) {
-  QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-  const auto read = [this, socket] {
-    if (!socket->canReadLine()) {
-      if (socket->bytesAvailable() > kLongestRequest) socket->abort();
-      return;
-    }
-    const QByteArray line = socket->readLine(kLongestRequest).trimmed();
-    if (!line.startsWith(QByteArray(kRaise).trimmed())) return socket->abort();
+/// Another start that asks for the window, from its connection to the answer.
+class SingleInstance::Asker : public QObject {
+ public:
+  Asker(platform::LocalSocket socket, SingleInstance& instance)
+      : QObject(instance.connected_.get()),
+        instance_(instance),
+        socket_(std::move(socket)),
+        readable_(socket_.descriptor(), QSocketNotifier::Read) {
+    QObject::connect(&readable_, &QSocketNotifier::activated, this, [this] { Read(); });
+  }
+
+ private:
+  void Read() {
+    const bool goes_on = ReadLine(socket_, line_);
+    if (goes_on && !IsWhole(line_)) return;
+    readable_.setEnabled(false);
+    if (goes_on) Answer(QByteArray::fromStdString(line_.substr(0, line_.find('\n'))).trimmed());
+    deleteLater();
+  }
+
+  void Answer(const QByteArray& line) {
+    const QByteArray raise = QByteArray::fromStdString(std::string(kRaise));
+    if (!line.startsWith(raise.trimmed())) return;
     // The compositor lets a window come forward only with the token of the newer start.
-    const QByteArray token = line.mid(static_cast<qsizetype>(sizeof(kRaise)) - 1);
+    const QByteArray token = line.mid(raise.size());
     if (!token.isEmpty()) qputenv(kActivationToken, token);
-    if (raise_handler_) raise_handler_();
-    socket->write(kRaised);
-    socket->flush();
-    socket->disconnectFromServer();
-  };
-  QObject::connect(socket, &QLocalSocket::readyRead, socket, read);
-  read();
+    if (instance_.raise_handler_) instance_.raise_handler_();
+    static_cast<void>(socket_.Write(kRaised));  // who is gone needs no answer
+  }
+
+  SingleInstance& instance_;
+  platform::LocalSocket socket_;
+  QSocketNotifier readable_;
+  std::string line_;
+};
+
+void SingleInstance::AcceptAskers() {
+  for (platform::LocalSocket socket = listener_.Accept(); socket.valid();
+       socket = listener_.Accept()) {
+    new Asker(std::move(socket), *this);  // the notifier's own
+  }
 }
 
 bool SingleInstance::AskForWindow(int patience) const {
   const QDeadlineTimer deadline(patience);
-  QLocalSocket socket;
-  socket.connectToServer(socket_path_);
-  if (!socket.waitForConnected(patience)) return false;
-  socket.write(QByteArray(kRaise) + qgetenv(kActivationToken) + '\n');
-  while (!socket.canReadLine()) {
-    if (!socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()))) return false;
+  platform::LocalSocket socket = platform::LocalSocket::ConnectTo(NativePath(socket_path_));
+  const std::string token = qgetenv(kActivationToken).toStdString();
+  if (!socket.Write(std::string(kRaise) + token + '\n')) return false;
+  std::string line;
+  while (!IsWhole(line)) {
+    if (!socket.WaitToRead(static_cast<int>(deadline.remainingTime()))) return false;
+    if (!ReadLine(socket, line)) return false;
   }
-  return socket.readLine() == kRaised;
+  return line == kRaised;
 }
 
 }  // namespace brovanta

@@ -1,12 +1,15 @@
 // One running program per data folder: two would overwrite each other's name lists.
 #pragma once
 
-#include <QLocalServer>
 #include <QString>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "platform/folder.h"
+#include "platform/local_socket.h"
+
+class QSocketNotifier;
 
 namespace brovanta {
 
@@ -37,15 +40,18 @@ class SingleInstance {
   [[nodiscard]] const QString& socket_path() const { return socket_path_; }
 
  private:
+  class Asker;
+
   [[nodiscard]] bool Lock();
   void Listen();
-  void Answer(QLocalSocket* socket);
+  void AcceptAskers();
   [[nodiscard]] bool AskForWindow(int patience) const;
 
   std::string folder_;
   QString socket_path_;
   platform::FolderLock lock_;
-  QLocalServer server_;
+  platform::LocalSocket listener_;
+  std::unique_ptr<QSocketNotifier> connected_;  // the askers' parent
   std::function<void()> raise_handler_;
 };
 

@@ -11,7 +11,7 @@
 #include "server/agent_file.h"
 #include "server/coupon_table.h"
 #include "server/list_table.h"
-#include "server/unique_fd.h"
+#include "util/unique_fd.h"
 
 namespace brovanta::server {
 namespace {

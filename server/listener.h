@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "server/unique_fd.h"
+#include "util/unique_fd.h"
 
 namespace brovanta::server {
 

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "server/unique_fd.h"
+#include "util/unique_fd.h"
 
 namespace brovanta::server {
 

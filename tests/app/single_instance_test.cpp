@@ -3,14 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLocalSocket>
 #include <QTest>
 #include <QThread>
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "tests/support/temp_folder.h"
 
@@ -35,6 +36,16 @@ class SingleInstanceTest : public testing::Test {
     thread->start();
     EXPECT_TRUE(QTest::qWaitFor([&thread] { return thread->isFinished(); }, 3 * kPatience));
     return *outcome;
+  }
+
+  static platform::LocalSocket ConnectTo(const SingleInstance& first) {
+    return platform::LocalSocket::ConnectTo(first.socket_path().toStdString());
+  }
+
+  /// What the first says while its event loop runs here; nothing when it closes the connection.
+  static std::optional<std::string> Answer(platform::LocalSocket& socket) {
+    EXPECT_TRUE(QTest::qWaitFor([&socket] { return socket.WaitToRead(0); }, kPatience));
+    return socket.Read();
   }
 
   test::TempFolder folder_;
@@ -132,11 +143,9 @@ TEST_F(SingleInstanceTest, TheTokenOfTheNewerStartIsPassedOn) {
   ASSERT_EQ(first.Claim(0), Outcome::kFirst);
   QByteArray token;
   first.SetRaiseHandler([&token] { token = qgetenv("XDG_ACTIVATION_TOKEN"); });
-  QLocalSocket socket;
-  socket.connectToServer(first.socket_path());
-  socket.write("raise abc-123\n");
-  EXPECT_TRUE(QTest::qWaitFor([&socket] { return socket.canReadLine(); }, kPatience));
-  EXPECT_EQ(socket.readAll(), "raised\n");
+  platform::LocalSocket socket = ConnectTo(first);
+  EXPECT_TRUE(socket.Write("raise abc-123\n"));
+  EXPECT_EQ(Answer(socket), "raised\n");
   EXPECT_EQ(token, "abc-123");
   qunsetenv("XDG_ACTIVATION_TOKEN");
 }
@@ -146,15 +155,69 @@ TEST_F(SingleInstanceTest, ForeignWordsOnTheSocketAreNotAnswered) {
   ASSERT_EQ(first.Claim(0), Outcome::kFirst);
   int raised = 0;
   first.SetRaiseHandler([&raised] { ++raised; });
-  for (const QByteArray& words : {QByteArray("quit\n"), QByteArray(5000, 'x')}) {
-    QLocalSocket socket;
-    socket.connectToServer(first.socket_path());
-    socket.write(words);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&socket] { return socket.state() == QLocalSocket::UnconnectedState; }, kPatience));
-    EXPECT_EQ(socket.bytesAvailable(), 0);
+  for (const std::string& words : {std::string("quit\n"), std::string(5000, 'x')}) {
+    platform::LocalSocket socket = ConnectTo(first);
+    EXPECT_TRUE(socket.Write(words));
+    EXPECT_EQ(Answer(socket), std::nullopt);
   }
   EXPECT_EQ(raised, 0);
+}
+
+TEST_F(SingleInstanceTest, ARequestThatComesInPiecesIsAnsweredWhenItIsWhole) {
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  int raised = 0;
+  first.SetRaiseHandler([&raised] { ++raised; });
+  platform::LocalSocket socket = ConnectTo(first);
+  EXPECT_TRUE(socket.Write("rai"));
+  QTest::qWait(1);
+  EXPECT_EQ(socket.Read(), "");
+  EXPECT_EQ(raised, 0);
+  EXPECT_TRUE(socket.Write("se \n"));
+  EXPECT_EQ(Answer(socket), "raised\n");
+  EXPECT_EQ(raised, 1);
+}
+
+TEST_F(SingleInstanceTest, OneThatConnectsAndSaysNothingKeepsNobodyElseWaiting) {
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  first.SetRaiseHandler([] {});
+  const platform::LocalSocket silent = ConnectTo(first);
+  EXPECT_TRUE(silent.valid());
+  EXPECT_EQ(SecondClaim(data_.path()), Outcome::kRaised);
+}
+
+TEST_F(SingleInstanceTest, OneThatGoesBeforeItsAnswerHarmsNothing) {
+  SingleInstance first(data_.path());
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  int raised = 0;
+  first.SetRaiseHandler([&raised] { ++raised; });
+  for (const char* const words : {"raise \n", "rai"}) {
+    platform::LocalSocket socket = ConnectTo(first);
+    EXPECT_TRUE(socket.Write(words));
+  }
+  EXPECT_EQ(SecondClaim(data_.path()), Outcome::kRaised);
+  EXPECT_EQ(raised, 2);  // the whole request was heard
+}
+
+TEST_F(SingleInstanceTest, TheSocketGoesWithTheFirst) {
+  QString path;
+  {
+    SingleInstance first(data_.path());
+    ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+    path = first.socket_path();
+    EXPECT_TRUE(QFile::exists(path));
+  }
+  EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(SingleInstanceTest, WithoutASocketTheLockStillHolds) {
+  qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(folder_.path()));
+  SingleInstance first(data_.path());
+  ASSERT_TRUE(QDir().mkpath(first.socket_path()));  // where the socket should be
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  SingleInstance second(data_.path());
+  EXPECT_EQ(second.Claim(50), Outcome::kSilent);
 }
 
 TEST_F(SingleInstanceTest, AFolderThatIsNotThereCountsAsFree) {

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QLocalSocket>
 #include <QProcess>
 #include <QTest>
 #include <clocale>
@@ -70,9 +69,8 @@ class StartUpTest : public testing::Test {
     QProcess& process = Start(arguments);
     EXPECT_TRUE(QTest::qWaitFor(
         [&data_folder] {
-          QLocalSocket socket;
-          socket.connectToServer(SingleInstance(data_folder).socket_path());
-          return socket.waitForConnected(0);
+          const QString path = SingleInstance(data_folder).socket_path();
+          return platform::LocalSocket::ConnectTo(path.toStdString()).valid();
         },
         kPatience));
     return process;

@@ -10,10 +10,10 @@
 #include <string>
 
 #include "server/listener.h"
-#include "server/unique_fd.h"
 #include "tests/server/raw_client.h"
 #include "tests/support/child_process.h"
 #include "tests/support/temp_folder.h"
+#include "util/unique_fd.h"
 
 namespace brovanta {
 namespace {
@@ -192,7 +192,7 @@ TEST_F(RunScriptTest, AnEndedScriptTakesProgramAndServerAlong) {
 TEST_F(RunScriptTest, AKilledScriptLeavesNoServerBehind) {
   const auto script = StartAndHold();
   const pid_t process = std::stoi(Text("build/server_process"));
-  const server::UniqueFd server(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
+  const UniqueFd server(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
   ASSERT_TRUE(server.valid());
   script->Signal(SIGKILL);
   EXPECT_EQ(script->Wait(), -SIGKILL);

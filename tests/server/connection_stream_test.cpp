@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <thread>
 
-#include "server/unique_fd.h"
+#include "util/unique_fd.h"
 
 namespace brovanta::server {
 namespace {

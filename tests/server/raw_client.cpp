@@ -18,7 +18,7 @@ RawClient::RawClient(std::string_view address) {
   to.sin_family = AF_INET;
   to.sin_port = htons(parsed->port);
   inet_pton(AF_INET, parsed->host.c_str(), &to.sin_addr);
-  server::UniqueFd fd(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  UniqueFd fd(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
   if (connect(fd.get(), reinterpret_cast<const sockaddr*>(&to), sizeof(to)) == 0) {
     fd_ = std::move(fd);
   }

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "server/unique_fd.h"
+#include "util/unique_fd.h"
 
 namespace brovanta::test {
 
@@ -24,7 +24,7 @@ class RawClient {
   [[nodiscard]] std::string ReadAll() const;
 
  private:
-  server::UniqueFd fd_;
+  UniqueFd fd_;
 };
 
 }  // namespace brovanta::test

@@ -5,8 +5,9 @@
 
 #include <utility>
 
-namespace brovanta::server {
+namespace brovanta {
 
+/// Owns a descriptor of the system, or none (-1). Movable; not for use by several threads at once.
 class UniqueFd {
  public:
   explicit UniqueFd(int fd = -1) : fd_(fd) {}
@@ -26,4 +27,4 @@ class UniqueFd {
   int fd_;
 };
 
-}  // namespace brovanta::server
+}  // namespace brovanta
