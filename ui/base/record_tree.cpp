@@ -49,6 +49,7 @@ void RecordTree::SetRows(RecordRows rows) {
   setUpdatesEnabled(false);
   model_->SetRows(std::move(rows));
   expandAll();
+  row_height_ = delegate_->RowHeight();
   verticalScrollBar()->setValue(0);
   DescribeEmptyView(*this, empty_text_);
   setUpdatesEnabled(true);
