@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <limits>
 #include <random>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -167,6 +168,28 @@ TEST(SortedRecordsTest, PointersStayValidWhileOthersComeAndGo) {
   for (std::int32_t id = 1; id <= 500; ++id) {
     if (id == 250) continue;
     EXPECT_EQ(pointers[static_cast<std::size_t>(id - 1)]->Id, id);
+  }
+}
+
+// Before, at and behind every border between the pieces of memory that they lie in.
+TEST(SortedRecordsTest, ThousandsOfRecordsKeepTheirOrderAndTheirBytes) {
+  constexpr int kMany = 12000;
+  Products records;
+  for (int round = 0; round < 2; ++round) {  // the second in memory that was used before
+    records.Clear();
+    for (int i = 0; i < kMany; ++i) {
+      ProductRecord product = Product(kMany - i, i);
+      product.Name.Assign("Product " + std::to_string(i));
+      records.Append(product);
+    }
+    records.Sort();
+    ASSERT_EQ(records.size(), static_cast<std::size_t>(kMany));
+    int id = 0;
+    for (const ProductRecord* record : records) {
+      ASSERT_EQ(record->Id, id);
+      ASSERT_EQ(record->Name.view(), "Product " + std::to_string(id));
+      ++id;
+    }
   }
 }
 
