@@ -222,13 +222,16 @@ void MainDialog::OnCaretChanged() {
 }
 
 void MainDialog::OnDayChanged(QDate before) {
-  if (period_->date() != before) {
-    form_->recordTree->viewport()->update();  // the rows count days from today
-    return;
-  }
-  period_->SetDate(TodayDate());
+  const bool today_shown = period_->date() == before;
+  if (today_shown) period_->SetDate(TodayDate());
+  const DateStamp start = state_.filter.period_start;
   UpdatePeriod();
-  RefreshList(false);
+  // Another date is the same moments as before, unless it was the zone that changed.
+  if (today_shown || state_.filter.period_start != start) {
+    RefreshList(false);
+  } else {
+    form_->recordTree->viewport()->update();  // the rows count days from today
+  }
 }
 
 void MainDialog::reject() {}

@@ -91,16 +91,49 @@ TEST_F(DayWatchTest, FiltersStayWhenTheDayChanges) {
 }
 
 TEST_F(DayWatchTest, OtherDateThanTodayStaysWithItsSelection) {
-  AddProduct("Milk", kToday);
+  const std::int32_t milk = AddProduct("Milk", kToday - 3 * kOneDay);  // overdue on every day shown
   Open();
   QTest::mouseClick(&button("periodHeadingButton"), Qt::LeftButton);
   Press(Qt::Key_Left);
   Press(Qt::Key_Left);
   Press(Qt::Key_Return);
   EXPECT_EQ(Text("periodHeadingButton"), "Nov 19, 2026");
+  Select("Milk");
+  const std::vector<int> enabled = EnabledCommands();
+  EXPECT_FALSE(enabled.empty());
   clock_.Set(kNextNoon);
   MinutePasses();
   EXPECT_EQ(Text("periodHeadingButton"), "Nov 19, 2026");
+  ASSERT_TRUE(tree().CaretInfo());
+  EXPECT_EQ(tree().CaretInfo()->id, milk);
+  EXPECT_EQ(EnabledCommands(), enabled);
+}
+
+TEST_F(DayWatchTest, AnotherZoneMovesTheDayThatIsToday) {
+  AddPurchase("Milk", kToday + 14 * 3600);  // 15:00 UTC, in Tokyo the day after
+  Open();
+  ChooseTab(2);
+  EXPECT_THAT(Rows(), ElementsAre("[Saturday 11/21/2026]", "Milk"));
+  clock_.Set(kMidnight + 16 * 3600);
+  const ZoneGuard tokyo("Asia/Tokyo");
+  MinutePasses();
+  EXPECT_EQ(Text("periodHeadingButton"), "Nov 22, 2026");
+  EXPECT_THAT(Rows(), ElementsAre("[Sunday 11/22/2026]", "Milk"));
+}
+
+TEST_F(DayWatchTest, AnotherZoneShowsTheMomentsOfTheOtherDateThatIsShown) {
+  AddPurchase("Milk", kToday - kOneDay + 9 * 3600);    // on the 20th in both zones
+  AddPurchase("Bread", kToday - kOneDay + 21 * 3600);  // 22:00 UTC, in Tokyo on the 21st
+  Open();
+  ChooseTab(2);
+  QTest::mouseClick(&button("periodHeadingButton"), Qt::LeftButton);
+  Press(Qt::Key_Left);
+  Press(Qt::Key_Return);
+  EXPECT_THAT(Rows(), ElementsAre("[Friday 11/20/2026]", "Milk", "[Friday 11/20/2026]", "Bread"));
+  const ZoneGuard tokyo("Asia/Tokyo");
+  MinutePasses();
+  EXPECT_EQ(Text("periodHeadingButton"), "Nov 20, 2026");
+  EXPECT_THAT(Rows(), ElementsAre("[Friday 11/20/2026]", "Milk"));
 }
 
 TEST_F(DayWatchTest, DateLeftInAnOpenCalendarDoesNotHoldTheOldDay) {
