@@ -84,16 +84,17 @@ const char* HelpText() {
          "A shopping planner: lists, purchases and coupons.\n"
          "\n"
          "  --data-folder DIR     work in the folder DIR, with settings of its own; the folder is\n"
-         "                        made when it is missing, and nothing else is touched\n"
+         "                        made when it is missing, copies of it go into DIR.backups,\n"
+         "                        and nothing else is touched\n"
          "  --language LANGUAGE   speak this language: de or en, or system for that of the user's\n"
          "                        locale; without it, English\n"
          "  --show-update-server  print the address that Update asks, and end\n"
          "  --version             print the version and end\n"
-         "  --help                print this help and end\n"
+         "  -h, --help            print this help and end\n"
          "\n"
          "A second start on the same data shows the window that is open and ends.\n"
-         "Exit status: 0 all went well, 1 the data folder cannot be used or the running program\n"
-         "does not answer, 2 wrong arguments.\n";
+         "Exit status: 0 all went well, 1 there is no screen, the data folder cannot be used, the\n"
+         "running program does not answer or nothing can be printed, 2 wrong arguments.\n";
 }
 
 }  // namespace brovanta

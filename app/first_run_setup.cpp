@@ -122,6 +122,8 @@ std::string SetUpUserData(const RegistryStore& store, const std::string& default
 
 std::string SetUpThrowAwayFolder(std::string& folder) {
   folder = platform::NativePath(folder);
+  std::string problem = ProblemOfName(platform::CanonicalName(folder));
+  if (!problem.empty()) return problem;  // before anything is made
   if (!platform::CreateFolder(folder)) {
     return "cannot make the folder '" + folder + "': " + std::strerror(errno);
   }

@@ -4,6 +4,17 @@
 
 #include "app/command_line.h"
 #include "app/start_up.h"
+#include "util/console.h"
+
+namespace {
+
+int Say(const std::string& text) {
+  if (brovanta::Print(text)) return brovanta::kExitWell;
+  std::fputs("brovanta: standard output cannot be written\n", stderr);
+  return brovanta::kExitNoData;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   using brovanta::CommandLine;
@@ -11,14 +22,11 @@ int main(int argc, char** argv) {
       brovanta::ParseCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
   switch (line.action) {
     case CommandLine::Action::kShowVersion:
-      std::puts("brovanta " BROVANTA_VERSION);
-      return brovanta::kExitWell;
+      return Say("brovanta " BROVANTA_VERSION "\n");
     case CommandLine::Action::kShowHelp:
-      std::fputs(brovanta::HelpText(), stdout);
-      return brovanta::kExitWell;
+      return Say(brovanta::HelpText());
     case CommandLine::Action::kShowServer:
-      std::puts(brovanta::ConfiguredUpdateServer(line).c_str());
-      return brovanta::kExitWell;
+      return Say(brovanta::ConfiguredUpdateServer(line) + "\n");
     case CommandLine::Action::kRefuse:
       std::fprintf(stderr, "brovanta: %s\nTry 'brovanta --help'.\n", line.problem.c_str());
       return brovanta::kExitArguments;
@@ -30,7 +38,7 @@ int main(int argc, char** argv) {
     return brovanta::kExitArguments;
   }
   if (!brovanta::HasScreen()) {
-    std::fputs("brovanta: there is no screen to show a window on\n", stderr);
+    brovanta::ComplainOfNoScreen();
     return brovanta::kExitNoData;
   }
   return brovanta::RunOnScreen(line, argc, argv);

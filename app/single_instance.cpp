@@ -58,7 +58,7 @@ bool IsWhole(const std::string& line) { return line.find('\n') != std::string::n
 
 SingleInstance::SingleInstance(const std::string& data_folder, platform::FolderLock lock)
     : folder_(platform::CanonicalFolder(data_folder.empty() ? "." : data_folder)),
-      socket_path_(SocketPath(folder_.empty() ? data_folder : folder_)),
+      socket_path_(SocketPath(platform::CanonicalName(data_folder.empty() ? "." : data_folder))),
       lock_(std::move(lock)) {}
 
 SingleInstance::~SingleInstance() {
@@ -68,14 +68,23 @@ SingleInstance::~SingleInstance() {
 SingleInstance::Outcome SingleInstance::Claim(int patience) {
   const QDeadlineTimer deadline(patience);
   do {
-    if (Lock()) {
-      Listen();
-      return Outcome::kFirst;
+    const bool locked = Lock();
+    // Somebody may run on the name of a folder that was not there to be locked.
+    switch (AskForWindow(static_cast<int>(deadline.remainingTime()))) {
+      case Answer::kRaised:
+        lock_.Release();
+        return Outcome::kRaised;
+      case Answer::kNobodyThere:
+        if (!locked) break;
+        Listen();
+        return Outcome::kFirst;
+      case Answer::kNone:
+        break;
     }
-    if (AskForWindow(static_cast<int>(deadline.remainingTime()))) return Outcome::kRaised;
     // It may be about to listen, or about to end.
     QThread::msleep(kRetryInterval);
   } while (!deadline.hasExpired());
+  lock_.Release();
   return Outcome::kSilent;
 }
 
@@ -136,17 +145,18 @@ void SingleInstance::AcceptAskers() {
   }
 }
 
-bool SingleInstance::AskForWindow(int patience) const {
+SingleInstance::Answer SingleInstance::AskForWindow(int patience) const {
   const QDeadlineTimer deadline(patience);
   platform::LocalSocket socket = platform::LocalSocket::ConnectTo(NativePath(socket_path_));
+  if (!socket.valid()) return Answer::kNobodyThere;
   const std::string token = qgetenv(kActivationToken).toStdString();
-  if (!socket.Write(std::string(kRaise) + token + '\n')) return false;
+  if (!socket.Write(std::string(kRaise) + token + '\n')) return Answer::kNone;
   std::string line;
   while (!IsWhole(line)) {
-    if (!socket.WaitToRead(static_cast<int>(deadline.remainingTime()))) return false;
-    if (!ReadLine(socket, line)) return false;
+    if (!socket.WaitToRead(static_cast<int>(deadline.remainingTime()))) return Answer::kNone;
+    if (!ReadLine(socket, line)) return Answer::kNone;
   }
-  return line == kRaised;
+  return line == kRaised ? Answer::kRaised : Answer::kNone;
 }
 
 }  // namespace brovanta

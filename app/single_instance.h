@@ -31,7 +31,7 @@ class SingleInstance {
   ~SingleInstance();
 
   /// Becomes the first or finds the first. Waits no longer than `patience` milliseconds for it. A
-  /// folder that cannot be locked (none there) counts as free.
+  /// folder that cannot be locked (none there) is free unless somebody listens under its name.
   [[nodiscard]] Outcome Claim(int patience);
 
   /// Called in the event loop of the first whenever another start asks for the window.
@@ -41,11 +41,12 @@ class SingleInstance {
 
  private:
   class Asker;
+  enum class Answer { kRaised, kNobodyThere, kNone };
 
   [[nodiscard]] bool Lock();
   void Listen();
   void AcceptAskers();
-  [[nodiscard]] bool AskForWindow(int patience) const;
+  [[nodiscard]] Answer AskForWindow(int patience) const;
 
   std::string folder_;
   QString socket_path_;

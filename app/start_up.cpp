@@ -116,6 +116,26 @@ int RunProgram(ReadyData data) {
   return kExitWell;
 }
 
+/// While it lives, the toolkit's last words end the process in order. It says them when the screen
+/// that the environment names cannot be reached, and would abort.
+class EndWithoutScreen {
+ public:
+  EndWithoutScreen() { before_ = qInstallMessageHandler(Say); }
+  EndWithoutScreen(const EndWithoutScreen&) = delete;
+  EndWithoutScreen& operator=(const EndWithoutScreen&) = delete;
+  ~EndWithoutScreen() { qInstallMessageHandler(before_); }
+
+ private:
+  static void Say(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    before_(type, context, message);
+    if (type != QtFatalMsg) return;
+    ComplainOfNoScreen();
+    _exit(kExitNoData);  // other threads may be at work
+  }
+
+  inline static QtMessageHandler before_ = nullptr;
+};
+
 }  // namespace
 
 bool HasScreen() {
@@ -142,6 +162,8 @@ void PrepareToolkit(const std::string& language) {
   if (const auto known = LanguageFor(QString::fromStdString(language))) SpeakLanguage(*known);
 }
 
+void ComplainOfNoScreen() { Complain("there is no screen to show a window on"); }
+
 int RunOnScreen(const CommandLine& line, int argc, char** argv) {
   std::optional<ReadyData> data = GetDataReady(line);
   if (!data) return kExitNoData;
@@ -150,7 +172,9 @@ int RunOnScreen(const CommandLine& line, int argc, char** argv) {
   std::promise<void> connected;
   BeginFirstRows(*data, connected.get_future().share());
   int toolkit_argc = argc > 0 ? 1 : 0;
+  std::optional<EndWithoutScreen> no_screen(std::in_place);
   const QApplication application(toolkit_argc, argv);
+  no_screen.reset();
   connected.set_value();
   warm_up.Wait();
   PrepareToolkit(line.language);

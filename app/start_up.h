@@ -8,11 +8,16 @@
 namespace brovanta {
 
 inline constexpr int kExitWell = 0;
-inline constexpr int kExitNoData = 1;  ///< the data folder cannot be used, or its user is silent
+/// The data folder cannot be used, or its user is silent; there is no screen; nothing can be
+/// printed.
+inline constexpr int kExitNoData = 1;
 inline constexpr int kExitArguments = 2;
 
 /// Whether there is a screen to show windows on, as far as the environment says.
 [[nodiscard]] bool HasScreen();
+
+/// Says on standard error that there is none.
+void ComplainOfNoScreen();
 
 /// What is wrong with the language that was asked for, in a sentence for a person; nothing when the
 /// program speaks it, or when none was asked for.

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include "platform/system_calls.h"
@@ -65,6 +67,16 @@ std::string CanonicalFolder(const std::string& path) {
   const std::unique_ptr<char, decltype(&std::free)> name(realpath(path.c_str(), nullptr),
                                                          &std::free);
   return name != nullptr ? std::string(name.get()) : std::string();
+}
+
+std::string CanonicalName(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+  if (path.empty() || error) return {};
+  std::string name = std::filesystem::weakly_canonical(absolute, error).string();
+  if (error) return {};
+  while (name.size() > 1 && name.back() == '/') name.pop_back();
+  return name;
 }
 
 bool RemoveWholeFolder(const std::string& path) {

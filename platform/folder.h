@@ -25,6 +25,10 @@ namespace brovanta::platform {
 /// The folder's one absolute name, without links and dots; empty when there is no such folder.
 [[nodiscard]] std::string CanonicalFolder(const std::string& path);
 
+/// The name that CanonicalFolder gives the folder once it is made there: what stands of it already
+/// without links and dots, and the rest as it is given. Empty when that cannot be told.
+[[nodiscard]] std::string CanonicalName(const std::string& path);
+
 /// Removes a folder with everything in it; links in it are not followed. Does not sync. True when
 /// nothing stands there any more.
 [[nodiscard]] bool RemoveWholeFolder(const std::string& path);

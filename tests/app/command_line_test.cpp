@@ -87,7 +87,7 @@ TEST(CommandLineTest, AWrongArgumentWinsOverHelp) {
 
 TEST(CommandLineTest, HelpNamesEveryOption) {
   for (const char* const option : {"--data-folder DIR", "--language LANGUAGE",
-                                   "--show-update-server", "--version", "--help"}) {
+                                   "--show-update-server", "--version", "-h, --help"}) {
     EXPECT_THAT(HelpText(), HasSubstr(option));
   }
 }

@@ -276,6 +276,7 @@ TEST_F(FirstRunSetupTest, AThrowAwayFolderThatCannotBeMadeIsReported) {
 TEST_F(FirstRunSetupTest, AThrowAwayFolderTooDeepForItsFilesIsReported) {
   std::string folder = folder_.File(std::string(110, 'a') + "/" + std::string(110, 'b'));
   EXPECT_THAT(SetUpThrowAwayFolder(folder), testing::HasSubstr("too long"));
+  EXPECT_TRUE(fs::is_empty(folder_.path()));  // nothing was made for it
 }
 
 }  // namespace

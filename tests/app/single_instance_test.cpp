@@ -225,6 +225,31 @@ TEST_F(SingleInstanceTest, AFolderThatIsNotThereCountsAsFree) {
   EXPECT_EQ(first.Claim(0), Outcome::kFirst);
 }
 
+TEST_F(SingleInstanceTest, AFolderThatIsMissingHasOneProgramAllTheSame) {
+  SingleInstance first(data_.File("missing"));
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  int raised = 0;
+  first.SetRaiseHandler([&raised] { ++raised; });
+  EXPECT_EQ(SecondClaim(data_.File("missing")), Outcome::kRaised);
+  std::filesystem::create_directory(data_.File("missing"));
+  EXPECT_EQ(SecondClaim(data_.File("missing")), Outcome::kRaised);
+  EXPECT_EQ(raised, 2);
+}
+
+TEST_F(SingleInstanceTest, AnotherFolderInThePlaceOfTheFirstsIsStillTheFirsts) {
+  std::filesystem::create_directory(data_.File("list"));
+  SingleInstance first(data_.File("list"));
+  ASSERT_EQ(first.Claim(0), Outcome::kFirst);
+  first.SetRaiseHandler([] {});
+  std::filesystem::rename(data_.File("list"), data_.File("moved"));
+  std::filesystem::create_directory(data_.File("list"));
+  EXPECT_EQ(SecondClaim(data_.File("list")), Outcome::kRaised);
+  SingleInstance silent(data_.File("list"));  // no event loop runs here
+  EXPECT_EQ(silent.Claim(50), Outcome::kSilent);
+  platform::FolderLock lock;  // who gives up holds nothing
+  EXPECT_EQ(lock.Take(data_.File("list")), platform::FolderLock::Outcome::kTaken);
+}
+
 TEST_F(SingleInstanceTest, NothingIsLeftInTheDataFolder) {
   SingleInstance first(data_.path());
   ASSERT_EQ(first.Claim(0), Outcome::kFirst);

@@ -10,6 +10,8 @@
 #include <clocale>
 #include <filesystem>
 #include <memory>
+#include <set>
+#include <string>
 
 #include "app/single_instance.h"
 #include "data/backup_folder.h"
@@ -26,6 +28,14 @@ using testing::HasSubstr;
 namespace fs = std::filesystem;
 
 constexpr int kPatience = 20000;
+
+std::set<std::string> Names(const std::string& folder) {
+  std::set<std::string> names;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+    names.insert(entry.path().filename().string());
+  }
+  return names;
+}
 
 class StartUpTest : public testing::Test {
  protected:
@@ -142,6 +152,29 @@ TEST_F(StartUpTest, WithoutAScreenItSaysSoAndEnds) {
   EXPECT_THAT(process.readAllStandardError().toStdString(), HasSubstr("no screen"));
 }
 
+TEST_F(StartUpTest, AScreenThatCannotBeReachedIsNone) {
+  environment_.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("nowhere"));
+  QProcess& process = Run(DataFolder());
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(process.exitCode(), 1);
+  EXPECT_THAT(process.readAllStandardError().toStdString(),
+              HasSubstr("brovanta: there is no screen"));
+}
+
+TEST_F(StartUpTest, WhatCannotBePrintedEndsWithOne) {
+  for (const char* const option : {"--version", "--help", "--show-update-server"}) {
+    QProcess process;
+    process.setProcessEnvironment(environment_);
+    process.setStandardOutputFile(QStringLiteral("/dev/full"));
+    process.start(QStringLiteral(BROVANTA_PROGRAM), {QLatin1String(option)});
+    EXPECT_TRUE(process.waitForFinished(kPatience)) << option;
+    EXPECT_EQ(process.exitCode(), 1) << option;
+    EXPECT_EQ(process.readAllStandardError(),
+              QByteArray("brovanta: standard output cannot be written\n"))
+        << option;
+  }
+}
+
 TEST_F(StartUpTest, ADataFolderThatCannotBeMadeEndsWithOne) {
   folder_.WriteText("file", "");
   QProcess& process =
@@ -160,14 +193,37 @@ TEST_F(StartUpTest, SettingsThatCannotBeReadEndWithOneAndNothingIsMade) {
   EXPECT_TRUE(fs::is_empty(folder_.File("data")));
 }
 
-TEST_F(StartUpTest, AThrowAwayFolderHoldsEverythingAndNothingElseIsTouched) {
+TEST_F(StartUpTest, AThrowAwayFolderAndItsCopiesHoldEverythingAndNothingElseIsTouched) {
+  fs::create_directory(folder_.File("throw away"));
+  folder_.WriteText("throw away/product.dat", "entries");
+  const std::set<std::string> before = Names(folder_.path());
   StartFirst();
+  ASSERT_TRUE(QTest::qWaitFor(
+      [this] { return !BackupFolder(folder_.File("throw away")).Copies().empty(); }, kPatience));
   EXPECT_EQ(Run(DataFolder()).exitCode(), 0);
   for (const char* const name : {"store.lst", "category.lst", "unit.lst", "registry.reg"}) {
     EXPECT_TRUE(fs::exists(folder_.File("throw away") + "/" + name)) << name;
   }
   EXPECT_TRUE(fs::is_empty(folder_.File("config")));
   EXPECT_TRUE(fs::is_empty(folder_.File("data")));
+  std::set<std::string> after = Names(folder_.path());
+  EXPECT_EQ(after.erase("throw away.backups"), 1U);
+  EXPECT_EQ(after, before);
+}
+
+TEST_F(StartUpTest, ASecondStartFindsTheFirstThoughTheirFolderIsMissing) {
+  fs::create_directory(folder_.File("config/brovanta"));
+  folder_.WriteText("config/brovanta/registry.reg",
+                    "Windows Registry Editor Version 5.00\n\n"
+                    "[HKEY_CURRENT_USER\\Software\\Brovanta]\n"
+                    "\"InstallPath\"=\"" +
+                        folder_.File("gone") + "\"\n");
+  const QProcess& first = StartFirst({}, folder_.File("gone"));
+  EXPECT_EQ(Run({}).exitCode(), 0);
+  EXPECT_EQ(first.state(), QProcess::Running);
+  fs::create_directory(folder_.File("gone"));  // a card that was put in again
+  EXPECT_EQ(Run({}).exitCode(), 0);
+  EXPECT_EQ(first.state(), QProcess::Running);
 }
 
 TEST_F(StartUpTest, TheFirstStartOfAUserMakesFolderListsAndSettings) {

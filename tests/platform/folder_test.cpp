@@ -42,6 +42,32 @@ TEST(IsFolderTest, FollowsLinks) {
   EXPECT_FALSE(IsFolder(folder.File("missing")));
 }
 
+TEST(CanonicalNameTest, IsThatOfTheFolderOnceItIsMade) {
+  const test::TempFolder folder;
+  std::filesystem::create_directory(folder.File("real"));
+  std::filesystem::create_symlink(folder.File("real"), folder.File("link"));
+  for (const char* const missing :
+       {"link", "missing", "link/missing", "missing/below", "real/./missing/"}) {
+    const std::string before = CanonicalName(folder.File(missing));
+    std::filesystem::create_directories(folder.File(missing));
+    EXPECT_EQ(before, CanonicalFolder(folder.File(missing))) << missing;
+    EXPECT_EQ(before, CanonicalName(folder.File(missing))) << missing;
+  }
+}
+
+TEST(CanonicalNameTest, ARelativeOneBeginsInTheWorkingFolder) {
+  EXPECT_EQ(CanonicalName("missing"), CanonicalFolder(".") + "/missing");
+  EXPECT_EQ(CanonicalName("."), CanonicalFolder("."));
+  EXPECT_EQ(CanonicalName("/"), "/");
+}
+
+TEST(CanonicalNameTest, NothingWhereItCannotBeTold) {
+  const test::TempFolder folder;
+  std::filesystem::create_symlink(folder.File("loop"), folder.File("loop"));
+  EXPECT_EQ(CanonicalName(folder.File("loop") + "/below"), "");
+  EXPECT_EQ(CanonicalName(""), "");
+}
+
 TEST(CanonicalFolderTest, ALinkAndItsFolderHaveOneName) {
   const test::TempFolder folder;
   fs::create_directory(folder.File("real"));
