@@ -1,5 +1,6 @@
 #include "ui/base/record_delegate.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
@@ -36,6 +37,13 @@ const QString& DetailThatFits(const QFont& font, const DetailWords& words, int r
 QFont NameFont(const QFont& font, const QString& name, int width) {
   constexpr int kLeastName = 20;
   return FittingFont(font, name, width, kLeastName);
+}
+
+/// The font, as small as that of a name that got smaller: nothing in a row is larger than its name.
+QFont NoLargerThan(const QFont& name, QFont font) {
+  const int most = QFontInfo(name).pixelSize();
+  if (QFontInfo(font).pixelSize() > most) font.setPixelSize(most);
+  return font;
 }
 
 void PaintChevron(QPainter& painter, QPointF center, bool open) {
@@ -124,10 +132,13 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
   RowLines lines = TwoLines(inner, name_height, detail_height);
   if (words.text.isEmpty() && !row.recurring()) lines.upper = inner;  // no second line
   QRect lower = lines.lower;
-  const QRect upper = PaintSideText(painter, look.side, theme::kQuietText, lines.upper,
-                                    option.rect.width(), info.storeName);
-  PaintRowText(painter, NameFont(look.name, info.name, upper.width()), theme::kText, upper,
-               info.name, Qt::AlignLeft);
+  const int row_width = option.rect.width();
+  const int beside = RoomBesideSideText(look.side, lines.upper, row_width, info.storeName);
+  const QFont store = NoLargerThan(NameFont(look.name, info.name, beside), look.side);
+  const QRect upper =
+      PaintSideText(painter, store, theme::kQuietText, lines.upper, row_width, info.storeName);
+  const QFont name = NameFont(look.name, info.name, upper.width());
+  PaintRowText(painter, name, theme::kText, upper, info.name, Qt::AlignLeft);
 
   if (row.recurring()) {
     const int right = lower.right() + 1 - kMarkSize / 3;
@@ -135,7 +146,7 @@ void RecordDelegate::PaintRecord(QPainter& painter, const QStyleOptionViewItem& 
         &painter, {right - kMarkSize, lower.center().y() - kMarkSize / 2, kMarkSize, kMarkSize});
     lower.setWidth(lower.width() - kMarkSize - kMarkSize / 3 - kRowGap);
   }
-  const QFont& detail = words.overdue ? look.bold : look.side;
+  const QFont detail = NoLargerThan(name, words.overdue ? look.bold : look.side);
   const QString& text = DetailThatFits(detail, words, lower.width());
   PaintRowText(painter, FittingFont(detail, text, lower.width(), kLeastDetail),
                words.overdue ? theme::kWarm : theme::kQuietText, lower, text, Qt::AlignLeft);

@@ -96,16 +96,36 @@ RowLines TwoLines(const QRect& inner, int upper_height, int lower_height) {
       {inner.left(), inner.bottom() + 1 - lower_height - slack / 3, inner.width(), lower_height}};
 }
 
-QRect PaintSideText(QPainter& painter, const QFont& font, const QColor& color, const QRect& line,
-                    int row_width, const QString& text) {
-  if (text.isEmpty()) return line;
+namespace {
+
+/// A text at the right end of a line as it is painted.
+struct SideText {
+  QFont font;
+  int width = 0;
+};
+
+SideText SideTextIn(int row_width, const QFont& font, const QString& text) {
   const int most = static_cast<int>(row_width * kSideTextShare);
   const QFont fitting = FittingFont(font, text, most);
   const int wanted = QFontMetrics(fitting).horizontalAdvance(text) + 1;
-  const int width = std::min(wanted, most);
-  PaintRowText(painter, fitting, color,
-               {line.right() + 1 - width, line.top(), width, line.height()}, text, Qt::AlignRight);
-  return line.adjusted(0, 0, -width - kRowGap, 0);
+  return {fitting, std::min(wanted, most)};
+}
+
+}  // namespace
+
+QRect PaintSideText(QPainter& painter, const QFont& font, const QColor& color, const QRect& line,
+                    int row_width, const QString& text) {
+  if (text.isEmpty()) return line;
+  const SideText side = SideTextIn(row_width, font, text);
+  PaintRowText(painter, side.font, color,
+               {line.right() + 1 - side.width, line.top(), side.width, line.height()}, text,
+               Qt::AlignRight);
+  return line.adjusted(0, 0, -side.width - kRowGap, 0);
+}
+
+int RoomBesideSideText(const QFont& font, const QRect& line, int row_width, const QString& text) {
+  if (text.isEmpty()) return line.width();
+  return line.width() - SideTextIn(row_width, font, text).width - kRowGap;
 }
 
 }  // namespace brovanta

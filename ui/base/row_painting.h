@@ -57,4 +57,8 @@ struct RowLines {
 [[nodiscard]] QRect PaintSideText(QPainter& painter, const QFont& font, const QColor& color,
                                   const QRect& line, int row_width, const QString& text);
 
+/// What it would leave, in pixels.
+[[nodiscard]] int RoomBesideSideText(const QFont& font, const QRect& line, int row_width,
+                                     const QString& text);
+
 }  // namespace brovanta

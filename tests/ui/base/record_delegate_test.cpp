@@ -64,6 +64,24 @@ class RecordDelegateTest : public testing::Test {
     return false;
   }
 
+  /// Double print on a screen of this width.
+  void EnlargePrint(int width) {
+    QFont large = tree_.font();
+    large.setPixelSize(28);
+    tree_.setFont(large);
+    tree_.resize(width, 200);
+  }
+
+  /// The text that is painted with this beginning.
+  test::PaintedText Painted(const std::string& beginning) {
+    for (const test::PaintedText& text : test::PaintedTexts(*tree_.viewport(), false)) {
+      if (text.text.startsWith(QString::fromStdString(beginning))) return text;
+    }
+    ADD_FAILURE() << "nothing is painted that begins with " << beginning;
+    return {};
+  }
+  int SizeOf(const std::string& beginning) { return Painted(beginning).pixel_size; }
+
   test::ZoneGuard zone_{"UTC"};
   test::FixedClock clock_{kNoon};
   RecordTree tree_;
@@ -145,10 +163,7 @@ TEST_F(RecordDelegateTest, HeadingIsABandWithAChevronThatTurns) {
 }
 
 TEST_F(RecordDelegateTest, LargePrintOnANarrowScreenCutsNoWordOfTheRows) {
-  QFont large = tree_.font();
-  large.setPixelSize(28);
-  tree_.setFont(large);
-  tree_.resize(230, 200);
+  EnlargePrint(230);
   Row({.name = "Milk", .storeName = QStringLiteral("Corner Shop")},
       {.shows_due = true, .due = kNoon - 12 * 86400});
   QStringList said;
@@ -161,20 +176,44 @@ TEST_F(RecordDelegateTest, LargePrintOnANarrowScreenCutsNoWordOfTheRows) {
 }
 
 TEST_F(RecordDelegateTest, LargePrintOnANarrowScreenKeepsTheNameTheLargest) {
-  QFont large = tree_.font();
-  large.setPixelSize(28);
-  tree_.setFont(large);
-  tree_.resize(230, 200);
+  EnlargePrint(230);
   Row({.name = "Extra virgin olive oil", .storeName = QStringLiteral("Corner Shop")},
       {.note = QStringLiteral("due")});
-  int name = 0;
-  int detail = 0;
-  for (const test::PaintedText& text : test::PaintedTexts(*tree_.viewport(), false)) {
-    if (text.text.startsWith(QLatin1String("Extra"))) name = text.pixel_size;
-    if (text.text == QLatin1String("due")) detail = text.pixel_size;
+  EXPECT_GE(SizeOf("Extra"), SizeOf("due"));
+  EXPECT_GT(SizeOf("due"), 14);
+}
+
+// It gets smaller so that more of it is read; nothing else of the row stays behind.
+TEST_F(RecordDelegateTest, NoWordsOfARowAreLargerThanANameThatGotSmaller) {
+  for (const int width : {kWidth, 240}) {
+    EnlargePrint(width);
+    for (const char* name : {"Two for the price of one", "Extra virgin olive oil, cold pressed"}) {
+      Row({.name = name, .storeName = QStringLiteral("Corner Shop")},
+          {.shows_due = true, .due = kNoon - 2 * 86400});
+      EXPECT_GE(SizeOf(std::string(name, 5)), 20) << name << width;
+      EXPECT_GE(SizeOf(std::string(name, 5)), SizeOf("2 days overdue")) << name << width;
+      EXPECT_GE(SizeOf(std::string(name, 5)), SizeOf("Corner Shop")) << name << width;
+      EXPECT_GE(SizeOf("2 days overdue"), 14) << name << width;
+      EXPECT_GE(SizeOf("Corner Shop"), 14) << name << width;
+    }
   }
-  EXPECT_GE(name, detail);
-  EXPECT_GT(detail, 14);
+}
+
+// What the smaller store leaves is the name's.
+TEST_F(RecordDelegateTest, ANameTakesTheRoomThatASmallerStoreLeaves) {
+  EnlargePrint(kWidth);
+  Row({.name = "Two for the price of one", .storeName = QStringLiteral("Corner Shop")}, {});
+  EXPECT_TRUE(Painted("Two f").text.startsWith(QLatin1String("Two for the price")))
+      << Painted("Two f").text.toStdString();
+  EXPECT_LE(Painted("Two f").whole.right(), Painted("Corner Shop").whole.left());
+}
+
+TEST_F(RecordDelegateTest, AShortNameLeavesTheOthersAsLargeAsTheyAre) {
+  EnlargePrint(kWidth);
+  Row({.name = "Milk", .storeName = QStringLiteral("Aldi")}, {.note = QStringLiteral("due")});
+  EXPECT_EQ(SizeOf("due"), 28);
+  EXPECT_EQ(SizeOf("Aldi"), 28);
+  EXPECT_GT(SizeOf("Milk"), 28);
 }
 
 TEST_F(RecordDelegateTest, ANarrowRowSaysTheBriefForm) {

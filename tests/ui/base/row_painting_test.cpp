@@ -77,6 +77,14 @@ TEST_F(RowPaintingTest, TwoLinesShareTheSlack) {
   EXPECT_EQ(tight.lower.bottom(), 19);
 }
 
+TEST_F(RowPaintingTest, TheRoomBesideASideTextIsWhatItLeaves) {
+  const QRect line(0, 4, 290, 20);
+  for (const QString& text : {QString(), QStringLiteral("Store"), QString(200, QLatin1Char('M'))}) {
+    const QRect left = PaintSideText(painter_, font_, Qt::black, line, 300, text);
+    EXPECT_EQ(RoomBesideSideText(font_, line, 300, text), left.width()) << text.toStdString();
+  }
+}
+
 TEST_F(RowPaintingTest, ASideTextEndsAtTheRightAndLeavesTheRest) {
   const QRect line(20, 10, 270, 20);
   const QRect rest =
