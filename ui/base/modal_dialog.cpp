@@ -14,6 +14,7 @@
 #include <QScroller>
 #include <QStyle>
 
+#include "ui/base/field_beginning.h"
 #include "ui/base/theme.h"
 #include "ui/base/wheel_guard.h"
 
@@ -96,6 +97,7 @@ void ModalDialog::Prepare() {
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
   NameTypedParts(*this);
   KeepFromTheWheel(*this);
+  ShowBeginningsOfLeftFields(*this);
   for (QScrollArea* area : findChildren<QScrollArea*>()) {
     area->setFocusPolicy(Qt::NoFocus);
     if (area->minimumHeight() == 0) area->setMinimumHeight(kLowestArea);

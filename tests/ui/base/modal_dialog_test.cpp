@@ -68,6 +68,19 @@ TEST(ModalDialogTest, CloseBoxEndsWithTheCancelResult) {
   EXPECT_EQ(RunDialog(dialog, [&] { dialog.close(); }), -1);
 }
 
+TEST(ModalDialogTest, AFieldThatIsLeftShowsTheBeginningOfItsText) {
+  SampleDialog dialog;
+  RunDialog(dialog, [&] {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    dialog.fields_[0]->setFocus();
+    QTest::keyClicks(dialog.fields_[0], QString(200, QLatin1Char('n')));
+    QTest::keyClick(dialog.fields_[0], Qt::Key_Tab);
+    EXPECT_TRUE(dialog.fields_[1]->hasFocus());
+    EXPECT_EQ(dialog.fields_[0]->cursorPosition(), 0);
+    dialog.close();
+  });
+}
+
 TEST(ModalDialogTest, EnterInAFieldPressesNoButtonWithoutADefault) {
   SampleDialog dialog;
   const int result = RunDialog(dialog, [&] {
