@@ -17,8 +17,9 @@ namespace brovanta {
 /// Wide text, composed first, as Windows-1252 bytes; a character without a counterpart becomes "?".
 [[nodiscard]] std::string NarrowText(const QString& text);
 
-/// A text of one line, as it may come out of the clipboard: up to the first U+0000, where its
-/// stored form would end, and with blanks for line breaks, tabs and other control characters.
+/// A text for one line, as it may come out of the clipboard or off the web: up to the first U+0000,
+/// where its stored form would end, and with blanks for line breaks, tabs and the other control
+/// characters of ASCII; the controls above stand for bytes of a stored text and stay.
 [[nodiscard]] QString OneLine(QString text);
 
 /// OneLine as Windows-1252 bytes: what is stored of a one-line field.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ui/base/icons.h"
+#include "ui/base/wide_text.h"
 #include "ui/websearch/agent_delegate.h"
 
 namespace brovanta {
@@ -16,19 +17,6 @@ constexpr int kLeastWidth = 100;
 constexpr int kPicture = 165;
 constexpr QSize kPictureSize{16, 16};
 constexpr int kAgentId = Qt::UserRole;
-
-// The name is whatever bytes the configuration has between its tags; a row has one line.
-QString OneLine(QString text) {
-  std::replace_if(
-      text.begin(), text.end(),
-      [](QChar character) {
-        return character.category() == QChar::Other_Control ||
-               character.category() == QChar::Separator_Line ||
-               character.category() == QChar::Separator_Paragraph;
-      },
-      QChar(u' '));
-  return text;
-}
 
 }  // namespace
 
@@ -47,7 +35,7 @@ AgentList::AgentList(QWidget* parent) : RowTree(parent), delegate_(new AgentDele
 
 void AgentList::AddAgent(std::int32_t id, const QString& name) {
   auto* row = new QTreeWidgetItem;
-  row->setText(kAgentColumn, OneLine(name));
+  row->setText(kAgentColumn, OneLine(name));  // whatever stands between the tags of the agent
   row->setToolTip(kAgentColumn, row->text(kAgentColumn));  // a long one is cut on a small screen
   row->setIcon(kAgentColumn, NumberedIcon(kPicture));
   row->setData(kAgentColumn, kAgentId, id);

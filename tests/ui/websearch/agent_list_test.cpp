@@ -70,6 +70,9 @@ TEST_F(AgentListTest, NamesKeepTheirBlanksAndLoseTheirLineBreaks) {
   EXPECT_EQ(Row(0), " Shop   &amp; <b>Co</b> x |");
   list_.AddAgent(2, QStringLiteral("   "));
   EXPECT_EQ(Row(0), "   |");
+  list_.AddAgent(3,
+                 QStringLiteral("Shop\u0085\u2029\u007Fx") + QChar(0) + QStringLiteral("behind"));
+  EXPECT_EQ(Row(0), "Shop   x|") << "as in every other line";
 }
 
 TEST_F(AgentListTest, RowsAreAFingerHighAndReadFromBothEnds) {
