@@ -156,8 +156,12 @@ class FolderCheck {
     const std::string folder = folder_ + "/" + kResultsFolder;
     const auto names = platform::NamesIn(folder);
     if (!names && errno != ENOENT) {
+      const bool is_file = errno == ENOTDIR;
       FileNotes(kResultsFolder, report_.findings)
-          .Add(Severity::kError, "the folder of the results cannot be looked into");
+          .Add(Severity::kError,
+               is_file ? "a file stands where the folder of the web searches should be: no search "
+                         "can be saved"
+                       : "the folder of the results cannot be looked into");
       return;
     }
     const std::vector<std::string> files = names.value_or(std::vector<std::string>());

@@ -5,7 +5,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <filesystem>
+#include <string_view>
 
 #include "db/journal_format.h"
 #include "platform/file.h"
@@ -241,7 +243,31 @@ TEST_F(CheckFolderTest, IndexAndResultsAreCompared) {
 TEST_F(CheckFolderTest, ResultsWithoutAFolderAreMissing) {
   fs::remove_all(folder_.File("WebSearch"));
   EXPECT_THAT(Findings(), testing::SizeIs(2));
+}
+
+TEST_F(CheckFolderTest, AFileInThePlaceOfTheResultsFolderIsToldOfAndLeftAlone) {
+  fs::remove_all(folder_.File("WebSearch"));
   folder_.WriteText("WebSearch", "no folder");
+  EXPECT_THAT(Findings(),
+              ElementsAre("error WebSearch - #-: a file stands where the folder of the web "
+                          "searches should be: no search can be saved"));
+  EXPECT_EQ(folder_.ReadText("WebSearch"), "no folder");
+}
+
+TEST_F(CheckFolderTest, AResultsFolderThatCannotBeLookedIntoIsAnotherError) {
+  /// Refuses to tell what is in the folder of the results.
+  class ClosedResults : public platform::SystemCalls {
+   public:
+    int ListFolder(const char* path, std::vector<std::string>& names) override {
+      if (!std::string_view(path).ends_with("/WebSearch")) {
+        return SystemCalls::ListFolder(path, names);
+      }
+      errno = EACCES;
+      return -1;
+    }
+  };
+  ClosedResults calls;
+  const platform::SystemCallsInUse in_use(calls);
   EXPECT_THAT(Findings(), ElementsAre("error WebSearch - #-: the folder of the results cannot be "
                                       "looked into"));
 }

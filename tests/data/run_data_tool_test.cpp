@@ -49,6 +49,16 @@ TEST_F(RunDataToolTest, ADamagedFolderEndsWithOne) {
   EXPECT_EQ(json->at("findings[0].byte"), "12");
 }
 
+TEST_F(RunDataToolTest, AFileInThePlaceOfTheResultsFolderEndsWithOneToo) {
+  fs::remove_all(data_ + "/WebSearch");
+  folder_.WriteText("data/WebSearch", "no folder");
+  const ProgramEnd end = Run({"check", data_});
+  EXPECT_EQ(end.status, 1);
+  EXPECT_THAT(end.output, HasSubstr("\nerror: WebSearch: a file stands where the folder of the web "
+                                    "searches should be: no search can be saved\n"));
+  EXPECT_THAT(end.output, HasSubstr("\nThe folder is NOT whole: 1 error and 0 warnings.\n"));
+}
+
 TEST_F(RunDataToolTest, ACommandLineWithoutSenseEndsWithTwo) {
   const ProgramEnd end = Run({"mend", data_});
   EXPECT_EQ(end.status, 2);
