@@ -105,7 +105,7 @@ std::uint32_t Chance(std::uint32_t first, std::uint32_t second) {
   return mixed ^ mixed >> 15u;
 }
 
-int PriceTag(int cents) { return cents / 10 * 10 + 9; }
+int PriceTag(int cents, int last_digit) { return (cents + 9 - last_digit) / 10 * 10 + last_digit; }
 
 NameSearch::NameSearch(std::string_view words) {
   const bool utf8 = Utf8ToUtf16(words).has_value();

@@ -31,8 +31,8 @@ struct Article {
 /// A number that looks like chance and is the same everywhere for the same arguments.
 [[nodiscard]] std::uint32_t Chance(std::uint32_t first, std::uint32_t second);
 
-/// The nearest price at or above `cents` that ends in 9, as price tags do.
-[[nodiscard]] int PriceTag(int cents);
+/// The nearest price at or above `cents` that ends in a digit, in 9 as most price tags do.
+[[nodiscard]] int PriceTag(int cents, int last_digit = 9);
 
 /// Decides whether the name of an article has the words of a search, letter case aside. Handhelds
 /// send every accented letter as the byte 0xFF: it stands for any of them, as does each of them.

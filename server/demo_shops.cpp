@@ -7,21 +7,21 @@ namespace {
 
 constexpr std::array kShops = {
     DemoShop{1, "Millstream Market", "millstream", "#0b5d3b", PageStyle::kTable, ShopManner::kPlain,
-             100, "12"},
+             100, 9, "12"},
     DemoShop{2, "Golden Acre Foods", "golden-acre", "#8a5a00", PageStyle::kCards,
-             ShopManner::kPlain, 104, "1", true},
+             ShopManner::kPlain, 104, 5, "1", true},
     DemoShop{3, "Juniper Home Goods", "juniper", "#1f4e79", PageStyle::kDefinitions,
-             ShopManner::kPlain, 98, "23"},
+             ShopManner::kPlain, 98, 0, "23"},
     DemoShop{4, "Hilltop Wholesale", "hilltop", "#5b2a86", PageStyle::kParagraphs,
-             ShopManner::kLarge, 94, "123"},
+             ShopManner::kLarge, 94, 8, "123"},
     DemoShop{5, "Lighthouse Mart", "lighthouse", "#a3261f", PageStyle::kList,
-             ShopManner::kRedirects, 101, "13"},
+             ShopManner::kRedirects, 101, 7, "13"},
     DemoShop{6, "Pinecrest Outlet", "pinecrest", "#2d5a1e", PageStyle::kOffers, ShopManner::kPlain,
-             106, "123"},
+             106, 4, "123"},
     DemoShop{7, "Slow Boat Traders", "slow-boat", "#37474f", PageStyle::kTable, ShopManner::kSlow,
-             91, "123"},
+             91, 6, "123"},
     DemoShop{8, "Creaky Gate Bazaar", "creaky-gate", "#6d4c41", PageStyle::kTable,
-             ShopManner::kBroken, 97, "123"},
+             ShopManner::kBroken, 97, 3, "123"},
 };
 
 // The articles of a shop that its department (or all of them) and a test let through.
@@ -61,10 +61,10 @@ ShopPrice PriceIn(const DemoShop& shop, const Article& article) {
   const int percent =
       shop.price_level - 8 + static_cast<int>(ChanceIn(shop, article, Purpose::kPrice) % 17);
   ShopPrice price;
-  price.regular = PriceTag(article.cents * percent / 100);
+  price.regular = PriceTag(article.cents * percent / 100, shop.last_digit);
   if (shop.style == PageStyle::kOffers && ChanceIn(shop, article, Purpose::kOffer) % 3 == 0) {
     const int reduced = 65 + static_cast<int>(ChanceIn(shop, article, Purpose::kReduction) % 21);
-    price.offer = PriceTag(price.regular * reduced / 100 - 10);
+    price.offer = PriceTag(price.regular * reduced / 100 - 10, shop.last_digit);
   }
   return price;
 }

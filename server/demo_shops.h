@@ -32,6 +32,7 @@ struct DemoShop {
   PageStyle style = PageStyle::kTable;
   ShopManner manner = ShopManner::kPlain;
   int price_level = 100;         ///< percent of what things usually cost
+  int last_digit = 9;            ///< in which its prices end, and those of no other shop
   std::string_view departments;  ///< their numbers, as "13"
   bool narrow = false;           ///< pages in Windows-1252 rather than UTF-8
 
@@ -43,8 +44,10 @@ struct DemoShop {
 /// Six that work, a slow one and a broken one.
 [[nodiscard]] std::span<const DemoShop> DemoShops();
 
-/// What an article costs in a shop, in cents. Tells the regular price; `offer` is lower and only
-/// there in the shop of special offers, for about a third of its articles.
+/// What an article costs in a shop, in cents: never what anything costs in another one, so that
+/// what is found in several has one order by price, whoever answers first. Tells the regular price;
+/// `offer` is lower and only there in the shop of special offers, for about a third of its
+/// articles.
 struct ShopPrice {
   int regular = 0;
   std::optional<int> offer;

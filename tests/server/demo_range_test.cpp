@@ -65,6 +65,14 @@ TEST(DemoRange, PriceTagsEndInNine) {
   EXPECT_EQ(PriceTag(0), 9);
 }
 
+TEST(DemoRange, PriceTagsEndInAnotherDigitWhereOneIsAskedFor) {
+  EXPECT_EQ(PriceTag(120, 5), 125);
+  EXPECT_EQ(PriceTag(125, 5), 125);
+  EXPECT_EQ(PriceTag(126, 5), 135);
+  EXPECT_EQ(PriceTag(120, 0), 120);
+  EXPECT_EQ(PriceTag(121, 0), 130);
+}
+
 TEST(DemoRange, ChanceIsTheSameForTheSameAndDiffersOtherwise) {
   std::set<std::uint32_t> seen;
   for (std::uint32_t i = 0; i < 100; ++i) {

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
+#include <string_view>
 
 namespace brovanta::server {
 namespace {
@@ -72,6 +74,18 @@ TEST(DemoShops, PricesDifferByShopAndStayNearTheUsual) {
       prices.insert(price.regular);
     }
     EXPECT_GE(prices.size(), 2u) << article.name;
+  }
+}
+
+TEST(DemoShops, NoTwoAskTheSameForAnything) {
+  std::map<int, std::string_view> shop_of;
+  for (const DemoShop& shop : DemoShops()) {
+    for (const Article& article : Articles()) {
+      const ShopPrice price = PriceIn(shop, article);
+      for (const int cents : {price.regular, price.ToPay()}) {
+        EXPECT_EQ(shop_of.emplace(cents, shop.name).first->second, shop.name) << cents;
+      }
+    }
   }
 }
 

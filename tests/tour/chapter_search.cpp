@@ -217,6 +217,12 @@ void SearchChapter::SeeTheList(QWidget& list) {
   robot_.Expect(std::is_sorted(saved.begin(), saved.end(),
                                [](const auto& a, const auto& b) { return a.Price < b.Price; }),
                 Text("the cheapest comes first"));
+  // Who answers first may not show, or the pictures of the guide would change by themselves.
+  robot_.Expect(std::adjacent_find(saved.begin(), saved.end(),
+                                   [](const auto& a, const auto& b) {
+                                     return a.Price == b.Price && a.SiteName != b.SiteName;
+                                   }) == saved.end(),
+                Text("no two shops ask the same price"));
   robot_.Expect(std::all_of(saved.begin(), saved.end(),
                             [](const auto& item) {
                               return item.Price > 0.0 &&
