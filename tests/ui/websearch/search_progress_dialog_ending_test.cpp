@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
+#include <QTimerEvent>
 #include <atomic>
 #include <chrono>
 #include <functional>
@@ -40,7 +41,7 @@ class SearchProgressDialogEndingTest : public SearchScreenTest {
   /// The network, with an end that waits until all threads have ended, which are counted. Should
   /// one wait for something that does not come, it is left behind after half a minute.
   SearchServices CountedServices() {
-    SearchServices services = SearchServices::Real();
+    SearchServices services = ServicesWithoutDelay();
     services.start_thread = [count = threads_](std::function<void()> procedure) {
       ++*count;
       return std::thread([count, run = std::move(procedure)] {
@@ -188,11 +189,14 @@ TEST_F(SearchProgressDialogEndingTest, EndedFromOutsideInEveryState) {
 
 TEST_F(SearchProgressDialogEndingTest, EndedBeforeItsTimerItAsksNobody) {
   AddShops(2, 0);
-  RunProgress([](SearchProgressDialog& dialog) {
+  RunProgress([this](SearchProgressDialog& dialog) {
+    QTimerEvent late(dialog.start_timer());
     dialog.done(2);
     EXPECT_EQ(dialog.start_timer(), 0);
+    QApplication::sendEvent(&dialog, &late);  // as one that was on its way
+    EXPECT_THAT(AgentRows(dialog), IsEmpty());
+    EXPECT_EQ(searches_->engine().RunningCount(), 0U);
   });
-  QTest::qWait(700);
   EXPECT_THAT(Objects(), IsEmpty());
 }
 

@@ -51,7 +51,7 @@ TEST_F(SearchProgressDialogTest, AgentsStartHalfASecondAfterItHasOpened) {
   RunProgress([](SearchProgressDialog& dialog) {
     QElapsedTimer since;
     since.start();
-    Await([&] { return IsSearching(dialog); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return IsSearching(dialog); }, kAtMost));
     EXPECT_GE(since.elapsed(), 480);
     dialog.done(2);
   });
@@ -62,7 +62,7 @@ TEST_F(SearchProgressDialogTest, TimerFiresOnceAndTheEngineIsStartedOnce) {
   LoadConfiguration();
   RunProgress([this](SearchProgressDialog& dialog) {
     const int timer = dialog.start_timer();
-    Await([&] { return IsSearching(dialog); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return IsSearching(dialog); }, kAtMost));
     EXPECT_EQ(dialog.start_timer(), 0);
     QTimerEvent late(timer);
     QApplication::sendEvent(&dialog, &late);

@@ -47,7 +47,11 @@ void ClickButton(QWidget& dialog, const char* button_name);
 [[nodiscard]] bool IsSearching(QDialog& dialog);  ///< "Stop" is enabled
 [[nodiscard]] bool HasFinished(QDialog& dialog);  ///< "Done" is enabled
 [[nodiscard]] int EndedAgents(QDialog& dialog);   ///< agents that have reported
+/// Waits for one, but not for the start-up timer of a progress screen, which fires at once.
 void Await(const std::function<bool()>& condition);
+
+/// The network and the system's threads, with agents that begin without a delay.
+[[nodiscard]] SearchServices ServicesWithoutDelay();
 
 /// The search manager works in folder_, the agents ask the shops.
 class SearchScreenTest : public testing::Test, protected LoopbackShops {
@@ -76,7 +80,8 @@ class SearchScreenTest : public testing::Test, protected LoopbackShops {
   ZoneGuard zone_{"UTC"};
   FixedClock clock_{1795262400};  // Saturday 2026-11-21 12:00:00 UTC
   TempFolder folder_;
-  std::unique_ptr<SearchManager> searches_ = std::make_unique<SearchManager>();
+  std::unique_ptr<SearchManager> searches_ =
+      std::make_unique<SearchManager>(ServicesWithoutDelay());
 
  private:
   std::unique_ptr<DialogWatch> dialog_watch_;
