@@ -31,6 +31,13 @@ const sockaddr* General(const sockaddr_un& address) {
   return reinterpret_cast<const sockaddr*>(&address);
 }
 
+bool IsOfThisUser(int descriptor) {
+  ucred other{};
+  socklen_t size = sizeof(other);
+  return getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &other, &size) == 0 &&
+         other.uid == geteuid();
+}
+
 }  // namespace
 
 LocalSocket LocalSocket::ListenAt(const std::string& path) {
@@ -51,6 +58,7 @@ LocalSocket LocalSocket::ConnectTo(const std::string& path) {
   LocalSocket end(socket(AF_UNIX, kKind, 0));
   if (!end.valid()) return {};
   if (connect(end.descriptor(), General(*address), sizeof(*address)) != 0) return {};
+  if (!IsOfThisUser(end.descriptor())) return {};
   return end;
 }
 

@@ -20,7 +20,7 @@ class LocalSocket {
   /// longer than the system takes (107 bytes).
   [[nodiscard]] static LocalSocket ListenAt(const std::string& path);
 
-  /// Not valid when nobody listens there.
+  /// Not valid when nobody listens there, or only another user, who could say what he likes.
   [[nodiscard]] static LocalSocket ConnectTo(const std::string& path);
 
   [[nodiscard]] bool valid() const { return descriptor_.valid(); }

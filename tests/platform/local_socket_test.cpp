@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -94,6 +95,17 @@ TEST_F(LocalSocketTest, OnlyThisUserMayConnect) {
   umask(before);
   EXPECT_EQ(std::filesystem::status(Path()).permissions(),
             std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+}
+
+TEST_F(LocalSocketTest, WhatAnotherUserSaysIsNotAskedFor) {
+  constexpr uid_t kNobody = 65534;
+  if (geteuid() != 0) GTEST_SKIP() << "only root can be two users";
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms::all);
+  ASSERT_EQ(seteuid(kNobody), 0);
+  const LocalSocket listener = LocalSocket::ListenAt(Path());
+  ASSERT_EQ(seteuid(0), 0);
+  ASSERT_TRUE(listener.valid());
+  EXPECT_FALSE(LocalSocket::ConnectTo(Path()).valid());
 }
 
 TEST_F(LocalSocketTest, APathThatIsTooLongOrEmptyIsRefused) {
