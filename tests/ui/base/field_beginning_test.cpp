@@ -150,5 +150,16 @@ TEST_F(FieldBeginningTest, TabStillSelectsTheWholeField) {
   EXPECT_FALSE(line_->hasSelectedText());
 }
 
+// A field loses the focus while it is destroyed, when it is no field any more: AddressSanitizer and
+// its companion would see it touched.
+TEST_F(FieldBeginningTest, AFieldWithTheFocusCanBeDestroyed) {
+  for (QWidget* field : {static_cast<QWidget*>(line_), static_cast<QWidget*>(names_)}) {
+    field->setFocus();
+    ASSERT_TRUE(field->hasFocus());
+    delete field;
+    EXPECT_NE(form_.focusWidget(), field);
+  }
+}
+
 }  // namespace
 }  // namespace brovanta
