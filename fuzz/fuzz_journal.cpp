@@ -1,5 +1,5 @@
-// Any bytes as "backup.dat" beside record files: rolled back to the last record or set aside, and
-// what the journal does not name stays as it is.
+// Any bytes as "backup.dat" beside record files: rolled back to the last record or set aside, what
+// may be somebody else's is kept, and what the journal does not name stays as it is.
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -140,6 +140,19 @@ void Undo(Files& files, const UndoRecord& record) {
   }
 }
 
+// A file that may be somebody else's is kept beside its name before it changes.
+void TakeKept(Files& is, const Files& before, const Files& expected,
+              const std::vector<UndoRecord>& records) {
+  for (const UndoRecord& record : records) {
+    const std::string name = "data/" + record.name;
+    const auto kept = is.find(name + ".bad");
+    if (kept == is.end() || expected.contains(kept->first)) continue;
+    const auto old = before.find(name);
+    Require(old != before.end() && old->second == kept->second, "what is kept is the file before");
+    is.erase(kept);
+  }
+}
+
 void Check(const Files& before, const Files& after, const std::string& journal) {
   Files expected = before;
   expected.erase(kJournal);
@@ -160,6 +173,7 @@ void Check(const Files& before, const Files& after, const std::string& journal) 
   const std::string empty = Text(EncodeEmptyJournal());
   Require(is[kJournal] == (journal.empty() ? "" : empty), "the journal is empty afterwards");
   is.erase(kJournal);
+  if (records) TakeKept(is, before, expected, *records);
   Require(is == expected, "rolled back to the last record");
 }
 
