@@ -223,6 +223,14 @@ const DiscountRecord* DiscountList::Find(std::int32_t id, std::int16_t source) c
       [&](const DiscountRecord& record) { return HasKey(record, id, source); });
 }
 
+std::optional<DiscountRecord> DiscountList::FindToChange(std::int32_t id,
+                                                         std::int16_t source) const {
+  const DiscountRecord* const listed = Find(id, source);
+  if (listed == nullptr) return std::nullopt;
+  const std::optional<DiscountRecord> stored = Read(id, source);
+  return stored && stored->Deleted == 0 ? stored : *listed;
+}
+
 NameList DiscountList::StoresWithDiscounts() const {
   return CountNames(records_, &DiscountRecord::StoreId, database_.stores());
 }

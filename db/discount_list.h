@@ -109,6 +109,11 @@ class DiscountList {
   /// The record with this key in the list, or nullptr.
   [[nodiscard]] const DiscountRecord* Find(std::int32_t id, std::int16_t source) const;
 
+  /// The record that Update and Mark would change, as a form should show it: of several with this
+  /// key the first live one of the file. That of the list when the file cannot be read now.
+  [[nodiscard]] std::optional<DiscountRecord> FindToChange(std::int32_t id,
+                                                           std::int16_t source) const;
+
   [[nodiscard]] const DiscountRecord* First() { return records_.First(); }
   [[nodiscard]] const DiscountRecord* Next() { return records_.Next(); }
   [[nodiscard]] std::size_t size() const { return records_.size(); }

@@ -33,20 +33,22 @@ QString ShortenedSearch(const QString& words) {
   return words.left(kKept) + QLatin1String("...");
 }
 
-std::unique_ptr<QMenu> BuildFilterMenu(int commands, const QString& all_text,
-                                       const NameList& names) {
+std::unique_ptr<QMenu> BuildFilterMenu(int commands, const QString& all_text, const NameList& names,
+                                       Nameless nameless) {
   auto menu = std::make_unique<QMenu>();
   menu->setAccessibleName(all_text);
   AddCommand(*menu, all_text, commands);
   for (const auto& [id, item] : names) {
-    if (item.Name.empty()) break;
+    if (item.Name.empty() && nameless == Nameless::kEnd) break;
+    if (item.Name.empty()) continue;
     if (id <= kLargestFilterId) AddCommand(*menu, WideText(item.Name.view()), commands + id);
   }
   return menu;
 }
 
-NameFilter::NameFilter(ColorButton& button, int commands, const QString& all_text, int alignment)
-    : button_(button), commands_(commands), all_text_(all_text) {
+NameFilter::NameFilter(ColorButton& button, int commands, const QString& all_text, int alignment,
+                       Nameless nameless)
+    : button_(button), commands_(commands), all_text_(all_text), nameless_(nameless) {
   button.SetPictures(kChevron, kChevronSize, kChevron, kChevronSize, 0, kThirdPictureSize);
   button.SetAlignment(alignment, false);
   button.UseProgramColors();
@@ -56,7 +58,7 @@ NameFilter::NameFilter(ColorButton& button, int commands, const QString& all_tex
 NameFilter::~NameFilter() = default;
 
 void NameFilter::BuildMenu(const NameList& names) {
-  auto menu = BuildFilterMenu(commands_, all_text_, names);
+  auto menu = BuildFilterMenu(commands_, all_text_, names, nameless_);
   menu->setObjectName(button_.objectName() + QLatin1String("Menu"));
   connect(menu.get(), &QMenu::triggered, this,
           [this](const QAction* action) { Q_EMIT Chosen(action->data().toInt()); });

@@ -25,10 +25,16 @@ inline constexpr std::int32_t kLargestFilterId = 9999;
 /// "...".
 [[nodiscard]] QString ShortenedSearch(const QString& words);
 
-/// "All ...", then the names in list order up to the first entry without one. Ids that have no
-/// command are left out. Every action has its command in data().
+/// What an entry without a name is for a menu; imports make some.
+enum class Nameless {
+  kEnd,      ///< the last one that is looked at
+  kPassedBy  ///< none that could be read, but what comes behind it counts
+};
+
+/// "All ...", then the names in list order. Ids that have no command are left out. Every action has
+/// its command in data().
 [[nodiscard]] std::unique_ptr<QMenu> BuildFilterMenu(int commands, const QString& all_text,
-                                                     const NameList& names);
+                                                     const NameList& names, Nameless nameless);
 
 /// One filter button with its menu. The button stays the screen's.
 class NameFilter : public QObject {
@@ -36,7 +42,8 @@ class NameFilter : public QObject {
 
  public:
   /// `commands` is kStoreCommands or kCategoryCommands; `alignment` that of the chevron.
-  NameFilter(ColorButton& button, int commands, const QString& all_text, int alignment);
+  NameFilter(ColorButton& button, int commands, const QString& all_text, int alignment,
+             Nameless nameless = Nameless::kEnd);
   ~NameFilter() override;
 
   /// Replaces the menu by one of these names.
@@ -56,6 +63,7 @@ class NameFilter : public QObject {
   ColorButton& button_;
   int commands_;
   QString all_text_;
+  Nameless nameless_;
   std::unique_ptr<QMenu> menu_;
 };
 

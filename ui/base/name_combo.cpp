@@ -87,4 +87,13 @@ void NameCombo::Remember(const std::optional<NameRef>& reference) {
   setEditText(typed);
 }
 
+void NameCombo::RememberAll(const NameList& names) {
+  for (const auto& [id, item] : names) {
+    if (item.Name.empty() || findData(item.Id) >= 0) continue;
+    const QString typed = currentText();
+    addItem(WideText(item.Name.view()), item.Id);
+    if (currentText() != typed) setEditText(typed);
+  }
+}
+
 }  // namespace brovanta

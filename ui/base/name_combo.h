@@ -43,6 +43,10 @@ class NameCombo : public QComboBox {
   /// Takes a name that a save has given an id among the items, so that a second try finds it.
   void Remember(const std::optional<NameRef>& reference);
 
+  /// Takes the entries among the items that are not there yet: another dialog may have made them.
+  /// What is typed or chosen stays.
+  void RememberAll(const NameList& names);
+
  private:
   void AddEmptyItem();
   [[nodiscard]] int FindItem(const QString& text) const;

@@ -52,10 +52,12 @@ CouponPickerDialog::CouponPickerDialog(ShoppingDatabase& database, const std::st
   layout()->setSizeConstraint(QLayout::SetNoConstraint);
   period_ =
       std::make_unique<PeriodSelector>(*form_->viewModeButton, *form_->periodHeadingButton, *this);
-  stores_ = std::make_unique<NameFilter>(*form_->storeFilterButton, kStoreCommands,
-                                         tr("All Stores"), ColorButton::kPictureLeft);
+  stores_ =
+      std::make_unique<NameFilter>(*form_->storeFilterButton, kStoreCommands, tr("All Stores"),
+                                   ColorButton::kPictureLeft, Nameless::kPassedBy);
   categories_ = std::make_unique<NameFilter>(*form_->categoryFilterButton, kCategoryCommands,
-                                             tr("All Categories"), ColorButton::kPictureRight);
+                                             tr("All Categories"), ColorButton::kPictureRight,
+                                             Nameless::kPassedBy);
   Connect();
   period_->UpdatePeriod();
   TakePeriod();
@@ -190,16 +192,16 @@ void CouponPickerDialog::NewCoupon() {
   if (dialog.exec() == kCompleted) FullRefresh();
 }
 
-const DiscountRecord* CouponPickerDialog::Selected() const {
+std::optional<DiscountRecord> CouponPickerDialog::Selected() const {
   const std::optional<TreeItemInfo> info = form_->recordTree->CaretInfo();
-  if (!info) return nullptr;
-  return database_.discounts().Find(info->id, info->purchaseType);
+  if (!info) return std::nullopt;
+  return database_.discounts().FindToChange(info->id, info->purchaseType);
 }
 
 void CouponPickerDialog::EditCoupon() {
-  const DiscountRecord* record = Selected();
-  if (record == nullptr) return;
-  DiscountDialog dialog(record, kEditDiscountMode, database_, update_server_, this);
+  const std::optional<DiscountRecord> record = Selected();
+  if (!record) return;
+  DiscountDialog dialog(&*record, kEditDiscountMode, database_, update_server_, this);
   if (dialog.exec() == kCompleted) FullRefresh();
 }
 
@@ -228,8 +230,8 @@ void CouponPickerDialog::Select() {
                          "the current product."));
     return;
   }
-  const DiscountRecord* record = Selected();
-  if (record == nullptr) {
+  const std::optional<DiscountRecord> record = Selected();
+  if (!record) {
     ShowMessage(this, tr("There was an error while applying the selected coupon to "
                          "the current product."));
     return;

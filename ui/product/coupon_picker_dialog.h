@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "db/shopping_database.h"
@@ -62,7 +63,7 @@ class CouponPickerDialog : public ModalDialog {
   void FindCoupon();
   void Select();
   /// The selected row's discount in the list, nullptr for a heading, no row or one that is gone.
-  [[nodiscard]] const DiscountRecord* Selected() const;
+  [[nodiscard]] std::optional<DiscountRecord> Selected() const;
 
   ShoppingDatabase& database_;
   std::string update_server_;

@@ -80,6 +80,9 @@ bool ProductDialog::ReadReferences(ProductFields& fields) {
   if (form_->categoryBox->IsTooLong()) {
     return Refuse(tr("The category name has more than 50 characters."), form_->categoryBox);
   }
+  // A coupon that was added meanwhile may have brought the names that stand here as well.
+  form_->storeBox->RememberAll(database_.stores());
+  form_->categoryBox->RememberAll(database_.categories());
   fields.unit = form_->unitTypeBox->Reference();
   fields.store = form_->storeBox->Reference();
   fields.category = form_->categoryBox->Reference();

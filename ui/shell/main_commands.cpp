@@ -109,9 +109,10 @@ int MainCommands::EditProduct(std::int32_t id, int mode) {
 }
 
 int MainCommands::EditCoupon(std::int32_t id, std::int16_t source) {
-  const DiscountRecord* record = state_.database->discounts().Find(id, source);
-  if (record == nullptr) return kNoDialog;
-  DiscountDialog dialog(record, kEditDiscountMode, *state_.database, state_.update_server,
+  const std::optional<DiscountRecord> record =
+      state_.database->discounts().FindToChange(id, source);
+  if (!record) return kNoDialog;
+  DiscountDialog dialog(&*record, kEditDiscountMode, *state_.database, state_.update_server,
                         &window_);
   return dialog.exec();
 }

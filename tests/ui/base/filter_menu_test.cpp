@@ -31,8 +31,9 @@ std::vector<std::pair<int, std::string>> Entries(const QMenu& menu) {
 
 class FilterMenuTest : public testing::Test {
  protected:
-  static std::vector<std::pair<int, std::string>> Built(const NameList& names) {
-    return Entries(*BuildFilterMenu(kStoreCommands, QStringLiteral("All Stores"), names));
+  static std::vector<std::pair<int, std::string>> Built(const NameList& names,
+                                                        Nameless nameless = Nameless::kEnd) {
+    return Entries(*BuildFilterMenu(kStoreCommands, QStringLiteral("All Stores"), names, nameless));
   }
 
   ColorButton button_;
@@ -67,6 +68,11 @@ TEST_F(FilterMenuTest, MenuStopsAtAnEntryWithoutAName) {
               ElementsAre(Pair(10000, "All Stores"), Pair(10001, "Fresh")));
 }
 
+TEST_F(FilterMenuTest, OrPassesByAnEntryWithoutAName) {
+  EXPECT_THAT(Built(Names({{1, "Fresh"}, {2, ""}, {3, "Zoo"}}), Nameless::kPassedBy),
+              ElementsAre(Pair(10000, "All Stores"), Pair(10001, "Fresh"), Pair(10003, "Zoo")));
+}
+
 TEST_F(FilterMenuTest, IdsThatWouldReachTheNextMenuAreLeftOut) {
   EXPECT_THAT(Built(Names({{9999, "Last"}, {10000, "Beyond"}})),
               ElementsAre(Pair(10000, "All Stores"), Pair(19999, "Last")));
@@ -84,7 +90,7 @@ TEST_F(FilterMenuTest, TabsAndLineBreaksInANameArePlainBlanks) {
 
 TEST_F(FilterMenuTest, AccentedNamesAreWidened) {
   const auto menu = BuildFilterMenu(kCategoryCommands, QStringLiteral("All Categories"),
-                                    Names({{1, "R\xF6stwerk"}}));
+                                    Names({{1, "R\xF6stwerk"}}), Nameless::kEnd);
   EXPECT_EQ(menu->actions().at(1)->text(), QStringLiteral(u"R\u00F6stwerk"));
   EXPECT_EQ(menu->actions().at(1)->data().toInt(), 20001);
 }

@@ -177,6 +177,20 @@ TEST_F(NameComboTest, ANameThatWasGivenAnIdIsFoundAtTheNextTry) {
   EXPECT_EQ(combo_.count(), 5);
 }
 
+TEST_F(NameComboTest, NamesThatCameMeanwhileAreFoundAndTheTypedOneStays) {
+  combo_.Fill(names_);
+  const int before = combo_.count();
+  Type(QStringLiteral("kiosk"));
+  names_.Insert(Item(5003, "Kiosk"));
+  names_.Insert(Item(5004, ""));  // none that could be typed
+  combo_.RememberAll(names_);
+  EXPECT_EQ(combo_.count(), before + 1);
+  EXPECT_EQ(combo_.currentText(), QStringLiteral("kiosk"));
+  EXPECT_EQ(combo_.Reference()->Id, 5003);
+  combo_.RememberAll(names_);
+  EXPECT_EQ(combo_.count(), before + 1);
+}
+
 TEST_F(NameComboTest, CharactersOutsideTheCodePageBecomeQuestionMarks) {
   Type(QString::fromUtf8("茶 shop"));
   EXPECT_EQ(combo_.Reference()->Name, "? shop");

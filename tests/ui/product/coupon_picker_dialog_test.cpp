@@ -177,17 +177,55 @@ TEST_F(CouponPickerDialogTest, ClearWithoutATextStillFillsAnew) {
   });
 }
 
-TEST_F(CouponPickerDialogTest, AModeChangeDropsFindTextAndFilters) {
-  Coupons({{.id = 2, .name = "soap", .store_id = 7, .category_id = 3}, {.id = 3, .name = "tea"}});
+TEST_F(CouponPickerDialogTest, AStoreWithoutANameHidesNoOther) {
+  NameRef nameless{0, ""};  // as an import makes it
+  NameRef kiosk{0, "Kiosk"};
+  ASSERT_EQ(database_.ResolveNames(&nameless, nullptr, nullptr), 0);
+  ASSERT_EQ(database_.ResolveNames(&kiosk, nullptr, nullptr), 0);
+  ASSERT_LT(nameless.Id, kiosk.Id);
+  Coupons({{.id = 2, .name = "soap", .store_id = static_cast<std::uint32_t>(nameless.Id)},
+           {.id = 3, .name = "tea", .store_id = static_cast<std::uint32_t>(kiosk.Id)}});
   Run([&] {
-    ChooseInMenu("storeFilterButton", QStringLiteral("Corner"));
-    ChooseInMenu("categoryFilterButton", QStringLiteral("Food"));
-    FindText(QStringLiteral("soap"));
-    ChooseInMenu("viewModeButton", QStringLiteral("Daily"));  // the same mode again
-    EXPECT_EQ(Text("storeFilterButton"), "All Stores");
-    EXPECT_EQ(Text("categoryFilterButton"), "All Categories");
-    EXPECT_EQ(Rows(), "[Unknown date]\nsoap@Corner\ntea");
-    EXPECT_EQ(database_.discounts().filter().text, "");
+    EXPECT_EQ(MenuTexts("storeFilterButton"), "All Stores=10000|Kiosk=15001");
+    ChooseInMenu("storeFilterButton", QStringLiteral("Kiosk"));
+    EXPECT_EQ(Rows(), "[Unknown date]\ntea@Kiosk");
+  });
+}
+
+// As an import may have brought them.
+TEST_F(CouponPickerDialogTest, OfTwoCouponsWithOneKeyTheFormShowsTheOneThatItChanges) {
+  Coupons({{.id = 5, .source = 1, .name = "old", .stamp = kToday - 86400},
+           {.id = 5, .source = 1, .name = "new", .stamp = kToday}});
+  Run([&] {
+    SelectRow(QStringLiteral("new"));
+    InNextDialog([&] {
+      EXPECT_EQ(Find<QLineEdit>("couponNameEdit")->text(), QStringLiteral("old"));
+      Type("couponNameEdit", QStringLiteral("edited"));
+      Press("okButton");
+    });
+    Tool(kPickerEdit);
+    EXPECT_EQ(Rows().find("old"), std::string::npos);
+    EXPECT_NE(Rows().find("new"), std::string::npos);
+    EXPECT_NE(Rows().find("edited"), std::string::npos);
+  });
+}
+
+TEST_F(CouponPickerDialogTest, AModeChangeDropsFindTextAndFilters) {
+  Coupons({{.id = 2, .name = "soap", .store_id = 7, .category_id = 3},
+           {.id = 3, .name = "tea", .store_id = 8, .category_id = 4}});
+  Run([&] {
+    for (const char* const mode : {"Daily", "Weekly", "Monthly"}) {  // first the same mode again
+      ChooseInMenu("storeFilterButton", QStringLiteral("Corner"));
+      ChooseInMenu("categoryFilterButton", QStringLiteral("Food"));
+      FindText(QStringLiteral("soap"));
+      ChooseInMenu("viewModeButton", QLatin1String(mode));
+      EXPECT_EQ(Text("storeFilterButton"), "All Stores") << mode;
+      EXPECT_EQ(Text("categoryFilterButton"), "All Categories") << mode;
+      EXPECT_EQ(database_.discounts().filter().store_id, 0U) << mode;
+      EXPECT_EQ(database_.discounts().filter().category_id, 0U) << mode;
+      EXPECT_EQ(database_.discounts().filter().text, "") << mode;
+      EXPECT_EQ(Rows(), "[Unknown date]\nsoap@Corner\ntea@Fourte..") << mode;
+    }
   });
 }
 

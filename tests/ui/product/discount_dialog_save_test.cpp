@@ -296,6 +296,7 @@ TEST_F(DiscountDialogSaveTest, AFailedSaveKeepsTheFormAndASecondTrySucceeds) {
   EXPECT_EQ(Add([&] {
               FillInTheLeast();
               Type("storeBox", QStringLiteral("Kiosk"));
+              Type("categoryBox", QStringLiteral("Sweets"));
               folder_.Write("discount.dat", test::Hex("00 00 00 00"));
               PressOk();
               EXPECT_TRUE(dialog_->isVisible());
@@ -306,7 +307,8 @@ TEST_F(DiscountDialogSaveTest, AFailedSaveKeepsTheFormAndASecondTrySucceeds) {
             }),
             0);
   EXPECT_EQ(Messages(), kSaveError);
-  EXPECT_EQ(folder_.Read("store.lst")->size(), 8U + 68);  // the name was added once
+  EXPECT_EQ(folder_.Read("store.lst")->size(), 8U + 68);  // the names were added once
+  EXPECT_EQ(folder_.Read("category.lst")->size(), 8U + 68);
 }
 
 TEST_F(DiscountDialogSaveTest, ADiscountThatIsGoneIsNotSaved) {

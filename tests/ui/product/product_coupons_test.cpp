@@ -12,6 +12,25 @@ using test::RawDiscount;
 
 class ProductCouponsTest : public test::ProductCouponsFixture {};
 
+TEST_F(ProductCouponsTest, ANewStoreOfTheProductAndOfItsNewCouponIsOneStore) {
+  EXPECT_EQ(Add([&] {
+              FillInTheLeast();
+              Type("storeBox", QStringLiteral("Kiosk"));
+              Type("categoryBox", QStringLiteral("Sweets"));
+              InNextDialog([&] {
+                FillInACoupon(QStringLiteral("Offer"));
+                Type("storeBox", QStringLiteral("kiosk"));
+                Type("categoryBox", QStringLiteral("Sweets"));
+                Press("okButton");
+              });
+              ChooseInSlot(1, "Add New Coupon");
+              PressOk();
+            }),
+            0);
+  EXPECT_EQ(folder_.Read("store.lst")->size(), 8U + 68);
+  EXPECT_EQ(folder_.Read("category.lst")->size(), 8U + 68);
+}
+
 TEST_F(ProductCouponsTest, APickedCouponOpensWithTheBoxTicked) {
   Coupons({{.id = 5, .source = 1, .name = "Soap week", .type = 2}});
   Edit({{{5, 1, 2}}}, [&] {
