@@ -3,9 +3,12 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "db/error_codes.h"
+#include "db/journal_format.h"
 #include "tests/db/feed_fixture.h"
+#include "tests/support/write_limit.h"
 
 namespace brovanta::test {
 namespace {
@@ -116,6 +119,36 @@ TEST_F(FeedImportListTest, ImportAndSaveThatFailsLeavesTheListInMemory) {
   ASSERT_TRUE(holder.Open(folder_.File("backup.dat"), platform::File::Mode::kRead));
   EXPECT_EQ(ImportAndSaveList(names_, feed(), path), ERR_OPEN);
   EXPECT_TRUE(names_.empty());
+}
+
+TEST_F(FeedImportListTest, WhatTheFileDoesNotTakeIsNotKeptInMemory) {
+  constexpr int kNames = 20;  // 68 bytes each
+  const std::string path = folder_.File("other.lst");
+  names_.Insert({7, FixedText<kNameSize>("Corner Shop"), 0});
+  ASSERT_EQ(names_.Save(path), 0);
+  const auto before = folder_.Read("other.lst");
+  std::string text;
+  for (int id = 1; id <= kNames; ++id) {
+    text += "<IT><ID>" + std::to_string(id) + "</ID><NM>Shop " + std::to_string(id) + "</NM></IT>";
+  }
+  folder_.WriteText("update.dat", text);
+  {
+    const WriteLimit full(700);
+    EXPECT_NE(ImportAndSaveList(names_, feed(), path), 0);
+  }
+  EXPECT_EQ(Names(), "7=Corner Shop");
+  EXPECT_EQ(folder_.Read("other.lst"), before);
+  EXPECT_EQ(ImportAndSaveList(names_, feed(), path), 0);
+  EXPECT_EQ(names_.size(), static_cast<std::size_t>(kNames));
+}
+
+TEST_F(FeedImportListTest, ImportAndSaveFirstUndoesAChangeThatWasLeftInTheMiddle) {
+  folder_.WriteText("other.lst", "half");
+  folder_.Write("backup.dat",
+                EncodeJournal(std::vector<UndoRecord>{{UndoKind::kMade, "other.lst", 0, 0, {}}}));
+  folder_.WriteText("update.dat", "<IT><ID>7</ID><NM>Mega Market</NM></IT>");
+  ASSERT_EQ(ImportAndSaveList(names_, feed(), folder_.File("other.lst")), 0);
+  EXPECT_EQ(Names(), "7=Mega Market");
 }
 
 }  // namespace

@@ -231,7 +231,7 @@ TEST_F(UpdateWorkerTest, LeavingEndsARunningDownloadAtOnce) {
   EXPECT_EQ(worker.Leave(), 0x10000111);
 }
 
-TEST_F(UpdateWorkerTest, LeavingDoesNotWaitForTheStart) {
+TEST_F(UpdateWorkerTest, LeavingRightAfterTheStartEndsLikeACancel) {
   UpdateWorker worker(database_, Job(), views_.listener());
   worker.Start();
   EXPECT_EQ(worker.Leave(), 0x10000111);
