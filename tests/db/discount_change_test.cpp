@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "db/error_codes.h"
+#include "platform/file.h"
 #include "tests/db/discount_list_fixture.h"
 #include "tests/support/write_limit.h"
 
@@ -159,6 +160,21 @@ TEST_F(DiscountChangeTest, BothCopiesOfADoubleKeyCanBeDeletedOneAfterTheOther) {
   EXPECT_EQ(Shown(), Ids{});
   EXPECT_EQ(File(), RawDiscountFile(100, {{.id = 1, .name = "first", .stamp = 5, .deleted = 1},
                                           {.id = 1, .name = "second", .stamp = 9, .deleted = 1}}));
+}
+
+TEST_F(DiscountChangeTest, TheOneToChangeIsTheFirstLiveOneOfTheFile) {
+  Store({{.id = 1, .name = "gone", .stamp = 3, .deleted = 1},
+         {.id = 1, .name = "first", .stamp = 5},
+         {.id = 1, .name = "second", .stamp = 9},
+         {.id = 2, .name = "other", .stamp = 7}});
+  ASSERT_EQ(Load(), 0);
+  EXPECT_EQ(list_.Find(1, 0)->Name.view(), "second");
+  EXPECT_EQ(list_.FindToChange(1, 0)->Name.view(), "first");
+  EXPECT_EQ(list_.FindToChange(2, 0)->Name.view(), "other");
+  EXPECT_EQ(list_.FindToChange(1, 1), std::nullopt);
+  ASSERT_TRUE(platform::RemoveFile(folder_.File("discount.dat")));
+  EXPECT_EQ(list_.FindToChange(1, 0)->Name.view(), "second");  // as the list has it
+  EXPECT_EQ(list_.FindToChange(3, 0), std::nullopt);
 }
 
 TEST_F(DiscountChangeTest, ReadTakesARecordFromTheFileDeletedOnesIncluded) {
