@@ -6,6 +6,7 @@
 
 #include "ui/base/wide_text.h"
 #include "ui/websearch/result_delegate.h"
+#include "util/number.h"
 
 namespace brovanta {
 namespace {
@@ -35,7 +36,7 @@ QString TextOf(const std::optional<std::string>& bytes) {
 }  // namespace
 
 QString PriceText(double price) {
-  return price > 0.0 ? QString::asprintf("$%.2f", price) : QStringLiteral(" ");
+  return price > 0.0 ? QLatin1Char('$') + WideText(FormatTwoDecimals(price)) : QStringLiteral(" ");
 }
 
 ResultRow::ResultRow(const SearchResultItem& result)

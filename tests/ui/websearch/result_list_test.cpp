@@ -95,6 +95,13 @@ TEST_F(ResultListTest, APriceNotAboveZeroIsOneBlank) {
   EXPECT_EQ(Row(0).subitem(kPriceSubitem), QStringLiteral(" "));
 }
 
+// As "%.2f" does: of two that are equally near, the one whose last digit is even.
+TEST_F(ResultListTest, APriceBetweenTwoCentsIsRoundedToTheEvenOne) {
+  EXPECT_EQ(PriceText(0.125), QStringLiteral("$0.12"));
+  EXPECT_EQ(PriceText(2.625), QStringLiteral("$2.62"));
+  EXPECT_EQ(PriceText(0.375), QStringLiteral("$0.38"));
+}
+
 TEST_F(ResultListTest, RowsStandInTheOrderOfTheList) {
   SearchResultList results;
   results.Append({Item(4, 9, "b"), Item(5, 3, "a"), Item(6, 7, "c")});
