@@ -50,7 +50,7 @@ QString SearchDialog::LoadCategories() {
   }
   for (const WebAgentType* category = searches_.FirstCategory(); category != nullptr;
        category = searches_.NextCategory()) {
-    form_->categoryBox->addItem(WebText(category->TypeName), category->TypeId);
+    form_->categoryBox->addItem(OneLine(WebText(category->TypeName)), category->TypeId);
   }
   form_->categoryBox->setCurrentIndex(-1);  // the box has taken the first by itself
   return {};

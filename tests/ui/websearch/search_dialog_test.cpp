@@ -67,6 +67,17 @@ class SearchDialogTest : public SearchScreenTest {
     const DialogWatch watch([&](QWidget&) { work(dialog); }, &dialog);  // once it is open
     return dialog.exec();
   }
+  /// What it offers with these categories in the file.
+  std::vector<std::string> OfferedOf(const std::vector<WebAgentType>& categories) {
+    categories_ = categories;
+    WriteConfiguration(folder_);
+    std::vector<std::string> offered;
+    Run([&](SearchDialog& dialog) {
+      offered = Offered(dialog);
+      dialog.close();
+    });
+    return offered;
+  }
   /// In the progress screen, which is the next dialog: "Done" once it is enabled.
   void FinishProgress() {
     InNextDialog([this](QWidget& window) {
@@ -190,6 +201,7 @@ TEST_F(SearchDialogTest, NameWithoutACategoryReportsTheCategory) {
     TypeText(&Name(dialog), QStringLiteral("soap"));
     QTest::keyClick(&Name(dialog), Qt::Key_Return);
     EXPECT_EQ(answers.texts(), QStringList{kNoCategory});
+    EXPECT_EQ(dialog.focusWidget(), &Categories(dialog));
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(Name(dialog).text(), QStringLiteral("soap"));
     dialog.close();
@@ -271,26 +283,18 @@ TEST_F(SearchDialogTest, EnterInTheNameSearches) {
 }
 
 TEST_F(SearchDialogTest, ConfigurationIsLoadedAtEachOpening) {
-  WriteConfiguration(folder_);
-  Run([](SearchDialog& dialog) {
-    EXPECT_THAT(Offered(dialog), ElementsAre("Groceries", "Books"));
-    dialog.close();
-  });
-  categories_ = {{4, "Gardens"}};
-  WriteConfiguration(folder_);
-  Run([](SearchDialog& dialog) {
-    EXPECT_THAT(Offered(dialog), ElementsAre("Gardens"));
-    dialog.close();
-  });
+  EXPECT_THAT(OfferedOf({{1, "Groceries"}, {2, "Books"}}), ElementsAre("Groceries", "Books"));
+  EXPECT_THAT(OfferedOf({{4, "Gardens"}}), ElementsAre("Gardens"));
 }
 
 TEST_F(SearchDialogTest, CategoriesAreUtf8WhereTheyCanBe) {
-  categories_ = {{1, "Caf\xC3\xA9"}, {2, "Caf\xE9"}, {3, " "}};
-  WriteConfiguration(folder_);
-  Run([](SearchDialog& dialog) {
-    EXPECT_THAT(Offered(dialog), ElementsAre("Caf\xC3\xA9", "Caf\xC3\xA9", " "));
-    dialog.close();
-  });
+  EXPECT_THAT(OfferedOf({{1, "Caf\xC3\xA9"}, {2, "Caf\xE9"}, {3, " "}}),
+              ElementsAre("Caf\xC3\xA9", "Caf\xC3\xA9", " "));
+}
+
+TEST_F(SearchDialogTest, CategoryNamesAreOfOneLine) {
+  EXPECT_THAT(OfferedOf({{1, "Food &\r\ndrink"}, {2, "Books\n"}}),
+              ElementsAre("Food &  drink", "Books "));
 }
 
 TEST_F(SearchDialogTest, EscapeCloseBoxAndCancelDoNotEndWithZero) {
