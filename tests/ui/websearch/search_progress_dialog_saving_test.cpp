@@ -1,6 +1,7 @@
 // What "Done" makes of a search.
 #include <gmock/gmock.h>
 
+#include <QLabel>
 #include <QTest>
 
 #include "tests/support/message_answers.h"
@@ -27,6 +28,19 @@ class SearchProgressDialogSavingTest : public SearchScreenTest {
   /// The results file of the search, as it stands.
   std::optional<Bytes> ResultsFile(int number) {
     return folder_.Read("WebSearch/" + std::to_string(number) + ".dat");
+  }
+  static std::string HeaderOf(const QWidget& list) {
+    const auto* label = list.findChild<QLabel*>(QStringLiteral("headerLabel"));
+    return label == nullptr ? "none" : label->text().toStdString();
+  }
+  /// Closes the next dialog. What its header said by then.
+  std::shared_ptr<std::string> CloseNextList() {
+    auto header = std::make_shared<std::string>();
+    InNextDialog([header](QWidget& list) {
+      *header = HeaderOf(list);
+      list.close();
+    });
+    return header;
   }
   /// One result as a shop of the agents gives it.
   static Bytes Result(std::uint32_t id, double price, std::string_view title, std::string_view url,
@@ -72,17 +86,20 @@ TEST_F(SearchProgressDialogSavingTest, DoneSavesTheResultsAndOpensTheirList) {
   agents_.back().SiteName = "Corner";
   LoadConfiguration();
   std::string list_title;
+  std::string list_header;
   const int result = RunProgress([&](SearchProgressDialog& dialog) {
     Await([&] { return HasFinished(dialog); });
     InNextDialog([&](QWidget& list) {
       EXPECT_TRUE(dialog.isVisible());
       list_title = list.metaObject()->className();
+      list_header = HeaderOf(list);
       list.close();
     });
     ClickButton(dialog, "doneButton");
   });
   EXPECT_EQ(result, 0);
   EXPECT_EQ(list_title, "brovanta::SearchResultsDialog");
+  EXPECT_EQ(list_header, "Search: soap");
   EXPECT_EQ(folder_.Read("websearch.dat"),
             RawIndex(2, {{.number = 2, .category = 1, .date = kToday, .words = "soap"}}));
   EXPECT_EQ(ResultsFile(2),
@@ -123,14 +140,17 @@ TEST_F(SearchProgressDialogSavingTest, ResultsThatCannotBeWrittenAreASaveFailure
 TEST_F(SearchProgressDialogSavingTest, NameIsSearchedForWithItsFirstHundredBytes) {
   AddShop(1, Block(std::string(100, 'x'), "/x", "1"));
   LoadConfiguration();
+  std::shared_ptr<std::string> header;
   const int result = RunProgress(
-      [this](SearchProgressDialog& dialog) {
+      [&](SearchProgressDialog& dialog) {
         Await([&] { return HasFinished(dialog); });
-        CloseNextDialog();
+        header = CloseNextList();
         ClickButton(dialog, "doneButton");
       },
       QString(140, QLatin1Char('x')));
   EXPECT_EQ(result, 0);
+  ASSERT_NE(header, nullptr);
+  EXPECT_EQ(*header, "Search: " + std::string(100, 'x'));
   EXPECT_THAT(Objects(), ElementsAre("/1?q=" + std::string(100, 'x')));
   EXPECT_EQ(folder_.Read("websearch.dat"),
             RawIndex(2, {{.number = 2, .date = kToday, .words = std::string(49, 'x')}}));
@@ -139,14 +159,17 @@ TEST_F(SearchProgressDialogSavingTest, NameIsSearchedForWithItsFirstHundredBytes
 TEST_F(SearchProgressDialogSavingTest, NameBecomesEightBitText) {
   AddShop(1, Block("Caf\xE9 au lait", "/c", "1"));
   LoadConfiguration();
+  std::shared_ptr<std::string> header;
   const int result = RunProgress(
-      [this](SearchProgressDialog& dialog) {
+      [&](SearchProgressDialog& dialog) {
         Await([&] { return HasFinished(dialog); });
-        CloseNextDialog();
+        header = CloseNextList();
         ClickButton(dialog, "doneButton");
       },
       QStringLiteral("cafe\u0301 \u0416"));
   EXPECT_EQ(result, 0);
+  ASSERT_NE(header, nullptr);
+  EXPECT_EQ(*header, "Search: caf\xC3\xA9 ?");
   EXPECT_THAT(Objects(), ElementsAre("/1?q=caf%ff+%3f"));
   EXPECT_EQ(folder_.Read("websearch.dat"),
             RawIndex(2, {{.number = 2, .date = kToday, .words = "caf\xE9 ?"}}));
