@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/search/agents.h"
@@ -89,6 +90,30 @@ TEST(PageScraperTest, HeaderMarkerHasNoWildcards) {
   EXPECT_THAT(Titles("<h*>" + Block("A", "/a", "2"), agent), ElementsAre("A"));
 }
 
+// Keeps where the blocks stand.
+class BlockRecorder : public ScrapeObserver {
+ public:
+  void OnMarker(AgentText, const std::optional<MarkerMatch>&) override {}
+  void OnBlock(std::size_t start, std::size_t length) override {
+    blocks.emplace_back(start, length);
+  }
+  std::vector<std::pair<std::size_t, std::size_t>> blocks;
+};
+
+TEST(PageScraperTest, HeaderMarkerItselfOpensNoBlock) {
+  WebAgent agent = PlainAgent();
+  agent.EndHeader = agent.StartResult = "<i>";
+  const std::string block = Block("A", "/a", "2");
+  const std::string page = "<i>head" + block;
+  BlockRecorder recorder;
+  PageScraper scraper(page, agent, &recorder);
+  const auto item = scraper.FirstItem();
+  ASSERT_TRUE(item);
+  EXPECT_EQ(item->Title, "A");
+  EXPECT_THAT(recorder.blocks, ElementsAre(std::pair(std::size_t{7}, block.size())));
+  EXPECT_FALSE(scraper.NextItem());
+}
+
 TEST(PageScraperTest, AgentWithoutHeaderMarkerStartsAtThePagesBeginning) {
   EXPECT_THAT(Titles(Block("A", "/a", "2"), PlainAgent()), ElementsAre("A"));
   WebAgent agent = PlainAgent();
@@ -148,10 +173,24 @@ TEST(PageScraperTest, BlockOfOneByteOrNoneEndsThePage) {
   EXPECT_EQ(EndOf(Block("A", "/a", "2"), agent), PageEnd::kShortBlock);
 }
 
+TEST(PageScraperTest, BlockOfTwoBytesIsOne) {
+  WebAgent agent = PlainAgent();
+  agent.StartResult = agent.EndResult = "ab";
+  agent.StartItem = agent.StartURL = "";
+  agent.EndItem = agent.EndURL = "b";
+  EXPECT_THAT(Titles("ab", agent), ElementsAre("a"));
+}
+
 TEST(PageScraperTest, MissingBlockMarkerEndsThePage) {
   EXPECT_EQ(EndOf(Block("A", "/a", "2"), PlainAgent()), PageEnd::kNoStart);
   EXPECT_EQ(EndOf(Block("A", "/a", "2") + "<i><t>B</t>", PlainAgent()), PageEnd::kNoEnd);
   EXPECT_EQ(EndOf("", PlainAgent()), PageEnd::kNoStart);
+}
+
+TEST(PageScraperTest, AgentWithoutBlockMarkerFindsNothing) {
+  WebAgent agent = PlainAgent();
+  agent.StartResult.reset();
+  EXPECT_EQ(EndOf(Block("A", "/1", "2"), agent), PageEnd::kMarkersMissing);
 }
 
 TEST(PageScraperTest, BlockWithEmptyTitleEndsThePage) {
@@ -202,6 +241,10 @@ TEST(PageScraperTest, PromotionOfNothingGivesWayToThePrice) {
   EXPECT_EQ(PriceIn("<p>19.95</p><o>0.00</o>"), 19.95);
   EXPECT_EQ(PriceIn("<p>19.95</p><o>now!</o>"), 19.95);
   EXPECT_EQ(PriceIn("<p>19.95</p><o></o>"), 19.95);
+}
+
+TEST(PageScraperTest, PromotionOfLessThanACentWinsAsWell) {
+  EXPECT_EQ(PriceIn("<p>19.95</p><o>0.004</o>"), 0.004);
 }
 
 TEST(PageScraperTest, ItemWithoutReadablePriceCostsNothing) {
@@ -336,63 +379,6 @@ TEST(PageScraperTest, FlagThatIsSetBehindTheLastSearchChangesNothing) {
   EXPECT_EQ(stopper.flag, 1);
   EXPECT_EQ(items, 3U);
   EXPECT_EQ(scraper.end(), PageEnd::kNoStart);
-}
-
-TEST(ScrapePageTest, SetFlagLeavesNothing) {
-  std::atomic<std::int32_t> flag{0};
-  EXPECT_EQ(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag).size(), 1U);
-  flag = 1;
-  EXPECT_THAT(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag), IsEmpty());
-}
-
-TEST(ScrapePageTest, IsCutShortOnlyWhereSomethingIsLeftOut) {
-  std::atomic<std::int32_t> flag{0};
-  bool cut_short = true;
-  EXPECT_EQ(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag, &cut_short).size(), 1U);
-  EXPECT_FALSE(cut_short);
-  flag = 1;
-  (void)ScrapePage(Block("A", "/1", "2"), PlainAgent(), "a", &flag, &cut_short);
-  EXPECT_TRUE(cut_short);
-  WebAgent agent = PlainAgent();
-  agent.EndHeader = "nowhere";
-  (void)ScrapePage(Block("A", "/1", "2"), agent, "a", &flag, &cut_short);
-  EXPECT_FALSE(cut_short);
-}
-
-TEST(ScrapePageTest, KeepsWhatHasASearchWordAndAPrice) {
-  const std::string page = Block("Red Shoe", "/1", "2") + Block("Hat", "/2", "2") +
-                           Block("Blue shoe", "/3", "0") + Block("Shoe", "/4", "ask") +
-                           Block("SHOELACE", "/5", "0.01");
-  std::vector<std::string> titles;
-  for (const auto& item : ScrapePage(page, PlainAgent(), "shoe")) titles.push_back(*item.Title);
-  EXPECT_THAT(titles, ElementsAre("Red Shoe", "SHOELACE"));
-}
-
-TEST(ScrapePageTest, AnyOfTheWordsIsEnoughInAnyLetterCase) {
-  const std::string page = Block("Red Shoe", "/1", "2");
-  EXPECT_EQ(ScrapePage(page, PlainAgent(), "shoe").size(), 1U);
-  EXPECT_EQ(ScrapePage(page, PlainAgent(), "blue SHOE").size(), 1U);
-  EXPECT_EQ(ScrapePage(page, PlainAgent(), "shoes").size(), 0U);
-}
-
-TEST(ScrapePageTest, WordsOfBlanksKeepNothing) {
-  EXPECT_THAT(ScrapePage(Block("A", "/1", "2"), PlainAgent(), "  "), IsEmpty());
-}
-
-TEST(ScrapePageTest, AgentWithoutNameOrBlockMarkersFindsNothing) {
-  for (const auto text : {&WebAgent::SiteName, &WebAgent::StartResult, &WebAgent::EndResult}) {
-    WebAgent agent = PlainAgent();
-    (agent.*text).reset();
-    EXPECT_THAT(ScrapePage(Block("A", "/1", "2"), agent, "a"), IsEmpty());
-  }
-  WebAgent agent = PlainAgent();
-  agent.StartResult.reset();
-  EXPECT_EQ(EndOf(Block("A", "/1", "2"), agent), PageEnd::kMarkersMissing);
-}
-
-TEST(ScrapePageTest, DroppedItemsDoNotEndThePage) {
-  EXPECT_EQ(ScrapePage(Block("X", "/1", "0") + Block("A", "/2", "2"), PlainAgent(), "a").size(),
-            1U);
 }
 
 }  // namespace

@@ -102,6 +102,7 @@ TEST(CompleteUrlTest, WholeAddressesStayAsTheyAre) {
 
 TEST(CompleteUrlTest, WwwGetsTheSchemeInFront) {
   EXPECT_EQ(CompleteUrl("www.a.example/1", "http://shop.example"), "http://www.a.example/1");
+  EXPECT_EQ(CompleteUrl("wwwshop.example", "http://shop.example"), "http://wwwshop.example");
 }
 
 TEST(CompleteUrlTest, EverythingElseGetsTheSiteInFrontExactlyAsBothStand) {
@@ -110,6 +111,8 @@ TEST(CompleteUrlTest, EverythingElseGetsTheSiteInFrontExactlyAsBothStand) {
   EXPECT_EQ(CompleteUrl("p", "http://shop.example"), "http://shop.examplep");
   EXPECT_EQ(CompleteUrl("", "http://shop.example"), "http://shop.example");
   EXPECT_EQ(CompleteUrl("HTTP://a", "x"), "xHTTP://a");
+  EXPECT_EQ(CompleteUrl("http:x", "http://shop.example/"), "http://shop.example/http:x");
+  EXPECT_EQ(CompleteUrl("ftp:/x", "http://shop.example/"), "http://shop.example/ftp:/x");
 }
 
 // Kept: only the schemes above are known.

@@ -62,6 +62,8 @@ TEST(WebAgentTest, ListOfTwoDigitsServesItsLastDigitOnly) {
 TEST(WebAgentTest, OtherSeparatorsAreNone) {
   EXPECT_FALSE(Serves("1;2", 1));
   EXPECT_FALSE(Serves("1\t2", 1));
+  EXPECT_FALSE(Serves("1\n2", 1));
+  EXPECT_FALSE(Serves("1\r\n2", 1));
   EXPECT_TRUE(Serves("1;2", 2));
 }
 
