@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "db/journal.h"
@@ -56,6 +57,33 @@ TEST_F(SaveSearchUnitTest, ResultsHeldBySomeoneElseLeaveTheEntry) {
   EXPECT_EQ(saved_.SaveSearch(1, "a", &none), ERR_OPEN);
   EXPECT_EQ(Index(), RawIndex(2, {{2, 1, kToday, "a"}}));
   EXPECT_EQ(folder_.ReadText("WebSearch/2.dat"), "of someone else");
+}
+
+// A disk on which nothing can be written any more.
+class FullDisk : public test::FaultyCalls {
+ public:
+  ssize_t WriteAt(int, const void*, std::size_t, off_t) override {
+    errno = ENOSPC;
+    return -1;
+  }
+};
+
+// The results find no folder, and then there is no room for the entry alone either.
+TEST_F(SaveSearchUnitTest, WhereNeitherResultsNorEntryCanBeWrittenTheEntrysFailureCounts) {
+  const Bytes index = RawIndex(1, {});
+  WriteIndex(index);
+  folder_.WriteText("WebSearch", "a file where the folder should be");
+  ASSERT_EQ(saved_.LoadSavedSearches({}), 0);
+  const SearchResultList none;
+  {
+    FullDisk calls;
+    const platform::SystemCallsInUse in_use(calls);
+    EXPECT_EQ(saved_.SaveSearch(1, "a", &none), ERR_IO);
+  }
+  EXPECT_EQ(Index(), index);
+  EXPECT_THAT(Numbers(), IsEmpty());
+  ASSERT_EQ(saved_.LoadSavedSearches({}), 0);
+  EXPECT_THAT(Numbers(), IsEmpty());
 }
 
 TEST_F(SaveSearchUnitTest, WhileSomeoneHoldsTheJournalThereIsNeitherEntryNorResults) {
