@@ -70,11 +70,11 @@ class RecordingWindow : public ProgressWindow {
     return at_once_;
   }
 
-  /// Waits until the message has come so often; false when it has not within half a minute.
-  [[nodiscard]] bool WaitFor(std::uint32_t message, std::size_t times = 1) {
+  /// Waits until the message has come so often; false when it has not within the limit.
+  [[nodiscard]] bool WaitFor(std::uint32_t message, std::size_t times = 1,
+                             std::chrono::milliseconds limit = std::chrono::seconds(30)) {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, std::chrono::seconds(30),
-                             [&] { return CountLocked(message) >= times; });
+    return changed_.wait_for(lock, limit, [&] { return CountLocked(message) >= times; });
   }
   [[nodiscard]] bool WaitUntilFinished(std::size_t times = 1) {
     return WaitFor(WM_SEARCH_FINISHED, times);
