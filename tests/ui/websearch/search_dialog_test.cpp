@@ -67,8 +67,7 @@ class SearchDialogTest : public SearchScreenTest {
     const DialogWatch watch([&](QWidget&) { work(dialog); }, &dialog);  // once it is open
     return dialog.exec();
   }
-  /// What it offers with these categories in the file.
-  std::vector<std::string> OfferedOf(const std::vector<WebAgentType>& categories) {
+  std::vector<std::string> OfferedFor(const std::vector<WebAgentType>& categories) {
     categories_ = categories;
     WriteConfiguration(folder_);
     std::vector<std::string> offered;
@@ -199,6 +198,7 @@ TEST_F(SearchDialogTest, NameWithoutACategoryReportsTheCategory) {
   MessageAnswers answers({QMessageBox::Ok});
   Run([&](SearchDialog& dialog) {
     TypeText(&Name(dialog), QStringLiteral("soap"));
+    Name(dialog).setFocus();
     QTest::keyClick(&Name(dialog), Qt::Key_Return);
     EXPECT_EQ(answers.texts(), QStringList{kNoCategory});
     EXPECT_EQ(dialog.focusWidget(), &Categories(dialog));
@@ -283,17 +283,17 @@ TEST_F(SearchDialogTest, EnterInTheNameSearches) {
 }
 
 TEST_F(SearchDialogTest, ConfigurationIsLoadedAtEachOpening) {
-  EXPECT_THAT(OfferedOf({{1, "Groceries"}, {2, "Books"}}), ElementsAre("Groceries", "Books"));
-  EXPECT_THAT(OfferedOf({{4, "Gardens"}}), ElementsAre("Gardens"));
+  EXPECT_THAT(OfferedFor({{1, "Groceries"}, {2, "Books"}}), ElementsAre("Groceries", "Books"));
+  EXPECT_THAT(OfferedFor({{4, "Gardens"}}), ElementsAre("Gardens"));
 }
 
 TEST_F(SearchDialogTest, CategoriesAreUtf8WhereTheyCanBe) {
-  EXPECT_THAT(OfferedOf({{1, "Caf\xC3\xA9"}, {2, "Caf\xE9"}, {3, " "}}),
+  EXPECT_THAT(OfferedFor({{1, "Caf\xC3\xA9"}, {2, "Caf\xE9"}, {3, " "}}),
               ElementsAre("Caf\xC3\xA9", "Caf\xC3\xA9", " "));
 }
 
 TEST_F(SearchDialogTest, CategoryNamesAreOfOneLine) {
-  EXPECT_THAT(OfferedOf({{1, "Food &\r\ndrink"}, {2, "Books\n"}}),
+  EXPECT_THAT(OfferedFor({{1, "Food &\r\ndrink"}, {2, "Books\n"}}),
               ElementsAre("Food &  drink", "Books "));
 }
 
